@@ -1,0 +1,27 @@
+# How every target is compiled, and how a folder becomes a library: all sources of
+# a folder belong to it, and headers are included from the repository's root.
+
+add_library(kestrin_compile INTERFACE)
+target_include_directories(kestrin_compile INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  kestrin_compile
+  INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
+            -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Wformat=2
+            # Results are compared to the byte between compilers and machines.
+            -ffp-contract=off)
+if(KESTRIN_WERROR)
+  target_compile_options(kestrin_compile INTERFACE -Werror)
+endif()
+if(KESTRIN_SANITIZE)
+  target_compile_options(kestrin_compile INTERFACE -fsanitize=${KESTRIN_SANITIZE}
+                                                   -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(kestrin_compile INTERFACE -fsanitize=${KESTRIN_SANITIZE})
+endif()
+
+# kestrin_library(name dependency...): the static library of the current folder.
+function(kestrin_library name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC kestrin_compile ${ARGN})
+endfunction()

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "export/exportRun.h"
+
+namespace kestrin {
+
+/// One of the four kinds of shapefile sets. Everywhere, also on screen, they come
+/// in this order.
+struct ExportKind {
+  std::string_view name;    ///< as a command line names it
+  std::string_view suffix;  ///< what it adds to a base path
+  ExportOutcome (*procedure)(const std::string& basePath, const std::string& jobPath,
+                             ExportRun& run);
+};
+
+inline constexpr int kKindCount = 4;
+
+/// Wire, boom, polygon, point.
+extern const std::array<ExportKind, kKindCount> kExportKinds;
+
+}  // namespace kestrin

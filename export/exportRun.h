@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+#include "export/fileSystem.h"
+#include "export/shapefileSet.h"
+#include "jobstore/runHost.h"
+
+namespace kestrin {
+
+/// What every export works with besides its two paths.
+struct ExportRun {
+  RunHost& host;
+  FileSystem& files;
+  SetOptions options;
+};
+
+/// How an export ended. Failures of the job were shown through the host; file
+/// errors are thrown (FileError).
+struct ExportOutcome {
+  /// Whether the set now exists.
+  bool made = false;
+  /// GPS rows read.
+  std::int64_t epochs = 0;
+  /// What ended the GPS rows: sqliteDefs::kDone in good order, else the library's
+  /// error code, and the set then holds the rows before it.
+  std::int32_t lastStep = 101;
+};
+
+/// An index outside an array: the run-time error that ends an export without a
+/// message of its own.
+class SubscriptError : public std::runtime_error {
+ public:
+  SubscriptError() : std::runtime_error("Subscript out of range") {}
+};
+
+/// The texts the exports show, followed by the numeric result.
+inline constexpr const char* kErrorOpening = "Error opening: ";
+inline constexpr const char* kErrorCreatingStatement = "Error creating statement: ";
+
+}  // namespace kestrin

@@ -1,0 +1,10 @@
+#include "export/fileSystem.h"
+
+#include <utility>
+
+namespace kestrin {
+
+FileError::FileError(std::string path, std::string reason)
+    : std::runtime_error(path + ": " + reason), path_(std::move(path)), reason_(std::move(reason)) {}
+
+}  // namespace kestrin

@@ -1,0 +1,107 @@
+#include "export/wireExport.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+
+#include "export/numberText.h"
+#include "geo/localOffsets.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
+
+namespace kestrin {
+namespace {
+
+const std::array<Field, 2> kFields{{{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}}};
+
+/// The open record: its length so far and where its last point lies.
+struct Stretch {
+  double metres = 0;
+  UtmPoint last;
+};
+
+class WireWriter {
+ public:
+  WireWriter(const std::string& basePath, ExportRun& run)
+      : set_(run.files, basePath, ShapeType::kPolyline, kFields, run.options), record_(kFields) {}
+
+  void Add(const EpochRow& epoch, UtmPoint point, GeoPoint position) {
+    if (!open_ || epoch.BeginsStretch()) {
+      Close();
+      set_.BeginRecord();
+      open_ = Stretch{};
+    } else {
+      const double east = point.easting - open_->last.easting;
+      const double north = point.northing - open_->last.northing;
+      open_->metres += std::sqrt(east * east + north * north);
+    }
+    open_->last = point;
+    set_.AddVertex(position.longitude, position.latitude);
+  }
+
+  void Finish() {
+    Close();
+    set_.Commit();
+  }
+
+ private:
+  void Close() {
+    if (!open_) return;
+    set_.EndRecord();
+    record_.Clear();
+    record_.Add(IntegerText(set_.RecordCount() - 1).View(), Keep::kRight);
+    record_.Add(RoundedText(open_->metres, 2).View(), Keep::kLeft);
+    set_.AddAttributes(record_.Bytes());
+  }
+
+  ShapefileSet set_;
+  AttributeRecord record_;
+  std::optional<Stretch> open_;
+};
+
+}  // namespace
+
+ExportOutcome ExportWireShape(const std::string& basePath, const std::string& jobPath,
+                              ExportRun& run) {
+  ExportOutcome outcome;
+  RemoveSet(run.files, basePath);
+  if (basePath.empty() || jobPath.empty()) return outcome;
+
+  Job job(jobPath);
+  if (!job.IsOpen()) {
+    run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
+    return outcome;
+  }
+  LocalOffsets<References> offsets(job);
+  if (!offsets.Prepared()) {
+    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(offsets.Handle()));
+    return outcome;
+  }
+  if (!offsets.HasReference()) return outcome;
+
+  Query<WireEpochs> epochs(job);
+  if (!epochs.Prepared()) {
+    // The message has always named the reference statement here, and support
+    // notes quote it so.
+    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(offsets.Handle()));
+    return outcome;
+  }
+
+  std::optional<WireWriter> writer;
+  for (EpochRow epoch; epochs.Next(epoch);) {
+    run.host.CountRow();
+    run.host.Yield();
+    ++outcome.epochs;
+    offsets.AdvanceTo(epoch.time);
+    const UtmPoint point = offsets.At(epoch);
+    if (!writer) writer.emplace(basePath, run);
+    writer->Add(epoch, point, offsets.Plane().ToGeo(point));
+  }
+  outcome.lastStep = epochs.LastStep();
+  if (!writer) return outcome;
+  writer->Finish();
+  outcome.made = true;
+  return outcome;
+}
+
+}  // namespace kestrin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+#include "jobstore/gpsKey.h"
+
+namespace kestrin {
+
+/// A local date and time without zone, to the second.
+using LocalDateTime = std::chrono::local_seconds;
+
+/// Abbreviated month names in the user's language, January first.
+using MonthNames = std::array<std::string, 12>;
+
+/// The local time of a GPS key: weeks and whole seconds from 22 August 1999,
+/// milliseconds below a second dropped, no leap seconds. `zoneOffset` is in minutes
+/// east but is added as seconds: dates in file names have always been made so.
+/// Throws std::overflow_error when the week's days exceed 32 bits.
+LocalDateTime LocalTimeOf(GpsKey key, std::int32_t zoneOffset);
+
+/// Year, abbreviated month name and day of the month run together, without
+/// padding: "2006Jun15".
+std::string DateText(LocalDateTime time, const MonthNames& months);
+
+}  // namespace kestrin

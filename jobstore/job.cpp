@@ -1,0 +1,12 @@
+#include "jobstore/job.h"
+
+namespace kestrin {
+
+void Columns::Text(int column, std::string& text) const {
+  const std::int32_t size = library_.linx_getColSize(statement_, column);
+  if (size <= 0) return;
+  text.assign(static_cast<std::size_t>(size), ' ');
+  library_.linx_getText(statement_, column, text);
+}
+
+}  // namespace kestrin

@@ -1,0 +1,3 @@
+#include "export/wireExport.h"
+
+#include <gtest/gtest.h>

@@ -1,0 +1,136 @@
+#include "tests/support/jobBuilder.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <stdexcept>
+
+#include "tools/sample/jobSchema.h"
+
+namespace kestrin::test {
+namespace {
+
+constexpr double kRadiansPerDegree = 0.0174532925199433;
+
+std::string Number(double value) {
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, value).ptr;
+  return {text, end};
+}
+
+std::string Quoted(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    quoted += c;
+    if (c == '\'') quoted += c;
+  }
+  return quoted + "'";
+}
+
+std::string Values(GpsKey time) {
+  return std::to_string(time.gpsWeek) + "," + std::to_string(time.gpsMsec);
+}
+
+}  // namespace
+
+JobBuilder::JobBuilder(const std::string& path) : path_(path) {
+  if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK) {
+    throw std::runtime_error("cannot create " + path);
+  }
+  Execute("PRAGMA synchronous=OFF");
+  Execute(JobSchema());
+  Execute("BEGIN");
+}
+
+JobBuilder::~JobBuilder() { sqlite3_close(database_); }
+
+JobBuilder& JobBuilder::Reference(GpsKey time, double latitude, double longitude,
+                                  double altitude) {
+  Insert("ReferenceLocationChangeTable", Values(time) + "," +
+                                             Number(latitude * kRadiansPerDegree) + "," +
+                                             Number(longitude * kRadiansPerDegree) + "," +
+                                             Number(altitude));
+  return *this;
+}
+
+JobBuilder& JobBuilder::Implement(GpsKey time, const std::string& name,
+                                  const std::vector<Section>& sections, double number) {
+  std::string values = Values(time) + "," + Quoted(name) + "," + Number(number);
+  for (std::size_t slot = 0; slot < kSectionSlots; ++slot) {
+    const Section section = slot < sections.size() ? sections[slot] : Section{-1, 0, 0, 0};
+    for (const double value :
+         {section.width, section.xOffset, section.yOffset, section.zOffset}) {
+      values += "," + Number(value);
+    }
+  }
+  Insert("ImplChangeTable", values);
+  return *this;
+}
+
+JobBuilder& JobBuilder::Epoch(const EpochRow& epoch) {
+  std::string values = Values(epoch.time);
+  for (const double value : {epoch.east, epoch.north, epoch.down, epoch.yaw, epoch.pitch,
+                             epoch.roll, epoch.speed}) {
+    values += "," + Number(value);
+  }
+  values += "," + std::to_string(epoch.type) + "," + std::to_string(epoch.boomStatus);
+  Insert("GpsDataTable", values);
+  return *this;
+}
+
+JobBuilder& JobBuilder::Epoch(GpsKey time, double east, double north, double yaw, bool begins) {
+  EpochRow epoch;
+  epoch.time = time;
+  epoch.east = east;
+  epoch.north = north;
+  epoch.yaw = yaw;
+  epoch.type = kTakesPart | (begins ? EpochRow::kNewStretch : 0);
+  return Epoch(epoch);
+}
+
+JobBuilder& JobBuilder::DesiredRates(GpsKey time, double rate0, double rate1, double rate2) {
+  Insert("AsAppliedDesRateChangeTable",
+         Values(time) + "," + Number(rate0) + "," + Number(rate1) + "," + Number(rate2));
+  return *this;
+}
+
+JobBuilder& JobBuilder::ActualRates(GpsKey time, double rate0, double rate1, double rate2) {
+  Insert("AsAppliedActRateChangeTable",
+         Values(time) + "," + Number(rate0) + "," + Number(rate1) + "," + Number(rate2));
+  return *this;
+}
+
+JobBuilder& JobBuilder::Products(GpsKey time, const std::string& name0, const std::string& name1,
+                                 const std::string& name2) {
+  Insert("AsAppliedProductChangeTable",
+         Values(time) + "," + Quoted(name0) + "," + Quoted(name1) + "," + Quoted(name2));
+  return *this;
+}
+
+JobBuilder& JobBuilder::Version(GpsKey time, const std::string& text) {
+  Insert("VersionChangeTable", Values(time) + "," + Quoted(text));
+  return *this;
+}
+
+JobBuilder& JobBuilder::Execute(const std::string& sql) {
+  char* message = nullptr;
+  if (sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
+    const std::string reason = message != nullptr ? message : "no reason given";
+    sqlite3_free(message);
+    throw std::runtime_error(sql + ": " + reason);
+  }
+  return *this;
+}
+
+std::string JobBuilder::Finish() {
+  Execute("COMMIT");
+  sqlite3_close(database_);
+  database_ = nullptr;
+  return path_;
+}
+
+void JobBuilder::Insert(const std::string& table, const std::string& values) {
+  Execute("INSERT INTO " + table + " VALUES (" + values + ")");
+}
+
+}  // namespace kestrin::test

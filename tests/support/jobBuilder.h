@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jobstore/gpsKey.h"
+#include "jobstore/queries.h"
+
+struct sqlite3;
+
+namespace kestrin::test {
+
+/// Makes a job file for a test: all tables of the schema, rows added by hand.
+class JobBuilder {
+ public:
+  /// The file must not exist yet.
+  explicit JobBuilder(const std::string& path);
+  ~JobBuilder();
+  JobBuilder(const JobBuilder&) = delete;
+  JobBuilder& operator=(const JobBuilder&) = delete;
+
+  /// Degrees; stored in radians.
+  JobBuilder& Reference(GpsKey time, double latitude, double longitude, double altitude = 0);
+  JobBuilder& Implement(GpsKey time, const std::string& name, const std::vector<Section>& sections,
+                        double number = 0);
+  JobBuilder& Epoch(const EpochRow& epoch);
+  /// An epoch that takes part (bit 8192), beginning a stretch or not.
+  JobBuilder& Epoch(GpsKey time, double east, double north, double yaw = 0, bool begins = false);
+  JobBuilder& DesiredRates(GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
+  JobBuilder& ActualRates(GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
+  JobBuilder& Products(GpsKey time, const std::string& name0, const std::string& name1 = "",
+                       const std::string& name2 = "");
+  JobBuilder& Version(GpsKey time, const std::string& text);
+  /// Any statement, for jobs that break the schema.
+  JobBuilder& Execute(const std::string& sql);
+
+  /// Completes the file and returns its path. Nothing can be added afterwards.
+  std::string Finish();
+
+ private:
+  void Insert(const std::string& table, const std::string& values);
+
+  std::string path_;
+  sqlite3* database_ = nullptr;
+};
+
+/// The bit of `type` without which a row is in no export.
+inline constexpr int kTakesPart = 8192;
+
+}  // namespace kestrin::test

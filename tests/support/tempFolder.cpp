@@ -1,0 +1,29 @@
+#include "tests/support/tempFolder.h"
+
+#include <atomic>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+
+namespace kestrin::test {
+
+TempFolder::TempFolder() {
+  static std::atomic<unsigned> counter{std::random_device{}()};
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("kestrin-test-" + std::to_string(++counter));
+  } while (!std::filesystem::create_directory(path_));
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::string FileBytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw std::runtime_error("cannot read " + path);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace kestrin::test
