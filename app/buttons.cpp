@@ -52,8 +52,10 @@ void GraphicalButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   QColor face = ShownBackground();
   const QColor text = ShownText();
-  if (isDown()) face = face.darker(115);
-  else if (underMouse() && isEnabled() && InputReaches(*this)) face = face.lighter(104);
+  if (isDown())
+    face = face.darker(115);
+  else if (underMouse() && isEnabled() && InputReaches(*this))
+    face = face.lighter(104);
   const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
   const bool dark = face.lightness() < 128;
   QLinearGradient shade(edge.topLeft(), edge.bottomLeft());

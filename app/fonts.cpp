@@ -24,28 +24,17 @@ QStringList Families(Face face) {
   return {};
 }
 
-QFont Unsized(const FontSpec& spec) {
-  QFont font;
-  font.setFamilies(Families(spec.face));
-  font.setStyleHint(spec.face == Face::kTimes ? QFont::Serif : QFont::SansSerif);
-  font.setBold(spec.bold);
-  return font;
-}
-
 }  // namespace
 
 QFont WindowFont(const FontSpec& spec) {
   constexpr int kPixelsPerInch = 96;
   constexpr int kPointsPerInch = 72;
-  QFont font = Unsized(spec);
+  QFont font;
+  font.setFamilies(Families(spec.face));
+  font.setStyleHint(spec.face == Face::kTimes ? QFont::Serif : QFont::SansSerif);
+  font.setBold(spec.bold);
   font.setPixelSize(spec.quarterPoints * kPixelsPerInch /
                     (kPointsPerInch * kQuarterPointsPerPoint));
-  return font;
-}
-
-QFont PaperFont(const FontSpec& spec) {
-  QFont font = Unsized(spec);
-  font.setPointSizeF(static_cast<double>(spec.quarterPoints) / kQuarterPointsPerPoint);
   return font;
 }
 

@@ -22,9 +22,6 @@ inline constexpr int kLarge = 39;
 /// Where a face is missing, one of the same widths takes its place.
 QFont WindowFont(const FontSpec& spec);
 
-/// The same font sized in points, for paper.
-QFont PaperFont(const FontSpec& spec);
-
 /// The font narrowed until the text is at most `width` wide; unchanged when it
 /// fits already.
 QFont Fitted(const QFont& font, const QString& text, int width);

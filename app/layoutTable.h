@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QColor>
+#include <optional>
 #include <span>
 
 #include "app/fonts.h"
@@ -8,23 +10,21 @@
 namespace kestrin {
 
 enum class ControlKind {
-  kBox,      ///< plain container
-  kFrame,    ///< container with border, caption and input gate
-  kButton,   ///< push button with a background colour
-  kOption,   ///< option button
-  kLabel,    ///< one-line text
-  kCentred,  ///< the same, centred
-  kTrack,    ///< empty bordered label: the frame of a bar or picture
-  kBordered, ///< bordered text
-  kBar,      ///< fill of a progress bar
-  kLine,     ///< grey line
-  kPicture,  ///< preview area
-  kImage,    ///< logo
+  kBox,       ///< plain container
+  kFrame,     ///< container with border, caption and input gate
+  kButton,    ///< push button with a background colour
+  kOption,    ///< option button
+  kLabel,     ///< one-line text
+  kCentred,   ///< the same, centred
+  kTrack,     ///< empty bordered label: the frame of a bar or picture
+  kBordered,  ///< bordered text
+  kBar,       ///< fill of a progress bar
+  kLine,      ///< grey line
+  kPicture,   ///< preview area
+  kImage,     ///< logo
   kVScroll,
   kHScroll,
 };
-
-enum class TextColour { kPlain, kDarkRed, kGrey, kDarkGrey };
 
 /// One control of the window at design.
 struct ControlSpec {
@@ -36,13 +36,9 @@ struct ControlSpec {
   /// What it is or does in words, for assistive tools; not on what only decorates.
   const char* words = "";
   FontSpec font = {};
-  TextColour colour = TextColour::kPlain;
+  std::optional<QColor> colour = std::nullopt;  ///< nothing: the desktop's
   bool visible = true;
 };
-
-/// Size of the window's content at design.
-inline constexpr int kDesignWidth = 792;
-inline constexpr int kDesignHeight = 540;
 
 /// Every control of the window, containers before what they hold, what lies
 /// underneath before what lies above it, focus in this order.

@@ -10,9 +10,7 @@ FilledShape::FilledShape(const QColor& colour, QWidget* parent) : QWidget(parent
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void FilledShape::paintEvent(QPaintEvent*) {
-  QPainter(this).fillRect(rect(), colour_);
-}
+void FilledShape::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), colour_); }
 
 void LogoView::paintEvent(QPaintEvent*) {
   QPainter painter(this);

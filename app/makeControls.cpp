@@ -1,8 +1,15 @@
-#include "app/controls.h"
+#include "app/makeControls.h"
 
+#include <QScrollBar>
+#include <QTimer>
+
+#include "app/buttons.h"
+#include "app/caption.h"
 #include "app/colours.h"
+#include "app/frame.h"
 #include "app/layoutTable.h"
 #include "app/pictureBox.h"
+#include "app/shapes.h"
 
 namespace kestrin {
 
@@ -16,25 +23,11 @@ QScrollBar* MakeScrollBar(Qt::Orientation orientation, QWidget* parent) {
   return bar;
 }
 
-std::optional<QColor> ColourOf(TextColour colour) {
-  switch (colour) {
-    case TextColour::kPlain:
-      return std::nullopt;
-    case TextColour::kDarkRed:
-      return kDarkRed;
-    case TextColour::kGrey:
-      return kGrey;
-    case TextColour::kDarkGrey:
-      return kDarkGrey;
-  }
-  return std::nullopt;
-}
-
 Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
   auto* caption = new Caption(parent);
   caption->SetPurpose(spec.words);
   caption->SetText(spec.caption);
-  caption->SetColour(ColourOf(spec.colour));
+  caption->SetColour(spec.colour);
   caption->SetBorder(spec.kind == ControlKind::kTrack || spec.kind == ControlKind::kBordered);
   if (spec.kind == ControlKind::kCentred) caption->setAlignment(Qt::AlignHCenter);
   return caption;
@@ -82,48 +75,23 @@ void MakeControl(const ControlSpec& spec, QWidget& window) {
   widget->setVisible(spec.visible);
 }
 
-template <class Widget>
-void Find(const QWidget& window, const char* name, Widget*& widget) {
-  widget = window.findChild<Widget*>(name);
-  Q_ASSERT(widget != nullptr);
-}
-
-template <class Widget>
-void Find(const QWidget& window, const char* name, std::array<Widget*, kKindCount>& widgets) {
-  for (int i = 0; i < kKindCount; ++i) {
-    const QByteArray member = QByteArray(name) + '_' + QByteArray::number(i);
-    Find(window, member.constData(), widgets[static_cast<std::size_t>(i)]);
-  }
-}
-
 }  // namespace
 
-Controls MakeControls(QWidget& window) {
+void MakeControls(QWidget& window) {
   for (const ControlSpec& spec : LayoutTable()) MakeControl(spec, window);
-  Controls controls{};
-  Find(window, "VScroll1", controls.VScroll1);
-  Find(window, "HScroll1", controls.HScroll1);
-  Find(window, "Frame3", controls.Frame3);
-  Find(window, "Picture2", controls.Picture2);
-  Find(window, "Frame1", controls.Frame1);
-  Find(window, "Command3", controls.Command3);
-  Find(window, "Label5", controls.Label5);
-  Find(window, "Frame4", controls.Frame4);
-  Find(window, "Option1", controls.Option1);
-  Find(window, "Command4", controls.Command4);
-  Find(window, "Label7", controls.Label7);
-  Find(window, "Shape1", controls.Shape1);
-  Find(window, "Label8", controls.Label8);
-  Find(window, "Frame2", controls.Frame2);
-  Find(window, "Command1", controls.Command1);
-  Find(window, "Label1", controls.Label1);
-  Find(window, "Command2", controls.Command2);
-  Find(window, "Label9", controls.Label9);
-  Find(window, "Shape2", controls.Shape2);
-  Find(window, "Label10", controls.Label10);
-  Find(window, "Picture1", controls.Picture1);
-  Find(window, "Label4", controls.Label4);
-  return controls;
+}
+
+void MakeTimers(QObject& window) {
+  struct TimerSpec {
+    const char* name;
+    int interval;
+  };
+  for (const TimerSpec& spec :
+       {TimerSpec{"Timer2", 3000}, TimerSpec{"TimerPreview", 10}, TimerSpec{"TimerShape", 100}}) {
+    auto* timer = new QTimer(&window);
+    timer->setObjectName(spec.name);
+    timer->setInterval(spec.interval);
+  }
 }
 
 }  // namespace kestrin
