@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "export/commandScreen.h"
 #include "export/exportKinds.h"
@@ -27,8 +29,9 @@ struct ExportState {
   std::string JobPath() const { return jobFolder + jobName + std::string(kJobExtension); }
 };
 
-/// Path without kind suffix and extension of a kind's set under its default name.
-std::string DefaultBasePath(const ExportState& state, int kind, char separator = kSeparator);
+/// Path of a set under its default name, without extension. `suffix` is its kind's.
+std::string DefaultBasePath(const ExportState& state, std::string_view suffix,
+                            char separator = kSeparator);
 
 /// The commands behind the four kinds' buttons and "CREATE ALL": ask for a name,
 /// run the exports, say per kind whether its set now exists, copy the job beside
@@ -62,13 +65,15 @@ class ExportCommands {
  private:
   struct Target;
 
+  template <class KeepEnabled, class Body>
+  void Run(KeepEnabled keepEnabled, Body body);
   bool JobIsThere();
-  template <class Body>
-  void Run(Body body);
-  Target AskTarget(std::string_view suffix);
   std::string StartFolder();
+  std::optional<Target> AskTarget(const std::string& startFolder, std::string_view suffix);
+  void ExportOne(int kind, const std::string& startFolder);
+  void ExportAll(const std::string& startFolder);
   void Export(int kind, const std::string& basePath);
-  void RunProcedure(int kind, const std::string& basePath);
+  bool RunProcedure(int kind, const std::string& basePath);
   void CopyJob(const std::string& folder);
 
   ExportState& state_;

@@ -33,7 +33,7 @@ class Picture {
   /// Takes away the picture that was set or kept, if any.
   virtual void RemovePicture() = 0;
 
-  /// Paints the whole area in its ground colour.
+  /// Paints the whole area in its ground colour, on the screen at once.
   virtual void Clear() = 0;
 
   /// Joins the points in order, without a line back to the first.

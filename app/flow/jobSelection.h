@@ -20,12 +20,14 @@ namespace kestrin {
 class JobSelection {
  public:
   JobSelection(WindowState& state, const Ports& ports, ControlRules& rules, RunHost& host,
-               const ProgramVersion& version, char separator = kSeparator)
+               const ProgramVersion& version, const ExportCommands::Kinds& kinds,
+               char separator = kSeparator)
       : state_(state),
         ports_(ports),
         rules_(rules),
         host_(host),
         version_(version),
+        kinds_(kinds),
         separator_(separator) {}
 
   void Command3_Click();
@@ -49,6 +51,7 @@ class JobSelection {
   ControlRules& rules_;
   RunHost& host_;
   ProgramVersion version_;
+  const ExportCommands::Kinds& kinds_;
   char separator_;
 };
 

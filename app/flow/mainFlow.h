@@ -20,6 +20,9 @@ class MainFlow {
   /// `kinds` must outlive it.
   MainFlow(const Ports& ports, const ProgramVersion& version, const ExportCommands::Kinds& kinds);
 
+  MainFlow(const MainFlow&) = delete;
+  MainFlow& operator=(const MainFlow&) = delete;
+
   WindowState& State() { return state_; }
   const WindowState& State() const { return state_; }
 

@@ -13,7 +13,8 @@
 
 namespace kestrin {
 
-/// Message boxes and file dialogs. An empty title stands for the program's own.
+/// Message boxes and file dialogs. Paths go in and out with the platform's own
+/// separator. A box without a title bears the program's own.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

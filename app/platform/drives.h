@@ -13,7 +13,8 @@ struct Drive {
   bool ready = false;
 };
 
-/// The system's drives and what lies in their roots.
+/// The system's drives and what lies in their roots. What cannot be read is left
+/// out; neither call throws.
 class Drives {
  public:
   virtual ~Drives() = default;
