@@ -35,7 +35,9 @@ QRect Caption::Inside() const {
 QFont Caption::ShownFont() const { return Fitted(font(), text(), Inside().width()); }
 
 QString Caption::ShownText() const {
-  return QFontMetrics(ShownFont()).elidedText(text(), Qt::ElideMiddle, Inside().width());
+  const QFontMetrics metrics(ShownFont());
+  if (metrics.horizontalAdvance(text()) <= Inside().width()) return text();
+  return metrics.elidedText(text(), Qt::ElideMiddle, Inside().width());
 }
 
 void Caption::paintEvent(QPaintEvent*) {

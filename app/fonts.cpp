@@ -39,7 +39,7 @@ QFont WindowFont(const FontSpec& spec) {
 }
 
 QFont Fitted(const QFont& font, const QString& text, int width) {
-  constexpr int kNarrowest = 60;
+  constexpr int kNarrowest = 80;
   QFont fitted = font;
   for (int percent = 100; percent >= kNarrowest; percent -= 2) {
     if (percent < 100) fitted.setStretch(percent);

@@ -3,6 +3,7 @@
 #include <QScrollBar>
 #include <QTimer>
 
+#include "app/accessibleButton.h"
 #include "app/buttons.h"
 #include "app/caption.h"
 #include "app/colours.h"
@@ -78,6 +79,7 @@ void MakeControl(const ControlSpec& spec, QWidget& window) {
 }  // namespace
 
 void MakeControls(QWidget& window) {
+  InstallAccessibleButtons();
   for (const ControlSpec& spec : LayoutTable()) MakeControl(spec, window);
 }
 

@@ -54,9 +54,10 @@ void PictureBox::NewImage() {
   image_.fill(Qt::white);
 }
 
-QPainter& PictureBox::Painter() {
-  if (painter_) return *painter_;
+QPainter* PictureBox::Painter() {
+  if (painter_) return &*painter_;
   if (image_.isNull()) NewImage();
+  if (image_.isNull()) return nullptr;
   painter_.emplace(&image_);
   painter_->setPen(FromBgr(foreColor_));
   painter_->setBrush(FromBgr(fillColor_));
@@ -66,7 +67,7 @@ QPainter& PictureBox::Painter() {
     painter_->setRenderHint(QPainter::Antialiasing);
     painter_->translate(0.5, 0.5);
   }
-  return *painter_;
+  return &*painter_;
 }
 
 void PictureBox::EndPainting() { painter_.reset(); }
@@ -76,14 +77,15 @@ void PictureBox::Polyline(std::span<const PicturePoint> points) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     if (i == 0 || points[i] != points[i - 1]) points_.push_back(ToQt(points[i]));
   }
-  if (points_.empty()) return;
-  if (points_.size() == 1) points_.push_back(points_.front());
-  QPainter& painter = Painter();
-  if (image_.devicePixelRatio() > 1) {
+  QPainter* painter = Painter();
+  if (painter == nullptr || points_.empty()) return;
+  if (points_.size() == 1) {
+    painter->drawPoint(points_.front());
+  } else if (image_.devicePixelRatio() > 1) {
     // One smooth outline of many thousand points costs the square of their number.
-    for (std::size_t i = 1; i < points_.size(); ++i) painter.drawLine(points_[i - 1], points_[i]);
+    for (std::size_t i = 1; i < points_.size(); ++i) painter->drawLine(points_[i - 1], points_[i]);
   } else {
-    painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
+    painter->drawPolyline(points_.data(), static_cast<int>(points_.size()));
   }
 }
 
@@ -91,21 +93,24 @@ void PictureBox::Polygon(std::span<const PicturePoint> points) {
   points_.clear();
   for (const PicturePoint& point : points) points_.push_back(ToQt(point));
   drawn_.Forget();
-  Painter().drawPolygon(points_.data(), static_cast<int>(points_.size()));
+  QPainter* painter = Painter();
+  if (painter != nullptr) painter->drawPolygon(points_.data(), static_cast<int>(points_.size()));
 }
 
 void PictureBox::Line(PicturePoint from, PicturePoint to) {
   constexpr std::int32_t kNoRadius = -1;
   if (drawn_.Contains(from, to, kNoRadius)) return;
-  Painter().drawLine(ToQt(from), ToQt(to));
+  QPainter* painter = Painter();
+  if (painter != nullptr) painter->drawLine(ToQt(from), ToQt(to));
 }
 
 void PictureBox::Circle(PicturePoint centre, std::int32_t radius) {
   if (drawn_.Contains(centre, kNoPoint, radius)) return;
-  QPainter& painter = Painter();
-  painter.setBrush(Qt::NoBrush);
-  painter.drawEllipse(ToQt(centre), radius, radius);
-  painter.setBrush(FromBgr(fillColor_));
+  QPainter* painter = Painter();
+  if (painter == nullptr) return;
+  painter->setBrush(Qt::NoBrush);
+  painter->drawEllipse(ToQt(centre), radius, radius);
+  painter->setBrush(FromBgr(fillColor_));
 }
 
 void PictureBox::Refresh() {

@@ -41,7 +41,8 @@ class PictureBox : public QWidget, public Picture {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPainter& Painter();
+  /// Nothing where there is nothing to draw on.
+  QPainter* Painter();
   void EndPainting();
   void NewImage();
 

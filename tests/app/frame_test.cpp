@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <QTest>
 
+#include "app/accessibleButton.h"
 #include "app/buttons.h"
 
 namespace kestrin {
@@ -16,6 +17,7 @@ namespace {
 class FrameTest : public testing::Test {
  protected:
   FrameTest() {
+    InstallAccessibleButtons();
     outside_.setGeometry(0, 0, 100, 20);
     frame_.setGeometry(0, 30, 200, 120);
     button_.setGeometry(10, 20, 80, 30);
@@ -61,6 +63,9 @@ TEST_F(FrameTest, OpenFrameLetsEveryWayOfPressingThrough) {
   QTest::mouseClick(&option_, Qt::LeftButton);
   EXPECT_TRUE(option_.isChecked());
   EXPECT_EQ(chosen_, 6);
+  Do(other_, QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(other_.isChecked());
+  EXPECT_EQ(chosen_, 7);
 }
 
 TEST_F(FrameTest, ClosedFrameLeavesTheLookOfWhatItHolds) {
@@ -145,6 +150,14 @@ TEST_F(FrameTest, ClosedFrameStopsAccessibilityActions) {
   EXPECT_EQ(chosen_, 0);
   EXPECT_FALSE(option_.isChecked());
   EXPECT_FALSE(button_.hasFocus());
+}
+
+TEST_F(FrameTest, AssistiveToolsSeeWhatCannotBeReached) {
+  const auto state = [this] { return QAccessible::queryAccessibleInterface(&button_)->state(); };
+  EXPECT_FALSE(state().disabled);
+  frame_.SetInputEnabled(false);
+  EXPECT_TRUE(state().disabled);
+  EXPECT_FALSE(state().focusable);
 }
 
 TEST_F(FrameTest, APressThatBeganBehindAClosedFrameNeverCounts) {

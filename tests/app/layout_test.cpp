@@ -129,7 +129,7 @@ TEST(Layout, NoCaptionIsCutOff) {
     auto& label = window.Find<Caption>(name);
     label.SetText(text);
     const QFontMetrics metrics(label.ShownFont());
-    EXPECT_EQ(label.ShownText(), text) << name;
+    EXPECT_EQ(label.ShownText().toStdString(), text) << name;
     EXPECT_LE(metrics.horizontalAdvance(text), label.width()) << name;
     EXPECT_LE(metrics.height(), label.height()) << name;
     EXPECT_GE(label.ShownFont().stretch() == 0 ? 100 : label.ShownFont().stretch(), 85) << name;
