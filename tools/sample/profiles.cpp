@@ -152,14 +152,6 @@ Scenario Dropouts() {
   return scenario;
 }
 
-Scenario ReturningRates() {
-  Scenario scenario = Planter(
-      "returning-rates", "the very first actual rates come back in their own period: no boom set");
-  scenario.ratesReturnAtOnce = true;
-  scenario.rows = 3000;
-  return scenario;
-}
-
 }  // namespace
 
 const std::vector<Scenario>& Scenarios() {
@@ -182,7 +174,6 @@ const std::vector<Scenario>& Scenarios() {
       ZoneBorder(),
       NoImplement(),
       Dropouts(),
-      ReturningRates(),
   };
   return scenarios;
 }

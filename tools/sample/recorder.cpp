@@ -83,7 +83,7 @@ void Recorder::BeginJob() {
 
 void Recorder::Changes() {
   if (written_ == scenario_.lateRows) FirstChanges();
-  if (written_ == startRow_ && !scenario_.ratesReturnAtOnce) {
+  if (written_ == startRow_) {
     // The rates of the start-up, all 0, must not come back in their own period.
     WriteProducts();
     WriteDesiredRates(1);
@@ -180,9 +180,7 @@ void Recorder::WriteDesiredRates(double factor) {
 
 void Recorder::RunRateControl() {
   if (written_ < startRow_) return;
-  const bool returns = scenario_.ratesReturnAtOnce;
-  const bool applies = returns ? (epochs_ / scenario_.hertz) % 2 == 0
-                               : vehicle_.CurrentLeg().working && !vehicle_.Holding();
+  const bool applies = vehicle_.CurrentLeg().working && !vehicle_.Holding();
   rates_.Tick(applies ? Prescription() : 0, chance_);
   if (rates_.Shown() == shown_) return;
   shown_ = rates_.Shown();

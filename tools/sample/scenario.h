@@ -70,8 +70,7 @@ struct Scenario {
   int refillSeconds = 40;
   std::int64_t prescriptionRows = 2500;  ///< rows between desired-rate changes
   bool changesProductAtRefill = false;
-  bool ratesReturnAtOnce = false;  ///< actual rates repeat already within the first period
-  int lateRows = 0;                ///< rows before the first change rows
+  int lateRows = 0;  ///< rows before the first change rows
 
   /// Where the origin moves to, in metres from the first, evenly spread.
   std::vector<Place> references;

@@ -27,6 +27,13 @@ std::vector<std::string> ProfileNames() {
   return names;
 }
 
+void PrintProfileNames(std::int64_t) {
+  for (const SampleProfile& profile : SampleProfiles()) {
+    std::printf("%.*s\n", static_cast<int>(profile.name.size()), profile.name.data());
+  }
+  throw CLI::Success();
+}
+
 int Run(int argc, char** argv) {
   SampleOptions options;
   std::string out;
@@ -40,6 +47,7 @@ int Run(int argc, char** argv) {
       ->capture_default_str()
       ->check(CLI::IsMember(ProfileNames()));
   app.add_flag("--force", options.force, "Replace a file that is there already");
+  app.add_flag_function("--list-profiles", PrintProfileNames, "Print the profiles' names and exit");
   app.add_option("OUT", out, "The job file to make")->required();
   try {
     app.parse(argc, argv);
