@@ -9,6 +9,7 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -20,13 +21,23 @@ namespace {
 constexpr int kRowsPerQuery = 2000;
 
 /// A folder for the job under test, kept through the run.
+class Folder {
+ public:
+  Folder() { std::filesystem::create_directories(path_); }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  std::string Job() const { return (path_ / "job.sqlite").string(); }
+
+ private:
+  std::filesystem::path path_ =
+      std::filesystem::temp_directory_path() / ("kestrin-fuzz-" + std::to_string(getpid()));
+};
+
 const std::string& JobPath() {
-  static const std::string path = [] {
-    const auto folder =
-        std::filesystem::temp_directory_path() / ("kestrin-fuzz-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    return (folder / "job.sqlite").string();
-  }();
+  static const Folder folder;
+  static const std::string path = folder.Job();
   return path;
 }
 
