@@ -20,8 +20,8 @@ class ExactMercator {
   /// Degrees to metres; no false northing south of the equator.
   static Point Project(double latitude, double longitude, int zone) {
     const Real central = 6.0L * zone - 183;
-    const Complex isometric(IsometricLatitude(Real{latitude} * kRadians),
-                            (Real{longitude} - central) * kRadians);
+    const Complex isometric(IsometricLatitude(static_cast<Real>(latitude) * kRadians),
+                            (static_cast<Real>(longitude) - central) * kRadians);
     const Complex arc = kScale * MeridianArc(LatitudeOf(isometric));
     return {static_cast<double>(500000 + arc.imag()), static_cast<double>(arc.real())};
   }
