@@ -1,0 +1,20 @@
+# Sourced by run and check: named steps that are quiet while all goes well and show
+# what a command printed when it fails.
+
+steps_log=$(mktemp)
+trap 'rm -f "$steps_log"' EXIT
+
+# step TITLE COMMAND...: runs the command; its output is shown only when it fails.
+step() {
+  local title=$1 started=$SECONDS
+  shift
+  printf '%s ... ' "$title"
+  if "$@" >"$steps_log" 2>&1 </dev/null; then
+    printf 'ok (%d s)\n' $((SECONDS - started))
+  else
+    printf 'FAILED\n'
+    tail -n 200 "$steps_log" >&2
+    printf '\nFailed: %s\n' "$title" >&2
+    exit 1
+  fi
+}
