@@ -90,10 +90,10 @@ class BoomLayer {
       // always shown them.
       const double east = cosine * section.halfWidth;
       const double north = sine * section.halfWidth;
-      const GeoPoint first = plane.ToGeo({antenna.easting + east + section.xOffset,
-                                          antenna.northing - north + section.yOffset});
-      const GeoPoint second = plane.ToGeo({antenna.easting - east + section.xOffset,
-                                           antenna.northing + north + section.yOffset});
+      const GeoPoint first = plane.ToGeo(
+          {antenna.easting + east + section.xOffset, antenna.northing - north + section.yOffset});
+      const GeoPoint second = plane.ToGeo(
+          {antenna.easting - east + section.xOffset, antenna.northing + north + section.yOffset});
       records_.Lay({first.longitude, first.latitude, second.longitude, second.latitude});
     }
   }

@@ -15,14 +15,4 @@ bool BoomPeriods::Next(std::size_t entry, EpochRow& row) {
   return false;
 }
 
-bool BoomPeriods::Ahead() {
-  if (hasAhead_) return true;
-  // A statement that has ended would begin again.
-  if (!ended_) {
-    hasAhead_ = query_.Next(ahead_);
-    ended_ = !hasAhead_;
-  }
-  return hasAhead_;
-}
-
 }  // namespace kestrin

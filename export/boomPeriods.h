@@ -26,17 +26,19 @@ class BoomPeriods {
   /// when the period has no more. Entries must be asked for in their order.
   bool Next(std::size_t entry, EpochRow& row);
 
-  /// The library's result of the last step: kDone when the rows simply ended.
-  std::int32_t LastStep() const { return query_.LastStep(); }
+  /// What ended the rows, once the last period has been read: kDone in good order,
+  /// also when there was no period to read any for.
+  std::int32_t LastStep() const {
+    return query_.LastStep() == sqliteDefs::kRowReady ? sqliteDefs::kDone : query_.LastStep();
+  }
 
  private:
-  bool Ahead();
+  bool Ahead() { return hasAhead_ = hasAhead_ || query_.Next(ahead_); }
 
   Query<BoomEpochs> query_;
   const std::vector<TimelineEntry>& entries_;
   EpochRow ahead_;
   bool hasAhead_ = false;
-  bool ended_ = false;
 };
 
 }  // namespace kestrin
