@@ -11,7 +11,7 @@ namespace kestrin {
 int HardenConnection(sqlite3* database);
 
 /// From here on the connection prepares nothing but selections: no pragma, no
-/// attached file, no change.
+/// attached file, no change, no function besides those the queries call.
 int AllowSelectionsOnly(sqlite3* database);
 
 }  // namespace kestrin

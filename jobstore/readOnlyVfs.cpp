@@ -9,11 +9,15 @@ sqlite3_vfs* Underlying(const sqlite3_vfs* vfs) { return static_cast<sqlite3_vfs
 
 int OpenForReading(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags,
                    int* flagsTaken) {
-  constexpr int kBesideTheJob =
-      SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_WAL;
-  if ((flags & kBesideTheJob) != 0) {
-    flags &= ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_DELETEONCLOSE);
-    flags |= SQLITE_OPEN_READONLY;
+  constexpr int kBesideDatabase = SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_WAL;
+  constexpr int kWriting = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_DELETEONCLOSE;
+  if ((flags & kBesideDatabase) != 0) {
+    // The layer below hands journals and logs over to the database's owner when the
+    // superuser opens them, even for reading; files of this other kind it leaves.
+    flags = (flags & ~kBesideDatabase) | SQLITE_OPEN_SUPER_JOURNAL;
+  }
+  if ((flags & (SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_SUPER_JOURNAL)) != 0) {
+    flags = (flags & ~kWriting) | SQLITE_OPEN_READONLY;
   }
   return Underlying(vfs)->xOpen(Underlying(vfs), name, file, flags, flagsTaken);
 }

@@ -86,6 +86,7 @@ std::int32_t sqliteDefs::linx_sqlite3_prepare(std::int32_t database, const std::
   if (result != SQLITE_OK) return -result;
   // A text without a statement in it prepares well, to nothing.
   if (statement == nullptr) return -SQLITE_ERROR;
+  if (sqlite3_stmt_readonly(prepared) == 0) return -SQLITE_READONLY;
   return tables_->statements.Add(std::move(statement));
 }
 
