@@ -5,6 +5,7 @@
 
 #include "geo/monthNames.h"
 #include "geo/timeZone.h"
+#include "jobstore/runHost.h"
 #include "tools/export/exitCode.h"
 #include "tools/export/interruption.h"
 #include "tools/export/jobPlan.h"
