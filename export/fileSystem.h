@@ -65,7 +65,9 @@ class FileSystem {
   virtual void Copy(const std::string& from, const std::string& to) = 0;
 };
 
-/// The real file system. Stateless; any number may exist.
+/// The real file system. Stateless; any number may exist. Running into the process's
+/// file-size limit is a FileError too: the signal that goes with it (SIGXFSZ) is kept
+/// from the writing thread, so no program has to ignore it.
 std::unique_ptr<FileSystem> NativeFileSystem();
 
 }  // namespace kestrin

@@ -1,6 +1,7 @@
 #ifndef _WIN32
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -57,11 +58,38 @@ int Open(const std::string& path, int flags) {
   return Retried([&] { return open(path.c_str(), flags | O_CLOEXEC, kFileMode); });
 }
 
+/// Writing past the process's file-size limit is an error like any other, but comes
+/// with a signal that would end the process. While one of these lives, this thread
+/// does not get that signal, and a pending one is taken out at the end.
+class WithoutSizeSignal {
+ public:
+  WithoutSizeSignal() {
+    sigemptyset(&signal_);
+    sigaddset(&signal_, SIGXFSZ);
+    pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+  }
+  ~WithoutSizeSignal() {
+    if (sigismember(&before_, SIGXFSZ) == 1) return;
+    const int reason = errno;
+    const timespec atOnce{};
+    sigtimedwait(&signal_, nullptr, &atOnce);
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    errno = reason;
+  }
+  WithoutSizeSignal(const WithoutSizeSignal&) = delete;
+  WithoutSizeSignal& operator=(const WithoutSizeSignal&) = delete;
+
+ private:
+  sigset_t signal_;
+  sigset_t before_;
+};
+
 class PosixFile : public OutputFile {
  public:
   PosixFile(std::string path, int number) : path_(std::move(path)), descriptor_(number) {}
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
+    const WithoutSizeSignal guard;
     while (!bytes.empty()) {
       const ssize_t count = Retried([&] {
         return pwrite(descriptor_.Number(), bytes.data(), bytes.size(), static_cast<off_t>(offset));

@@ -1,0 +1,180 @@
+#ifndef _WIN32
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <regex>
+
+#include "export/numberText.h"
+#include "export/shapefileSet.h"
+#include "tests/support/shapeReader.h"
+#include "tests/support/tempFolder.h"
+
+/// What GDAL and shapelib make of the sets, where their tools are installed.
+
+namespace kestrin {
+namespace {
+
+bool Installed(const std::string& tool) {
+  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+/// What a command prints, warnings included.
+std::string Output(const std::string& command) {
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
+  std::string output;
+  std::array<char, 4096> part{};
+  while (const std::size_t size = fread(part.data(), 1, part.size(), pipe.get())) {
+    output.append(part.data(), size);
+  }
+  return output;
+}
+
+/// Every match of the pattern's only group.
+std::vector<std::string> Matches(const std::string& text, const std::string& pattern) {
+  const std::regex regex(pattern);
+  std::vector<std::string> found;
+  for (std::sregex_iterator match(text.begin(), text.end(), regex), end; match != end; ++match) {
+    found.push_back((*match)[1]);
+  }
+  return found;
+}
+
+std::vector<double> Numbers(const std::string& text) {
+  std::vector<double> numbers;
+  for (const std::string& number : Matches(text, R"((-?\d+\.?\d*(?:e[-+]\d+)?))")) {
+    numbers.push_back(std::stod(number));
+  }
+  return numbers;
+}
+
+const std::array<Field, 3> kFields{
+    {{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}, {"NAME", 'C', 10, 0}}};
+constexpr int kRecords = 25;
+
+double Metres(int record) { return record * 1234.125; }
+
+class GisReaders : public testing::TestWithParam<ShapeType> {
+ protected:
+  GisReaders() {
+    ShapefileSet set(*files_, base_, GetParam(), kFields, {{2006, 7, 9}, true});
+    AttributeRecord row(kFields);
+    for (int i = 0; i < kRecords; ++i) {
+      AddShape(set, i);
+      row.Clear();
+      row.Add(IntegerText(i).View(), Keep::kRight);
+      row.Add(RoundedText(Metres(i), 2).View(), Keep::kLeft);
+      row.Add("Boom " + std::to_string(i), Keep::kLeft);
+      set.AddAttributes(row.Bytes());
+    }
+    set.Commit();
+    read_ = test::ReadShapeSet(base_);
+  }
+
+  static void AddShape(ShapefileSet& set, int i) {
+    const double x = -93.5 + i * 0.001;
+    const double y = 45.25 - i * 0.0017;
+    if (GetParam() == ShapeType::kPoint) return set.AddPoint(x, y);
+    set.BeginRecord();
+    set.AddVertex(x, y);
+    set.AddVertex(x, y + 0.01);
+    for (int j = 0; j <= i; ++j) set.AddVertex(x + 0.01, y + 0.01 - j * 0.0001);
+    if (GetParam() == ShapeType::kPolygon) set.AddVertex(x, y);
+    set.EndRecord();
+  }
+
+  static std::string Command(const std::string& command, const std::string& path) {
+    return Output(command + " '" + path + "'");
+  }
+
+  test::TempFolder folder_;
+  std::unique_ptr<FileSystem> files_ = NativeFileSystem();
+  std::string base_ = folder_ / "set";
+  test::ReadSet read_;
+};
+
+TEST_P(GisReaders, GdalSeesTheSameCountBoxAndAttributesWithoutComplaint) {
+  if (!Installed("ogrinfo")) GTEST_SKIP() << "ogrinfo is not installed";
+  const std::string output = Command("ogrinfo -al", base_ + ".shp");
+  EXPECT_EQ(output.find("Warning"), std::string::npos) << output;
+  EXPECT_EQ(output.find("ERROR"), std::string::npos) << output;
+  EXPECT_EQ(Matches(output, R"(Feature Count: (\d+))"),
+            std::vector<std::string>{std::to_string(kRecords)});
+  const std::vector<double> extent = Numbers(Matches(output, R"(Extent: (.*))").at(0));
+  ASSERT_EQ(extent.size(), 4U);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_NEAR(extent[i], read_.box[i], 5.1e-7);
+  EXPECT_NE(output.find("DBF_DATE_LAST_UPDATE=2006-07-09"), std::string::npos);
+  EXPECT_NE(output.find("NAD83"), std::string::npos) << output;
+  const auto ids = Matches(output, R"(ID \(Integer\) = (\d+))");
+  const auto metres = Matches(output, R"(METERS \(Real\) = (.*))");
+  const auto names = Matches(output, R"(NAME \(String\) =\s*(.*))");
+  ASSERT_EQ(ids.size(), read_.rows.size());
+  ASSERT_EQ(metres.size(), read_.rows.size());
+  ASSERT_EQ(names.size(), read_.rows.size());
+  for (std::size_t i = 0; i < read_.rows.size(); ++i) {
+    EXPECT_EQ(ids[i], test::Trimmed(read_.rows[i][0]));
+    EXPECT_EQ(std::stod(metres[i]), std::stod(read_.rows[i][1]));
+    EXPECT_EQ(names[i], test::Trimmed(read_.rows[i][2]));
+  }
+}
+
+TEST_P(GisReaders, ShapelibSeesTheSameShapes) {
+  if (!Installed("shpdump")) GTEST_SKIP() << "shpdump is not installed";
+  const std::string output = Command("shpdump -precision 15", base_ + ".shp");
+  EXPECT_EQ(Matches(output, R"(# of Shapes: (\d+))"),
+            std::vector<std::string>{std::to_string(kRecords)})
+      << output;
+  const auto counts = Matches(output, R"(nVertices=(\d+))");
+  const auto lows = Matches(output, R"(Bounds: ?\((.*)\))");
+  const auto highs = Matches(output, R"(to +\((.*)\))");
+  ASSERT_EQ(counts.size(), read_.records.size()) << output;
+  ASSERT_EQ(lows.size(), read_.records.size() + 1) << output;
+  ASSERT_EQ(highs.size(), read_.records.size() + 1) << output;
+  for (std::size_t i = 0; i <= read_.records.size(); ++i) {
+    test::Bounds box = read_.box;
+    if (i > 0) {
+      const test::ReadRecord& record = read_.records[i - 1];
+      EXPECT_EQ(std::stoul(counts[i - 1]), record.points.size());
+      const auto [x, y] = record.points[0];
+      box = GetParam() == ShapeType::kPoint ? test::Bounds{x, y, x, y} : record.box;
+    }
+    const std::vector<double> low = Numbers(lows[i]);
+    const std::vector<double> high = Numbers(highs[i]);
+    EXPECT_NEAR(low.at(0), box[0], 1e-13);
+    EXPECT_NEAR(low.at(1), box[1], 1e-13);
+    EXPECT_NEAR(high.at(0), box[2], 1e-13);
+    EXPECT_NEAR(high.at(1), box[3], 1e-13);
+  }
+}
+
+TEST_P(GisReaders, ShapelibSeesTheSameTable) {
+  if (!Installed("dbfdump")) GTEST_SKIP() << "dbfdump is not installed";
+  const std::string output = Command("dbfdump -r -m", base_ + ".dbf");
+  const auto ids = Matches(output, R"(ID: +(\d+))");
+  const auto metres = Matches(output, R"(METERS: +([\d.]+))");
+  const auto names = Matches(output, R"(NAME: +(.*\d))");
+  ASSERT_EQ(ids.size(), read_.rows.size()) << output;
+  ASSERT_EQ(metres.size(), read_.rows.size()) << output;
+  ASSERT_EQ(names.size(), read_.rows.size()) << output;
+  for (std::size_t i = 0; i < read_.rows.size(); ++i) {
+    EXPECT_EQ(ids[i], test::Trimmed(read_.rows[i][0]));
+    EXPECT_EQ(metres[i], test::Trimmed(read_.rows[i][1]));
+    EXPECT_EQ(names[i], test::Trimmed(read_.rows[i][2]));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, GisReaders,
+                         testing::Values(ShapeType::kPoint, ShapeType::kPolyline,
+                                         ShapeType::kPolygon),
+                         [](const auto& param) {
+                           return "Type" + std::to_string(static_cast<int>(param.param));
+                         });
+
+}  // namespace
+}  // namespace kestrin
+
+#endif
