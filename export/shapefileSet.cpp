@@ -202,18 +202,25 @@ void ShapefileSet::EndRecord() {
 }
 
 void ShapefileSet::AddPairs(const Box& box, std::span<const double> coordinates) {
+  BeginPairs(box, coordinates.size() / 4);
+  AddPairPoints(coordinates);
+}
+
+void ShapefileSet::BeginPairs(const Box& box, std::size_t parts) {
   State& set = *state_;
-  const auto points = static_cast<std::uint32_t>(coordinates.size() / 2);
-  assert(coordinates.size() % 4 == 0);
-  const std::uint32_t parts = points / 2;
-  const std::uint64_t content = kPairsFixedSize - kRecordHeaderSize + std::uint64_t{4} * parts +
-                                std::uint64_t{kVertexSize} * points;
+  const std::uint64_t content =
+      kPairsFixedSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{parts};
   ++set.recordCount;
   set.AddIndex(set.shp.Size(), content);
   char* out = PutBox(set.PutRecordHeader(set.shp.Next(kPairsFixedSize), content), box);
-  PutLe32(PutLe32(out, parts), points);
-  for (std::uint32_t part = 0; part < parts; ++part) PutLe32(set.shp.Next(4), 2 * part);
-  for (const double coordinate : coordinates) PutLeDouble(set.shp.Next(8), coordinate);
+  const auto partCount = static_cast<std::uint32_t>(parts);
+  PutLe32(PutLe32(out, partCount), 2 * partCount);
+  for (std::uint32_t part = 0; part < partCount; ++part) PutLe32(set.shp.Next(4), 2 * part);
+}
+
+void ShapefileSet::AddPairPoints(std::span<const double> coordinates) {
+  assert(coordinates.size() % 4 == 0);
+  for (const double coordinate : coordinates) PutLeDouble(state_->shp.Next(8), coordinate);
 }
 
 void ShapefileSet::WidenBox(double x, double y) { state_->fileBox.Widen(x, y); }

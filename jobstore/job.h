@@ -11,8 +11,7 @@ namespace kestrin {
 /// The columns of a query's current row, by position. Lives as long as its query.
 class Columns {
  public:
-  Columns(sqliteDefs& library, std::int32_t statement)
-      : library_(library), statement_(statement) {}
+  Columns(sqliteDefs& library, std::int32_t statement) : library_(library), statement_(statement) {}
 
   std::int32_t Int(int column) const { return library_.linx_getInt(statement_, column); }
   double Double(int column) const { return library_.linx_getDouble(statement_, column); }
@@ -72,21 +71,24 @@ class Query {
   std::int32_t Handle() const { return handle_; }
 
   /// Reads the next row over `row` and returns true; false when the rows have
-  /// ended, for whatever reason, with `row` unchanged.
+  /// ended, for whatever reason, with `row` unchanged. Ended rows stay ended.
   bool Next(Row& row) {
+    // Stepping on after the end would start the rows over.
+    if (lastStep_ != sqliteDefs::kRowReady) return false;
     lastStep_ = library_.linx_sqlite3_step(handle_);
     if (lastStep_ != sqliteDefs::kRowReady) return false;
     Q::Read(Columns(library_, handle_), row);
     return true;
   }
 
-  /// The library's result of the last step: kDone when the rows simply ended.
+  /// The library's result of the last step: kRowReady while there may be more
+  /// (also before the first), kDone when the rows simply ended, else an error.
   std::int32_t LastStep() const { return lastStep_; }
 
  private:
   sqliteDefs& library_;
   std::int32_t handle_ = -1;
-  std::int32_t lastStep_ = sqliteDefs::kDone;
+  std::int32_t lastStep_ = sqliteDefs::kRowReady;
 };
 
 /// The first row of a single-row query, read over `row`; false when there is none

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "jobstore/queries.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
@@ -9,19 +11,153 @@
 namespace kestrin {
 namespace {
 
-TEST(Query, YieldsTheRowsInTimeOrder) {
+class QueryRows : public testing::Test {
+ protected:
+  /// The easts of the wire's rows, in the order they come.
+  template <class Q = WireEpochs, class... Numbers>
+  std::vector<double> Easts(const Numbers&... numbers) {
+    Job job(builder_.Finish());
+    Query<Q> epochs(job, numbers...);
+    std::vector<double> easts;
+    for (EpochRow row; epochs.Next(row);) easts.push_back(row.east);
+    EXPECT_EQ(epochs.LastStep(), sqliteDefs::kDone);
+    return easts;
+  }
+
+  /// An epoch that differs from the others by its east.
+  void Add(GpsKey time, double east) { builder_.Epoch(time, east, 0); }
+
+  test::TempFolder folder_;
+  test::JobBuilder builder_{folder_ / "job.sqlite"};
+};
+
+TEST_F(QueryRows, ComeByWeekThenMillisecond) {
+  Add({2, 5}, 3);
+  Add({1, 9}, 2);
+  Add({1, 8}, 1);
+  Add({10, 0}, 4);
+  EXPECT_EQ(Easts(), (std::vector<double>{1, 2, 3, 4}));
+}
+
+TEST_F(QueryRows, OfOneKeyKeepTheirOrderOfEntry) {
+  for (int i = 0; i < 500; ++i) Add({1, i / 50}, i);
+  std::vector<double> expected;
+  for (int i = 0; i < 500; ++i) expected.push_back(i);
+  EXPECT_EQ(Easts(), expected);
+}
+
+TEST_F(QueryRows, WithoutBit8192AreInvisibleToTheRowsTheCountAndTheTimeSpan) {
+  Add({1, 1}, 1);
+  builder_.Execute("INSERT INTO GpsDataTable SELECT 9, 9, 5, 0, 0, 0, 0, 0, 0, 16384 + 4096, 0");
+  Job job(builder_.Finish());
+  EpochRow row;
+  Query<WireEpochs> epochs(job);
+  EXPECT_TRUE(epochs.Next(row));
+  EXPECT_FALSE(epochs.Next(row));
+  CountRow count;
+  ASSERT_TRUE(ReadFirst<EpochCount>(job, count));
+  EXPECT_EQ(count.count, 1);
+  KeyRow newest;
+  ASSERT_TRUE(ReadFirst<NewestEpoch>(job, newest));
+  EXPECT_EQ(newest.time, (GpsKey{1, 1}));
+}
+
+TEST_F(QueryRows, OfTheLastBoomPeriodRunFromItsStartOn) {
+  Add({5, 99}, 1);
+  Add({5, 100}, 2);
+  Add({6, 0}, 3);
+  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}), (std::vector<double>{2, 3}));
+}
+
+TEST_F(QueryRows, OfABoomPeriodEndBeforeItsEnd) {
+  Add({5, 99}, 1);
+  Add({5, 100}, 2);
+  Add({5, 199}, 3);
+  Add({5, 200}, 4);
+  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}, GpsKey{5, 200}), (std::vector<double>{2, 3}));
+}
+
+TEST_F(QueryRows, OfABoomPeriodOverAWeekAreCutByTheEndsMillisecondInTheFirstWeekToo) {
+  Add({5, 100}, 1);
+  Add({5, 200}, 2);  // in no period: downstream sets have always been cut so
+  Add({6, 500}, 3);
+  Add({7, 199}, 4);
+  Add({7, 200}, 5);
+  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}, GpsKey{7, 200}), (std::vector<double>{1, 3, 4}));
+}
+
+TEST(Job, WithoutAVersionTableCountsNone) {
   const test::TempFolder folder;
-  const std::string path =
-      test::JobBuilder(folder / "a.sqlite").Epoch({2, 5}, 1, 2).Epoch({1, 9}, 3, 4).Finish();
-  Job job(path);
-  ASSERT_TRUE(job.IsOpen());
+  Job job(
+      test::JobBuilder(folder / "job.sqlite").Execute("DROP TABLE VersionChangeTable").Finish());
+  CountRow count{7};
+  ASSERT_TRUE(ReadFirst<VersionTableCount>(job, count));
+  EXPECT_EQ(count.count, 0);
+  EXPECT_FALSE(Query<NewestVersion>(job).Prepared());
+}
+
+TEST(Job, AViewDoesNotCountAsAVersionTable) {
+  const test::TempFolder folder;
+  Job job(test::JobBuilder(folder / "job.sqlite")
+              .Execute("DROP TABLE VersionChangeTable")
+              .Execute("CREATE VIEW VersionChangeTable AS SELECT 1 AS sqlite_ver")
+              .Finish());
+  CountRow count{7};
+  ASSERT_TRUE(ReadFirst<VersionTableCount>(job, count));
+  EXPECT_EQ(count.count, 0);
+}
+
+TEST(Job, TheNewestVersionIsTheLatestInTimeNotInEntry) {
+  const test::TempFolder folder;
+  Job job(test::JobBuilder(folder / "job.sqlite")
+              .Version({2, 1}, "new")
+              .Version({1, 9}, "old")
+              .Finish());
+  TextRow row;
+  ASSERT_TRUE(ReadFirst<NewestVersion>(job, row));
+  EXPECT_EQ(row.text, "new");
+}
+
+TEST(Job, ThatIsMissingHasANegativeHandleAndQueriesThatDoNotPrepare) {
+  const test::TempFolder folder;
+  Job job(folder / "missing.sqlite");
+  EXPECT_FALSE(job.IsOpen());
+  EXPECT_LT(job.Handle(), 0);
+  Query<WireEpochs> epochs(job);
+  EXPECT_FALSE(epochs.Prepared());
+  EXPECT_LT(epochs.Handle(), 0);
+  EpochRow row;
+  EXPECT_FALSE(epochs.Next(row));
+  EXPECT_NE(epochs.LastStep(), sqliteDefs::kDone);
+}
+
+TEST(Job, AMissingTableFailsAtPrepareAndYieldsNoRow) {
+  const test::TempFolder folder;
+  Job job(test::JobBuilder(folder / "job.sqlite").Execute("DROP TABLE GpsDataTable").Finish());
+  Query<WireEpochs> epochs(job);
+  EXPECT_LT(epochs.Handle(), 0);
+  EpochRow row;
+  EXPECT_FALSE(epochs.Next(row));
+}
+
+TEST(Job, MaximaOfEmptyTablesAreZero) {
+  const test::TempFolder folder;
+  Job job(test::JobBuilder(folder / "job.sqlite").Finish());
+  IntRow status{7};
+  ASSERT_TRUE(ReadFirst<BoomStatusMaximum>(job, status));
+  EXPECT_EQ(status.value, 0);
+  RateMaxima rates{{1, 2, 3}};
+  ASSERT_TRUE(ReadFirst<DesiredRateMaxima>(job, rates));
+  EXPECT_EQ(rates.rates, (std::array{0.0, 0.0, 0.0}));
+}
+
+TEST(Query, RowsThatEndedStayEnded) {
+  const test::TempFolder folder;
+  Job job(test::JobBuilder(folder / "job.sqlite").Epoch({1, 1}, 1, 1).Finish());
   Query<WireEpochs> epochs(job);
   EpochRow row;
-  ASSERT_TRUE(epochs.Next(row));
-  EXPECT_EQ(row.time, (GpsKey{1, 9}));
-  EXPECT_EQ(row.east, 3);
-  ASSERT_TRUE(epochs.Next(row));
-  EXPECT_FALSE(epochs.Next(row));
+  EXPECT_TRUE(epochs.Next(row));
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(epochs.Next(row));
   EXPECT_EQ(epochs.LastStep(), sqliteDefs::kDone);
 }
 

@@ -3,8 +3,9 @@
 namespace kestrin {
 
 std::string JobSchema() {
-  std::string implement = "CREATE TABLE ImplChangeTable (gpsWeek integer, gpsMsec integer, "
-                          "implName text, implNumber real";
+  std::string implement =
+      "CREATE TABLE ImplChangeTable (gpsWeek integer, gpsMsec integer, "
+      "implName text, implNumber real";
   for (int section = 0; section < 16; ++section) {
     const std::string digits = std::to_string(section);
     for (const char* column : {"width", "xOffset", "yOffset", "zOffset"}) {

@@ -1,0 +1,19 @@
+#include "tests/jobstore/folderState.h"
+
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::test {
+namespace fs = std::filesystem;
+
+FolderState StateOf(const fs::path& folder) {
+  FolderState state;
+  state["."] = {"", fs::last_write_time(folder), fs::status(folder).permissions()};
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    state[entry.path().filename().string()] = {
+        entry.is_regular_file() ? FileBytes(entry.path().string()) : "", entry.last_write_time(),
+        entry.status().permissions()};
+  }
+  return state;
+}
+
+}  // namespace kestrin::test

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "jobstore/queries.h"
+
+namespace kestrin {
+
+/// Writes a job file the way the console does: all tables, rows in the order they
+/// happen, rollback-journal mode. Everything throws SampleError when it fails.
+class JobWriter {
+ public:
+  /// Creates the file, which must not exist yet.
+  explicit JobWriter(const std::string& path);
+  ~JobWriter();
+  JobWriter(const JobWriter&) = delete;
+  JobWriter& operator=(const JobWriter&) = delete;
+
+  void Version(GpsKey time, const std::string& text);
+  /// Latitude and longitude in degrees; stored in radians.
+  void Reference(const ReferenceRow& row);
+  void Implement(const ImplementRow& row);
+  void DesiredRates(const RatesRow& row);
+  void ActualRates(const RatesRow& row);
+  void Products(const ProductsRow& row);
+  void Epoch(const EpochRow& row);
+
+  /// Completes the file. Without it, what was written is no use.
+  void Commit();
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace kestrin
