@@ -93,6 +93,7 @@ struct ShapefileSet::State {
   char* PutRecordHeader(char* out, std::uint64_t contentBytes);
   void AddIndex(std::uint64_t start, std::uint64_t contentBytes);
   void CompleteFiles();
+  std::vector<SetFile*> InOrderOfNaming();
   void WriteSidecar(std::optional<SetFile>& file, const char* extension, std::string_view text);
 
   FileSystem& files;
@@ -134,6 +135,18 @@ void ShapefileSet::State::CompleteFiles() {
   PutLe32(count.data(), recordCount);
   dbf.Patch(kRecordCountOffset, View(count));
   *dbf.Next(1) = kEndOfTable;
+  if (!options.withProjection) return;
+  WriteSidecar(prj, ".prj", kProjection);
+  WriteSidecar(cpg, ".cpg", kEncoding);
+}
+
+std::vector<SetFile*> ShapefileSet::State::InOrderOfNaming() {
+  std::vector<SetFile*> all{&shx, &dbf};
+  if (prj) all.push_back(&*prj);
+  if (cpg) all.push_back(&*cpg);
+  // The set is there from the moment its ".shp" is.
+  all.push_back(&shp);
+  return all;
 }
 
 void ShapefileSet::State::WriteSidecar(std::optional<SetFile>& file, const char* extension,
@@ -226,15 +239,7 @@ void ShapefileSet::Commit() {
   State& set = *state_;
   assert(set.attributeCount == set.recordCount);
   set.CompleteFiles();
-  if (set.options.withProjection) {
-    set.WriteSidecar(set.prj, ".prj", kProjection);
-    set.WriteSidecar(set.cpg, ".cpg", kEncoding);
-  }
-  std::vector<SetFile*> all{&set.shx, &set.dbf};
-  for (std::optional<SetFile>* sidecar : {&set.prj, &set.cpg}) {
-    if (*sidecar) all.push_back(&**sidecar);
-  }
-  all.push_back(&set.shp);
+  const std::vector<SetFile*> all = set.InOrderOfNaming();
   for (SetFile* file : all) file->Finish();
   // One that came up meanwhile must not stand beside an index of another set.
   set.files.Remove(set.basePath + kShp);
