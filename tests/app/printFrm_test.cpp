@@ -177,5 +177,14 @@ TEST(JobSheet, WithoutAPrinterNothingHappens) {
   EXPECT_TRUE(window.Enabled("Command4"));
 }
 
+/// Prints on the default printer: only where tests/app/cups/run has laid one out.
+TEST(JobSheetOnAQueue, IsPrintedOnTheDefaultPrinter) {
+  if (!qEnvironmentVariableIsSet("KESTRIN_PRINT")) GTEST_SKIP() << "no printer for tests";
+  TestWindow window([](Surroundings& around) { around.printers = DefaultPrinter; });
+  window.Select(SmallJob(window.folder, "KestrinQueueTest.sqlite"));
+  ASSERT_NE(DefaultPrinter(), nullptr);
+  window.Click("Command4");
+}
+
 }  // namespace
 }  // namespace kestrin
