@@ -53,7 +53,7 @@ void ShootAll(Session& session, const std::string& folder, const std::string& pr
   bool shot = false;
   const auto watch = [&] {
     const auto* bar = session.Window().findChild<QWidget*>("Shape2");
-    if (shot || session.Label(2) != "Creating Shape File" || bar->width() < 30) return;
+    if (shot || session.Label(2) != "Creating Shape File" || bar->width() < 10) return;
     shot = true;
     Shoot(session.Window(), folder, prefix + "exporting");
   };
