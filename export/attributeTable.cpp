@@ -88,6 +88,12 @@ AttributeRecord::AttributeRecord(std::span<const Field> fields)
   for (const Field& field : fields) widths_.push_back(field.width);
 }
 
+void AttributeRecord::GoTo(std::size_t field) {
+  assert(field <= widths_.size());
+  Clear();
+  while (field_ < field) end_ += static_cast<std::size_t>(widths_[field_++]);
+}
+
 void AttributeRecord::Add(std::string_view text, Keep keep) {
   assert(field_ < widths_.size());
   const auto width = static_cast<std::size_t>(widths_[field_++]);

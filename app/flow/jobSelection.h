@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+
+#include "app/flow/controlRules.h"
+#include "app/flow/ports.h"
+#include "app/flow/programVersion.h"
+#include "app/flow/windowState.h"
+#include "jobstore/job.h"
+#include "jobstore/runHost.h"
+
+namespace kestrin {
+
+/// The command behind "SELECT", the only way a job becomes current: asks for the
+/// file, warns about its format, fills the window's state, draws its preview and
+/// says which of its sets exist.
+///
+/// Run-time errors, a cancelled dialog included, abandon the selection without a
+/// message; what was done stays done. RunCancelled passes through untouched.
+class JobSelection {
+ public:
+  JobSelection(WindowState& state, const Ports& ports, ControlRules& rules, RunHost& host,
+               const ProgramVersion& version, const ExportCommands::Kinds& kinds,
+               char separator = kSeparator)
+      : state_(state),
+        ports_(ports),
+        rules_(rules),
+        host_(host),
+        version_(version),
+        kinds_(kinds),
+        separator_(separator) {}
+
+  void Command3_Click();
+
+  /// The click on an Option1: draws that kind of the job that is loaded, if any.
+  void Option1_Click(int index);
+
+ private:
+  void Select();
+  void TakeNames(const std::string& path);
+  bool ReadJob(const std::string& path);
+  void CheckFormat(Job& job);
+  void CountRows(Job& job);
+  void TakeLastTime(Job& job);
+  void ShowPreview(const std::string& path);
+  void TestShapes();
+  void Finish();
+
+  WindowState& state_;
+  Ports ports_;
+  ControlRules& rules_;
+  RunHost& host_;
+  ProgramVersion version_;
+  const ExportCommands::Kinds& kinds_;
+  char separator_;
+};
+
+}  // namespace kestrin

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/flow/ports.h"
+#include "app/flow/windowState.h"
+#include "jobstore/runHost.h"
+
+namespace kestrin {
+
+/// The window as exports and previews see it.
+class WindowHost final : public RunHost {
+ public:
+  WindowHost(Progress& progress, Events& events, Dialogs& dialogs)
+      : progress_(progress), events_(events), dialogs_(dialogs) {}
+
+  void CountRow() override { ++progress_.count; }
+  void Yield() override { events_.Yield(); }
+  void ShowMessage(const std::string& text) override { dialogs_.ShowMessage(text); }
+
+ private:
+  Progress& progress_;
+  Events& events_;
+  Dialogs& dialogs_;
+};
+
+}  // namespace kestrin

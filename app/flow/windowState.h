@@ -1,0 +1,44 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+#include "export/commands.h"
+#include "geo/gpsTime.h"
+#include "preview/previewState.h"
+
+namespace kestrin {
+
+/// How far the walk over a job's rows has come; drives the progress bars.
+struct Progress {
+  std::int32_t count = 0;
+  std::int32_t total = 0;
+  /// The next preview walks the rows twice: extent, then drawing.
+  bool twoPass = false;
+};
+
+/// The date that stands for none: 30 December 1899.
+inline constexpr LocalDateTime kZeroDate{std::chrono::local_days{
+    std::chrono::year{1899} / std::chrono::December / std::chrono::day{30}}};
+
+/// All that the window knows while the program runs; nothing of it is saved.
+/// Folders end in a separator. The extension of jobs and the suffixes of the kinds
+/// are constants (export/exportPaths.h, export/exportKinds.h).
+struct WindowState {
+  std::string applicationFolder;
+  std::string dataFolder;
+  ExportState job;
+  /// The current job path and what its preview shows. The path is empty while no
+  /// job is loaded.
+  PreviewState preview;
+  /// Local date and time of the job's latest GPS row.
+  LocalDateTime lastGpsTime = kZeroDate;
+  Progress progress;
+  /// Minutes east of Greenwich by the plain zone, daylight saving ignored.
+  std::int32_t timeZoneOffset = 0;
+  float screenWidth = 0;          ///< pixels
+  std::int16_t screenHeight = 0;  ///< pixels
+};
+
+}  // namespace kestrin

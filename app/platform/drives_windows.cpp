@@ -1,0 +1,73 @@
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "app/platform/drives.h"
+
+namespace kestrin {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Utf8(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+fs::path Path(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+/// Keeps the system from asking for a medium while drives are looked at.
+class QuietErrors {
+ public:
+  QuietErrors() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
+  ~QuietErrors() { SetThreadErrorMode(before_, nullptr); }
+  QuietErrors(const QuietErrors&) = delete;
+  QuietErrors& operator=(const QuietErrors&) = delete;
+
+ private:
+  DWORD before_ = 0;
+};
+
+bool IsReady(const wchar_t* root) {
+  return GetVolumeInformationW(root, nullptr, 0, nullptr, nullptr, nullptr, nullptr, 0) != 0;
+}
+
+class WindowsDrives final : public Drives {
+ public:
+  std::vector<Drive> List() override {
+    const QuietErrors quiet;
+    std::vector<Drive> drives;
+    const DWORD letters = GetLogicalDrives();
+    for (int i = 0; i < 26; ++i) {
+      if ((letters >> i & 1U) == 0) continue;
+      const wchar_t root[]{static_cast<wchar_t>(L'A' + i), L':', L'\\', L'\0'};
+      const bool removable = GetDriveTypeW(root) == DRIVE_REMOVABLE;
+      // A network drive that is away takes its time to answer: it is not asked.
+      drives.push_back({Utf8(root), removable, removable && IsReady(root)});
+    }
+    return drives;
+  }
+
+  std::vector<std::string> FilesIn(const std::string& folder) override {
+    const QuietErrors quiet;
+    std::vector<std::string> names;
+    std::error_code failed;
+    for (fs::directory_iterator entry(Path(folder), failed), end; !failed && entry != end;
+         entry.increment(failed)) {
+      std::error_code unreadable;
+      if (entry->is_regular_file(unreadable)) names.push_back(Utf8(entry->path().filename()));
+    }
+    return names;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Drives> NativeDrives(const std::string&) {
+  return std::make_unique<WindowsDrives>();
+}
+
+}  // namespace kestrin

@@ -1,0 +1,46 @@
+#include "export/polyBuilder.h"
+
+#include <utility>
+
+namespace kestrin {
+
+void PolygonBuilder::Add(const SwathRow& row, bool begins) {
+  if (rows_ == 0 || begins) {
+    Begin(row);
+  } else if (row.left == last_.left && row.right == last_.right) {
+    return;
+  } else {
+    outline_.Append(row);
+    if (CleanOutline(outline_) > 0) {
+      outline_.DropNewest();
+      Begin(row);
+    }
+  }
+  last_ = row;
+  ++rows_;
+}
+
+void PolygonBuilder::Finish() {
+  Close();
+  if (rows_ < kFewestRows) return;
+  for (const Ring& ring : std::exchange(early_, {})) sink_(ring);
+}
+
+void PolygonBuilder::Begin(const SwathRow& row) {
+  Close();
+  outline_.Restart();
+  outline_.Append(row);
+}
+
+void PolygonBuilder::Close() {
+  if (rows_ == 0) return;
+  ring_.Build(outline_.leftEdge.Points(), outline_.rightEdge.Points());
+  if (rows_ < kFewestRows) {
+    early_.push_back(ring_);
+    return;
+  }
+  for (const Ring& ring : std::exchange(early_, {})) sink_(ring);
+  sink_(ring_);
+}
+
+}  // namespace kestrin

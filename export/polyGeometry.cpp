@@ -1,0 +1,66 @@
+#include "export/polyGeometry.h"
+
+#include <cmath>
+#include <cstddef>
+
+namespace kestrin {
+namespace {
+
+/// Sign of a*b - c*d. Rounding is monotonic, so unequal rounded products are in
+/// the right order; of equal ones the rounding errors decide.
+int SignOfDifference(double a, double b, double c, double d) {
+  const double left = a * b;
+  const double right = c * d;
+  if (left != right) return left > right ? 1 : -1;
+  const double leftError = std::fma(a, b, -left);
+  const double rightError = std::fma(c, d, -right);
+  return leftError > rightError ? 1 : leftError < rightError ? -1 : 0;
+}
+
+/// On which side of the line from `a` to `b` the point lies: 1 left, -1 right.
+int SideOf(UtmPoint a, UtmPoint b, UtmPoint point) {
+  return SignOfDifference(b.easting - a.easting, point.northing - a.northing,
+                          point.easting - a.easting, b.northing - a.northing);
+}
+
+}  // namespace
+
+void FindLineIntersection(double x1, double y1, double x2, double y2, double x3, double y3,
+                          double x4, double y4, double& ix, double& iy) {
+  const double dx12 = x2 - x1;
+  const double dy12 = y2 - y1;
+  const double dx34 = x4 - x3;
+  const double dy34 = y4 - y3;
+  const double denom = dy12 * dx34 - dx12 * dy34;
+  if (denom == 0) {
+    ix = iy = kNoIntersection;
+    return;
+  }
+  const double t1 = ((x1 - x3) * dy34 + (y3 - y1) * dx34) / denom;
+  ix = x1 + dx12 * t1;
+  iy = y1 + dy12 * t1;
+}
+
+double PolygonArea(std::span<const UtmPoint> points) {
+  double sum = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const UtmPoint& here = points[i];
+    const UtmPoint& next = points[i + 1 < points.size() ? i + 1 : 0];
+    sum += here.easting * next.northing - next.easting * here.northing;
+  }
+  return 0.5 * sum;
+}
+
+bool SegmentsMeet(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d) {
+  double x = 0;
+  double y = 0;
+  FindLineIntersection(a.easting, a.northing, b.easting, b.northing, c.easting, c.northing,
+                       d.easting, d.northing, x, y);
+  return x < kNoIntersection && Extent::Of(a, b).Holds(x, y) && Extent::Of(c, d).Holds(x, y);
+}
+
+bool SegmentsCross(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d) {
+  return SideOf(a, b, c) * SideOf(a, b, d) < 0 && SideOf(c, d, a) * SideOf(c, d, b) < 0;
+}
+
+}  // namespace kestrin

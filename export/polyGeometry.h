@@ -1,0 +1,87 @@
+#pragma once
+
+#include <limits>
+#include <span>
+
+#include "geo/localOffsets.h"
+
+/// The plane geometry of the coverage polygons: UTM metres throughout.
+
+namespace kestrin {
+
+/// What both results of FindLineIntersection are when the lines have no point in
+/// common, or all of them.
+inline constexpr double kNoIntersection = 1E+38;
+
+/// Where the infinite line through (x1, y1) and (x2, y2) meets the infinite line
+/// through (x3, y3) and (x4, y4). Whether that lies on the segments is for the
+/// caller to decide.
+void FindLineIntersection(double x1, double y1, double x2, double y2, double x3, double y3,
+                          double x4, double y4, double& ix, double& iy);
+
+/// The signed area of a closed ring of points, in square metres: positive when it
+/// runs counter-clockwise. The last point is followed by the first; a ring that
+/// repeats its first point at the end has the same area.
+double PolygonArea(std::span<const UtmPoint> points);
+
+/// The bounds of two points or more; of none, an extent that overlaps no other.
+/// NaN coordinates do not take part.
+struct Extent {
+  double xMin = kNothing;
+  double yMin = kNothing;
+  double xMax = -kNothing;
+  double yMax = -kNothing;
+
+  static constexpr double kNothing = std::numeric_limits<double>::infinity();
+
+  static Extent Of(UtmPoint a, UtmPoint b) {
+    Extent extent;
+    extent.Widen(a);
+    extent.Widen(b);
+    return extent;
+  }
+
+  void Widen(UtmPoint point) {
+    if (point.easting < xMin) xMin = point.easting;
+    if (point.easting > xMax) xMax = point.easting;
+    if (point.northing < yMin) yMin = point.northing;
+    if (point.northing > yMax) yMax = point.northing;
+  }
+
+  void Widen(const Extent& other) {
+    if (other.xMin < xMin) xMin = other.xMin;
+    if (other.xMax > xMax) xMax = other.xMax;
+    if (other.yMin < yMin) yMin = other.yMin;
+    if (other.yMax > yMax) yMax = other.yMax;
+  }
+
+  /// Whether the point lies in the extent, its bounds included.
+  bool Holds(double x, double y) const {
+    return xMin <= x && x <= xMax && yMin <= y && y <= yMax;
+  }
+
+  bool Contains(const Extent& other) const {
+    return xMin <= other.xMin && other.xMax <= xMax && yMin <= other.yMin && other.yMax <= yMax;
+  }
+
+  /// Whether the two have a point in common, bounds included.
+  bool Overlaps(const Extent& other) const {
+    return xMin <= other.xMax && other.xMin <= xMax && yMin <= other.yMax && other.yMin <= yMax;
+  }
+};
+
+/// Whether the two segments meet, tested as the outline's clean-up does: their
+/// lines' intersection lies within both extents, bounds included.
+bool SegmentsMeet(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d);
+
+/// Whether the segments a-b and c-d cross inside both, touching at no end. Exact
+/// as far as the differences of the coordinates are.
+bool SegmentsCross(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d);
+
+/// Twice the signed area of the triangle o, a, b.
+inline double Cross(UtmPoint o, UtmPoint a, UtmPoint b) {
+  return (a.easting - o.easting) * (b.northing - o.northing) -
+         (b.easting - o.easting) * (a.northing - o.northing);
+}
+
+}  // namespace kestrin

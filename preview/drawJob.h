@@ -1,0 +1,44 @@
+#pragma once
+
+#include "geo/localOffsets.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
+#include "jobstore/runHost.h"
+#include "preview/picture.h"
+#include "preview/pictureMap.h"
+#include "preview/previewState.h"
+
+namespace kestrin {
+
+/// The walk that all previews have in common: clears the picture, then hands a
+/// painter every GPS row of the job with the vehicle's position, and refreshes.
+///
+/// A Painter names its query as Epochs, is made of (Job&, const PictureMap&,
+/// Picture&), and has Ready() (whether what it reads of the job is there),
+/// Add(const EpochRow&, UtmPoint) and Finish().
+template <class Painter>
+void DrawJob(const PreviewState& state, Picture& picture, RunHost& host) {
+  if (state.jobPath.empty()) return;
+  picture.RemovePicture();
+  picture.Clear();
+  if (!HasArea(picture)) return;
+  {
+    Job job(state.jobPath);
+    if (!job.IsOpen()) return;
+    LocalOffsets<References> offsets(job);
+    if (!offsets.HasReference()) return;
+    Painter painter(job, PictureMap(state.extent, picture), picture);
+    Query<typename Painter::Epochs> epochs(job);
+    if (!painter.Ready() || !epochs.Prepared()) return;
+    for (EpochRow epoch; epochs.Next(epoch);) {
+      host.CountRow();
+      host.Yield();
+      offsets.AdvanceTo(epoch.time);
+      painter.Add(epoch, offsets.At(epoch));
+    }
+    painter.Finish();
+  }
+  picture.Refresh();
+}
+
+}  // namespace kestrin

@@ -1,1 +1,0 @@
-#include "preview/picture.h"

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "jobstore/runHost.h"
+#include "preview/picture.h"
+#include "preview/previewState.h"
+
+namespace kestrin {
+
+/// Draws the driven path: one polyline per stretch. A stretch begins at each row
+/// whose `type` has bit 16384; one of a single point is not drawn. Not clipped to
+/// the extent.
+///
+/// Clears the picture first and refreshes it at the end. Draws nothing without a
+/// job path; ends silently, with what was drawn, when the job cannot be read.
+/// Counts and yields once per GPS row.
+void DrawWirePreview(const PreviewState& state, Picture& picture, RunHost& host);
+
+}  // namespace kestrin

@@ -1,0 +1,75 @@
+#include "preview/boomPreview.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "tests/preview/previewJob.h"
+
+namespace kestrin {
+namespace {
+
+using test::PreviewJob;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(BoomPreview, DrawsEverySectionAtEveryEpochAndTheLastOnceMore) {
+  PreviewJob job;
+  job.Implement(0, {{8, -6, 0, 0}, {4, 6, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 48,80 40,80", "Line 58,80 54,80", "Line 48,70 40,70",
+                          "Line 58,70 54,70", "Polyline 58,70 54,70"));
+}
+
+TEST(BoomPreview, LiesAcrossTheHeading) {
+  PreviewJob job;
+  job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50, std::numbers::pi / 2);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 50,55 50,45", "Polyline 50,55 50,45"));
+}
+
+TEST(BoomPreview, AddsSectionOffsetsUnrotated) {
+  PreviewJob job;
+  job.Implement(0, {{10, 3, 7, 0}}).At(1, 50, 50, std::numbers::pi / 2);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 53,48 53,38", "Polyline 53,48 53,38"));
+}
+
+TEST(BoomPreview, DrawsSectionsThatAreSwitchedOff) {
+  PreviewJob job;
+  EpochRow off{.time = {1, 1000}, .east = 50, .north = 50};
+  off.type = test::kTakesPart;
+  off.boomStatus = 0;
+  job.Implement(0, {{10, 0, 0, 0}}).builder.Epoch(off);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 55,50 45,50", "Polyline 55,50 45,50"));
+}
+
+TEST(BoomPreview, DrawsNoLineWithoutAPositiveWidth) {
+  PreviewJob job;
+  job.Implement(0, {{0, 0, 0, 0}, {-3, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), IsEmpty());
+}
+
+TEST(BoomPreview, TakesAnImplementFromItsOwnTimeOnTheLastOneToo) {
+  PreviewJob job;
+  job.Implement(1, {{10, 0, 0, 0}}).Implement(2, {{20, 0, 0, 0}});
+  job.At(0, 50, 10).At(2, 50, 20);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 55,90 45,90", "Line 60,80 40,80", "Polyline 60,80 40,80"));
+}
+
+TEST(BoomPreview, DrawsASectionOfItsOwnSlotOnly) {
+  PreviewJob job;
+  std::vector<Section> sections(kSectionSlots, {-1, 0, 0, 0});
+  sections[15] = {4, 1, 0, 0};
+  job.Implement(0, sections).At(1, 50, 50);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 53,50 49,50", "Polyline 53,50 49,50"));
+}
+
+TEST(BoomPreview, SkipsALineWithoutAPlace) {
+  PreviewJob job;
+  job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 1e300, 60);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 55,50 45,50", "Polyline 55,50 45,50"));
+}
+
+}  // namespace
+}  // namespace kestrin

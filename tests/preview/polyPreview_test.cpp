@@ -1,0 +1,125 @@
+#include "preview/polyPreview.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "tests/preview/previewJob.h"
+
+namespace kestrin {
+namespace {
+
+using test::PreviewJob;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// The recording picture's colours at the start: 1 the outline, 2 the fill.
+
+PreviewJob& TenWide(PreviewJob& job) { return job.Implement(0, {{4, -3, 0, 0}, {6, 2, 0, 0}}); }
+
+TEST(PolyPreview, FillsAndOutlinesEachStepAndEdgesTheStart) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 40);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
+                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80", "ForeColor 2",
+                          "Polygon 55,70 55,60 45,60 45,70", "ForeColor 1", "Line 55,70 55,60",
+                          "Line 45,70 45,60"));
+}
+
+TEST(PolyPreview, EdgesTheEndOfARunAtABreak) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 60, 0, true).At(4, 50, 70);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
+                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80",
+                          "Line 55,70 45,70",  // the end of the first run
+                          "ForeColor 2", "Polygon 55,40 55,30 45,30 45,40", "ForeColor 1",
+                          "Line 55,40 55,30", "Line 45,40 45,30", "Line 55,40 45,40"));
+}
+
+TEST(PolyPreview, ABreakWithoutAnOpenRunDrawsNothing) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50, 40, 0, true).At(3, 50, 60, 0, true);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview), IsEmpty());
+}
+
+TEST(PolyPreview, AStationaryVehicleAddsNothing) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50.1, 20.1).At(3, 50, 20);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview), IsEmpty());
+}
+
+TEST(PolyPreview, ARowWithoutVisibleMovementIsNoBreakEither) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 30, 0, true).At(4, 50, 40);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
+                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80", "ForeColor 2",
+                          "Polygon 55,70 55,60 45,60 45,70", "ForeColor 1", "Line 55,70 55,60",
+                          "Line 45,70 45,60"));
+}
+
+TEST(PolyPreview, TurningOnTheSpotIsMovement) {
+  PreviewJob job;
+  const double threeFourFive = std::acos(0.8);
+  TenWide(job).At(1, 50, 20).At(2, 50, 20, threeFourFive);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 54,83 46,77 45,80", "ForeColor 1",
+                          "Line 55,80 54,83", "Line 45,80 46,77", "Line 55,80 45,80"));
+}
+
+TEST(PolyPreview, SumsThePositiveWidthsOnly) {
+  PreviewJob job;
+  job.Implement(0, {{4, 0, 0, 0}, {-90, 0, 0, 0}, {0, 0, 0, 0}, {2, 40, 0, 0}});
+  job.At(1, 50, 20).At(2, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 53,80 53,70 47,70 47,80", "ForeColor 1",
+                          "Line 53,80 53,70", "Line 47,80 47,70", "Line 53,80 47,80"));
+}
+
+TEST(PolyPreview, WidthsOfZeroMakeASwathWithoutWidth) {
+  PreviewJob job;
+  job.Implement(0, {{0, 0, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 50,80 50,70 50,70 50,80", "ForeColor 1",
+                          "Line 50,80 50,70", "Line 50,80 50,70", "Line 50,80 50,80"));
+}
+
+TEST(PolyPreview, TakesAnImplementFromItsOwnTimeOn) {
+  PreviewJob job;
+  job.Implement(0, {{10, 0, 0, 0}}).Implement(2, {{20, 0, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 60,70 40,70 45,80", "ForeColor 1",
+                          "Line 55,80 60,70", "Line 45,80 40,70", "Line 55,80 45,80"));
+}
+
+TEST(PolyPreview, DrawsNothingWithoutAnImplement) {
+  PreviewJob job;
+  job.At(1, 50, 20).At(2, 50, 30);
+  DrawPolyPreview(test::HundredMetres(job.builder.Finish()), job.picture, job.host);
+  EXPECT_THAT(job.picture.Take(), ElementsAre("RemovePicture", "Clear"));
+}
+
+TEST(PolyPreview, SkipsARowWithoutAPlace) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 1e300, 25).At(3, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
+                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80"));
+}
+
+TEST(PolyPreview, BreaksTheSwathAlsoAtARowWithoutAPlace) {
+  PreviewJob job;
+  TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 1e300, 0, 0, true).At(4, 50, 60).At(5, 50, 70);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
+                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80",
+                          "Line 55,70 45,70",  // the end of the first run
+                          "ForeColor 2", "Polygon 55,40 55,30 45,30 45,40", "ForeColor 1",
+                          "Line 55,40 55,30", "Line 45,40 45,30", "Line 55,40 45,40"));
+}
+
+}  // namespace
+}  // namespace kestrin

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "geo/localOffsets.h"
+#include "geo/modProj4.h"
+#include "jobstore/queries.h"
+#include "preview/previewState.h"
+#include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
+#include "tests/support/recordingPicture.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::test {
+
+/// Where the jobs of the preview tests lie: degrees.
+inline constexpr double kLatitude = 49.8;
+inline constexpr double kLongitude = -97.1;
+
+/// The working plane's origin for a reference location there, to the last digit as
+/// a job gives it: stored in radians.
+inline UtmPoint Origin(double latitude = kLatitude, double longitude = kLongitude) {
+  constexpr double kRadiansPerDegree = 0.0174532925199433;
+  double northing = latitude * kRadiansPerDegree * kDegreesPerRadian;
+  double easting = longitude * kRadiansPerDegree * kDegreesPerRadian;
+  GeoToUtm(northing, easting, UtmZoneOf(kLatitude, kLongitude));
+  return {easting, northing};
+}
+
+/// An extent of 100 by 100 m east and north of the origin, at a metre per unit of a
+/// picture of 100 by 100: an epoch at east e, north n is drawn at e, 100 - n.
+inline PreviewState HundredMetres(const std::string& jobPath) {
+  const UtmPoint origin = Origin();
+  return {jobPath,
+          {origin.easting, origin.northing, origin.easting + 100, origin.northing + 100, 1}};
+}
+
+/// A job with one reference location, to be filled by a test.
+struct PreviewJob {
+  TempFolder folder;
+  JobBuilder builder{folder / "job.sqlite"};
+  RecordingHost host;
+  RecordingPicture picture;
+
+  PreviewJob() { builder.Reference({1, 0}, kLatitude, kLongitude); }
+
+  /// An epoch on the hundred metres, `second` seconds into week 1.
+  PreviewJob& At(int second, double east, double north, double yaw = 0, bool begins = false) {
+    builder.Epoch({1, second * 1000}, east, north, yaw, begins);
+    return *this;
+  }
+  PreviewJob& Implement(int second, const std::vector<Section>& sections) {
+    builder.Implement({1, second * 1000}, "Boom", sections);
+    return *this;
+  }
+
+  using Renderer = void (*)(const PreviewState&, Picture&, RunHost&);
+
+  /// The calls between the clearing and the refresh, which are checked to be there.
+  std::vector<std::string> Drawn(Renderer renderer);
+};
+
+}  // namespace kestrin::test
