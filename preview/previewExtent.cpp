@@ -18,7 +18,8 @@ class Bounds {
   const PreviewExtent& Get() const { return extent_; }
 
   void Widen(GroundPoint point) {
-    if (!point.IsFinite()) return;
+    // Nearly all of a job's points; none that is no number.
+    if (Holds(point) || !point.IsFinite()) return;
     if (empty_) {
       extent_ = {point.x, point.y, point.x, point.y, 0};
       empty_ = false;
@@ -31,6 +32,11 @@ class Bounds {
   }
 
  private:
+  bool Holds(GroundPoint point) const {
+    return !empty_ && extent_.xMin <= point.x && point.x <= extent_.xMax &&
+           extent_.yMin <= point.y && point.y <= extent_.yMax;
+  }
+
   PreviewExtent extent_;
   bool empty_ = true;
 };

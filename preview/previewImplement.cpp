@@ -6,12 +6,6 @@ namespace kestrin {
 
 Heading::Heading(double yaw) : cos_(std::cos(yaw)), sin_(std::sin(yaw)) {}
 
-GroundLine Heading::Across(GroundPoint centre, double width) const {
-  const double half = width / 2;
-  return {{centre.x + half * cos_, centre.y - half * sin_},
-          {centre.x - half * cos_, centre.y + half * sin_}};
-}
-
 PreviewImplement::PreviewImplement(Job& job) : cursor_(job) {
   if (cursor_.HasCurrent()) Take(cursor_.Current());
 }

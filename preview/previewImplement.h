@@ -19,7 +19,11 @@ class Heading {
 
   /// The line across the heading, `width` metres long about its centre, from its
   /// right end to its left.
-  GroundLine Across(GroundPoint centre, double width) const;
+  GroundLine Across(GroundPoint centre, double width) const {
+    const double half = width / 2;
+    return {{centre.x + half * cos_, centre.y - half * sin_},
+            {centre.x - half * cos_, centre.y + half * sin_}};
+  }
 
  private:
   double cos_;

@@ -1,0 +1,185 @@
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "bench/measures.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
+#include "preview/previewExtent.h"
+#include "preview/previewKinds.h"
+#include "tools/sample/jobSchema.h"
+
+/// What selecting a job and drawing its preview cost, against the same scans of the
+/// job by SQLite alone: rows counted, newest row, extent, drawing. The picture takes
+/// the calls and paints nothing.
+
+namespace kestrin {
+namespace {
+
+using bench::SecondsOf;
+
+class Database {
+ public:
+  explicit Database(const std::string& path) {
+    Check(sqlite3_open(path.c_str(), &database_) == SQLITE_OK);
+  }
+  ~Database() { sqlite3_close(database_); }
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  void Execute(const std::string& sql) {
+    Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
+  }
+
+  /// Reads a query's rows: two integers, then the columns that are doubles, and an
+  /// integer at `integerAt` where there is one.
+  void Scan(std::string_view text, int integerAt = -1, bool firstRowOnly = false) {
+    sqlite3_stmt* rows = nullptr;
+    Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
+                             nullptr) == SQLITE_OK);
+    const int columns = sqlite3_column_count(rows);
+    while (sqlite3_step(rows) == SQLITE_ROW) {
+      for (int column = 0; column < columns; ++column) {
+        if (column < 2 || column == integerAt) {
+          benchmark::DoNotOptimize(sqlite3_column_int(rows, column));
+        } else {
+          benchmark::DoNotOptimize(sqlite3_column_double(rows, column));
+        }
+      }
+      if (firstRowOnly) break;
+    }
+    sqlite3_finalize(rows);
+  }
+
+ private:
+  void Check(bool good) const {
+    if (!good) throw std::runtime_error(sqlite3_errmsg(database_));
+  }
+
+  sqlite3* database_ = nullptr;
+};
+
+/// A job driven to and fro at 10 Hz with 16 sections.
+void MakeJob(const std::string& path, std::int64_t rows) {
+  Database job(path);
+  job.Execute("PRAGMA synchronous=OFF");
+  job.Execute(JobSchema());
+  job.Execute("INSERT INTO ReferenceLocationChangeTable VALUES (1000, 0, 0.79, -1.63, 300)");
+  std::string sections;
+  for (int slot = 0; slot < kSectionSlots; ++slot) {
+    sections += ", 0.762, " + std::to_string(0.762 * slot) + ", 0, 0";
+  }
+  job.Execute("INSERT INTO ImplChangeTable VALUES (1000, 0, 'Planter', 1" + sections + ")");
+  job.Execute("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
+              std::to_string(rows) +
+              ") INSERT INTO GpsDataTable SELECT 1000 + i / 6000000, i % 6000000 * 100, "
+              "i / 1000 * 9.1 + i % 7 * 0.01, abs(i % 2000 - 1000) * 0.31, 0.5, i % 628 * 0.01, "
+              "0, 0, 3.1, 8192 + (i % 1000 = 0) * 16384, 7 FROM n");
+}
+
+/// Counts the calls.
+class BlankPicture : public Picture {
+ public:
+  double Width() const override { return 504; }
+  double Height() const override { return 504; }
+  std::uint32_t ForeColor() const override { return 0; }
+  void SetForeColor(std::uint32_t) override {}
+  std::uint32_t FillColor() const override { return 0; }
+  void SetFillColor(std::uint32_t) override {}
+  void RemovePicture() override {}
+  void Clear() override {}
+  void Polyline(std::span<const PicturePoint> points) override { Count(points.data()); }
+  void Polygon(std::span<const PicturePoint> points) override { Count(points.data()); }
+  void Line(PicturePoint from, PicturePoint to) override {
+    benchmark::DoNotOptimize(to);
+    Count(from);
+  }
+  void Circle(PicturePoint centre, std::int32_t) override { Count(centre); }
+  void Refresh() override {}
+
+  std::int64_t calls = 0;
+
+ private:
+  template <class What>
+  void Count(What what) {
+    benchmark::DoNotOptimize(what);
+    ++calls;
+  }
+};
+
+class CountingHost : public RunHost {
+ public:
+  void CountRow() override { ++rows; }
+  void Yield() override {}
+  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
+
+  std::int64_t rows = 0;
+};
+
+struct KindScan {
+  std::string_view text;
+  int integerAt;
+};
+constexpr KindScan kScans[]{{PreviewWireEpochs::Text(), 4},
+                            {PreviewBoomEpochs::Text(), -1},
+                            {PreviewPolyEpochs::Text(), 4},
+                            {PreviewPointEpochs::Text(), -1}};
+
+void SelectAndPreview(const std::string& path, int kind, BlankPicture& picture) {
+  {
+    Job job(path);
+    CountRow count;
+    KeyRow newest;
+    ReadFirst<EpochCount>(job, count);
+    ReadFirst<NewestEpoch>(job, newest);
+    benchmark::DoNotOptimize(newest);
+  }
+  CountingHost host;
+  PreviewState state;
+  FindPreviewExtent(path, state, picture, host);
+  DrawPreview(kind, state, picture, host);
+}
+
+void ScanAlone(const std::string& path, const KindScan& scan) {
+  Database job(path);
+  job.Scan(EpochCount::Text(), -1, true);
+  job.Scan(NewestEpoch::Text(), -1, true);
+  job.Scan(PreviewBoomEpochs::Text());
+  job.Scan(scan.text, scan.integerAt);
+}
+
+void Preview(benchmark::State& state) {
+  const bench::ScratchFolder folder;
+  const std::string job = folder / "job.sqlite";
+  const int kind = static_cast<int>(state.range(1));
+  MakeJob(job, state.range(0));
+  double whole = 0;
+  double scans = 0;
+  BlankPicture picture;
+  for (auto iteration : state) {
+    picture.calls = 0;
+    const double seconds = SecondsOf([&] { SelectAndPreview(job, kind, picture); });
+    state.SetIterationTime(seconds);
+    whole += seconds;
+    scans += SecondsOf([&] { ScanAlone(job, kScans[kind]); });
+  }
+  state.counters["scans_s"] = benchmark::Counter(scans, benchmark::Counter::kAvgIterations);
+  state.counters["times_scans"] = whole / scans;
+  state.counters["calls"] = static_cast<double>(picture.calls);
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Preview)
+    ->ArgNames({"rows", "kind"})
+    ->ArgsProduct({{10'000, 100'000, 1'000'000}, {0, 1, 2, 3}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace kestrin
+
+BENCHMARK_MAIN();
