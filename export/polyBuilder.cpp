@@ -34,6 +34,8 @@ void PolygonBuilder::Begin(const SwathRow& row) {
 
 void PolygonBuilder::Close() {
   if (rows_ == 0) return;
+  outline_.leftEdge.RemoveLastLoop(outline_.rightEdge);
+  outline_.rightEdge.RemoveLastLoop(outline_.leftEdge);
   ring_.Build(outline_.leftEdge.Points(), outline_.rightEdge.Points());
   if (rows_ < kFewestRows) {
     early_.push_back(ring_);
