@@ -28,8 +28,7 @@ void PolygonBuilder::Finish() {
 
 void PolygonBuilder::Begin(const SwathRow& row) {
   Close();
-  outline_.Restart();
-  outline_.Append(row);
+  outline_.Begin(row);
 }
 
 void PolygonBuilder::Close() {

@@ -24,6 +24,10 @@ double SquareDistance(UtmPoint a, UtmPoint b) {
 constexpr double kLeastTurn = -0.25;
 constexpr double kMostTurn = 1.5 * std::numbers::pi;
 
+// Loops of less than this share of the implement's square, such as a vehicle makes
+// that jolts or backs up a little, are not worth an argument.
+constexpr double kSmall = 0.04;
+
 }  // namespace
 
 void SwathEdge::Crossing::Offer(std::size_t at, UtmPoint where, UtmPoint from) {
@@ -31,14 +35,14 @@ void SwathEdge::Crossing::Offer(std::size_t at, UtmPoint where, UtmPoint from) {
   if (!Found() || offered < distance) *this = {at, where, offered};
 }
 
-void SwathEdge::Restart() {
+void SwathEdge::Restart(UtmPoint origin) {
   trail_.Restart();
   notes_.clear();
+  origin_ = origin;
 }
 
 void SwathEdge::Append(UtmPoint point, const SwathMotion& motion) {
   if (notes_.empty()) {
-    origin_ = point;
     Push(point, motion.turned, true);
     return;
   }
@@ -53,19 +57,19 @@ void SwathEdge::DropNewest() {
   notes_.pop_back();
 }
 
-void SwathEdge::RemoveLoops(const SwathEdge& other) {
-  while (RemoveOwnLoop() || RemoveLoopAtStart(other) || RemoveLoopWith(other)) {
+void SwathEdge::RemoveLoops(SwathEdge& other) {
+  const double square = SquareDistance(trail_.Back(), other.trail_.Back());
+  while (RemoveOwnLoop(square) || RemoveLoopAtStart(other) || RemoveLoopWith(other)) {
   }
 }
 
-bool SwathEdge::RemoveOwnLoop() {
+bool SwathEdge::RemoveOwnLoop(double square) {
   if (trail_.Size() < 4) return false;
   const UtmPoint a = FromEnd(1);
-  const UtmPoint b = FromEnd(0);
   Crossing first;
-  trail_.AnyNear(Extent::Of(a, b), trail_.Size() - 3, [&](std::size_t i) {
+  trail_.AnyNear(Extent::Of(a, trail_.Back()), trail_.Size() - 3, [&](std::size_t i) {
     UtmPoint point;
-    if (CrossesNewest(i, point) && IsFold(i, point)) first.Offer(i, point, a);
+    if (CrossesNewest(i, point) && IsFold(i, point, square)) first.Offer(i, point, a);
     return false;
   });
   if (!first.Found()) return false;
@@ -99,33 +103,34 @@ bool SwathEdge::RemoveLoopAtStart(const SwathEdge& other) {
   if (trail_.Size() < 3) return false;
   const UtmPoint a = FromEnd(1);
   const UtmPoint b = FromEnd(0);
-  const UtmPoint mine = trail_[0];
-  const UtmPoint others = other.trail_[0];
-  if (!SegmentsCross(a, b, mine, others)) return false;
-  const UtmPoint point = MeetingPoint(a, b, mine, others);
-  const double area = notes_[notes_.size() - 2].area - notes_[0].area +
-                      Cross(origin_, point, mine) + Cross(origin_, a, point);
-  if (!(area * toSide_ > 0) || !TurnsToSide(0)) return false;
+  if (!SegmentsCross(a, b, trail_[0], other.trail_[0])) return false;
+  const UtmPoint point = MeetingPoint(a, b, trail_[0], other.trail_[0]);
+  const double area = LoopArea(other, 0, point);
+  const double turn = TurnSince(0);
+  const bool covered = area > 0 && turn > kLeastTurn && turn < kMostTurn;
+  if (!covered && !(area < 0 && -area < SquareDistance(trail_.Back(), other.trail_.Back()))) return false;
   MoveTo(0, point);
   return true;
 }
 
-bool SwathEdge::RemoveLoopWith(const SwathEdge& other) {
+bool SwathEdge::RemoveLoopWith(SwathEdge& other) {
   if (trail_.Size() < 3) return false;
   const UtmPoint a = FromEnd(1);
   const UtmPoint b = FromEnd(0);
-  const double most = 4 * SquareDistance(trail_.Back(), other.trail_.Back()) / 4;
+  const double most = SquareDistance(trail_.Back(), other.trail_.Back());
   Crossing first;
-  other.trail_.AnyNear(Extent::Of(a, b), other.trail_.Size() - 1, [&](std::size_t i) {
+  other.trail_.AnyNear(Extent::Of(a, b), other.trail_.Size() - 2, [&](std::size_t i) {
     if (SegmentsCross(a, b, other.trail_[i], other.trail_[i + 1])) {
       const UtmPoint point = MeetingPoint(a, b, other.trail_[i], other.trail_[i + 1]);
-      const double area = LoopArea(other, i, point) * toSide_;
+      const double area = LoopArea(other, i, point);
       if (area < 0 && -area < most) first.Offer(i, point, a);
     }
     return false;
   });
   if (!first.Found()) return false;
-  return false;
+  other.MoveBeginning(first.segment, first.point);
+  MoveTo(0, first.point);
+  return true;
 }
 
 void SwathEdge::RemoveLastLoop(const SwathEdge& other) {
@@ -136,8 +141,9 @@ void SwathEdge::RemoveLastLoop(const SwathEdge& other) {
   trail_.AnyNear(Extent::Of(a, b), trail_.Size() - 2, [&](std::size_t i) {
     if (SegmentsCross(a, b, trail_[i], trail_[i + 1])) {
       const UtmPoint point = MeetingPoint(a, b, trail_[i], trail_[i + 1]);
-      const double area = LoopArea(i, point, trail_.Size() - 1) * toSide_;
-      if (area > 0 && TurnsToSide(i + 1)) first.Offer(i, point, a);
+      const double area = LoopArea(i, point, trail_.Size() - 1);
+      const double turn = TurnSince(i + 1);
+      if (area > 0 && turn > kLeastTurn && turn < kMostTurn) first.Offer(i, point, a);
     }
     return false;
   });
@@ -147,35 +153,48 @@ void SwathEdge::RemoveLastLoop(const SwathEdge& other) {
   Push(first.point, 0, true);
 }
 
-bool SwathEdge::TurnsToSide(std::size_t note) const {
-  const double turn = static_cast<double>(notes_.back().turned - notes_[note].turned) * toSide_;
-  return turn > kLeastTurn && turn < kMostTurn;
+double SwathEdge::TurnSince(std::size_t note) const {
+  return static_cast<double>(notes_.back().turned - notes_[note].turned) * toSide_;
 }
 
-bool SwathEdge::IsFold(std::size_t segment, UtmPoint crossing) const {
-  const double area = LoopArea(segment, crossing, trail_.Size() - 2) * toSide_;
+bool SwathEdge::IsFold(std::size_t segment, UtmPoint crossing, double square) const {
+  const double turn = TurnSince(segment + 1);
+  if (!(std::fabs(turn) < kMostTurn)) return false;
+  const double area = LoopArea(segment, crossing, trail_.Size() - 2);
+  if (std::fabs(area) < kSmall * square) return true;
   // Drawn forward on the way in and out, the loop is covered twice. With either
   // drawn backward it runs the other way round.
   const bool forward = notes_[segment + 1].forward && notes_.back().forward;
-  return (forward ? area > 0 : area < 0) && TurnsToSide(segment + 1);
+  return (forward ? area > 0 : area < 0) && turn > kLeastTurn;
 }
 
 double SwathEdge::LoopArea(std::size_t segment, UtmPoint crossing, std::size_t last) const {
   constexpr std::size_t kShort = 16;
-  if (last - segment <= kShort) {
-    double area = 0;
-    for (std::size_t i = segment + 1; i < last; ++i) {
-      area += Cross(crossing, trail_[i], trail_[i + 1]);
-    }
-    return area;
+  if (last - segment > kShort) {
+    return toSide_ * (notes_[last].area - notes_[segment + 1].area +
+                      Cross(origin_, crossing, trail_[segment + 1]) +
+                      Cross(origin_, trail_[last], crossing));
   }
-  return notes_[last].area - notes_[segment + 1].area +
-         Cross(origin_, crossing, trail_[segment + 1]) + Cross(origin_, trail_[last], crossing);
+  double area = 0;
+  for (std::size_t i = segment + 1; i < last; ++i) area += Cross(crossing, trail_[i], trail_[i + 1]);
+  return toSide_ * area;
 }
 
 double SwathEdge::LoopArea(const SwathEdge& other, std::size_t segment, UtmPoint crossing) const {
   // Back along the other edge to its beginning, across, and along this one.
-  return 0 * Cross(origin_, crossing, other.trail_[segment]);
+  const std::size_t last = trail_.Size() - 2;
+  return toSide_ * (Cross(origin_, crossing, other.trail_[segment]) -
+                    (other.notes_[segment].area - other.notes_[0].area) +
+                    Cross(origin_, other.trail_[0], trail_[0]) +
+                    (notes_[last].area - notes_[0].area) + Cross(origin_, trail_[last], crossing));
+}
+
+void SwathEdge::MoveBeginning(std::size_t last, UtmPoint crossing) {
+  const double area = notes_[last + 1].area - Cross(origin_, crossing, trail_[last + 1]);
+  for (std::size_t i = 0; i <= last; ++i) {
+    trail_.Move(i, crossing);
+    notes_[i].area = area;
+  }
 }
 
 void SwathEdge::MoveTo(std::size_t kept, UtmPoint crossing) {

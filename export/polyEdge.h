@@ -35,7 +35,8 @@ class SwathEdge {
 
   explicit SwathEdge(Side side) : toSide_(side == Side::kRight ? 1 : -1) {}
 
-  void Restart();
+  /// `origin` is any point near; the same for both edges.
+  void Restart(UtmPoint origin);
   void Append(UtmPoint point, const SwathMotion& motion);
   void DropNewest();
 
@@ -43,7 +44,7 @@ class SwathEdge {
 
   /// Takes away the loops that the newest segment closes with this edge, with the
   /// line between the two edges' first points, and with the other edge.
-  void RemoveLoops(const SwathEdge& other);
+  void RemoveLoops(SwathEdge& other);
 
   /// Takes away the loop that the line between the two edges' last points closes.
   void RemoveLastLoop(const SwathEdge& other);
@@ -69,13 +70,14 @@ class SwathEdge {
   UtmPoint FromEnd(std::size_t back) const { return trail_[trail_.Size() - 1 - back]; }
   double LoopArea(std::size_t segment, UtmPoint crossing, std::size_t last) const;
   double LoopArea(const SwathEdge& other, std::size_t segment, UtmPoint crossing) const;
-  bool TurnsToSide(std::size_t note) const;
-  bool IsFold(std::size_t segment, UtmPoint crossing) const;
+  double TurnSince(std::size_t note) const;
+  bool IsFold(std::size_t segment, UtmPoint crossing, double square) const;
 
-  bool RemoveOwnLoop();
+  bool RemoveOwnLoop(double square);
   bool RemoveLoopAtStart(const SwathEdge& other);
-  bool RemoveLoopWith(const SwathEdge& other);
+  bool RemoveLoopWith(SwathEdge& other);
   void MoveTo(std::size_t kept, UtmPoint crossing);
+  void MoveBeginning(std::size_t last, UtmPoint crossing);
   void Push(UtmPoint point, double turned, bool forward);
 
   double toSide_;

@@ -37,16 +37,20 @@ SwathRow SwathRow::Of(UtmPoint centre, double yaw, double width) {
           yaw};
 }
 
-void Outline::Restart() {
+void Outline::Begin(const SwathRow& row) {
   centres.Restart();
-  leftEdge.Restart();
-  rightEdge.Restart();
+  leftEdge.Restart(row.centre);
+  rightEdge.Restart(row.centre);
+  turned_ = 0;
+  Add(row, {});
 }
 
 void Outline::Append(const SwathRow& row) {
-  const bool first = centres.Size() == 0;
-  turned_ = first ? 0 : turned_ + TurnBetween(newest_.yaw, row.yaw);
-  const SwathMotion motion = first ? SwathMotion{} : MotionTo(row);
+  turned_ += TurnBetween(newest_.yaw, row.yaw);
+  Add(row, MotionTo(row));
+}
+
+void Outline::Add(const SwathRow& row, const SwathMotion& motion) {
   centres.Append(row.centre);
   leftEdge.Append(row.left, motion);
   rightEdge.Append(row.right, motion);

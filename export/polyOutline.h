@@ -25,11 +25,13 @@ struct Outline {
   SwathEdge leftEdge{SwathEdge::Side::kLeft};
   SwathEdge rightEdge{SwathEdge::Side::kRight};
 
-  void Restart();
+  /// Begins a polygon with a row.
+  void Begin(const SwathRow& row);
   void Append(const SwathRow& row);
   void DropNewest();
 
  private:
+  void Add(const SwathRow& row, const SwathMotion& motion);
   SwathMotion MotionTo(const SwathRow& row) const;
 
   SwathRow newest_;

@@ -104,7 +104,7 @@ std::vector<SharpTurn> SharpTurns() {
             }
           }
           if (yaw < 1) {
-            add("spiral", drive().Spiral(5, width * 1.02, radius));
+            add("spiral", drive().Spiral(5, width * 1.3, radius));
           }
         }
       }
