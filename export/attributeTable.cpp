@@ -18,8 +18,7 @@ constexpr char kHeaderEnd = 0x0D;
 constexpr std::size_t kNameSize = 10;
 
 void PutDescriptor(char* out, const Field& field) {
-  const std::size_t size = std::min(field.name.size(), kFieldNameSize);
-  std::memcpy(out, field.name.data(), size);
+  std::copy_n(field.name.begin(), std::min(field.name.size(), kFieldNameSize), out);
   out[11] = field.type;
   out[16] = static_cast<char>(field.width);
   out[17] = static_cast<char>(field.decimals);
@@ -86,6 +85,12 @@ AttributeRecord::AttributeRecord(std::span<const Field> fields)
     : bytes_(RecordLength(fields), ' ') {
   widths_.reserve(fields.size());
   for (const Field& field : fields) widths_.push_back(field.width);
+}
+
+void AttributeRecord::GoTo(std::size_t field) {
+  assert(field <= widths_.size());
+  Clear();
+  while (field_ < field) end_ += static_cast<std::size_t>(widths_[field_++]);
 }
 
 void AttributeRecord::Add(std::string_view text, Keep keep) {

@@ -51,6 +51,9 @@ class AttributeRecord {
     end_ = 1;
   }
 
+  /// On to any field, counted from 0; the others keep their text.
+  void GoTo(std::size_t field);
+
   /// Writes the next field.
   void Add(std::string_view text, Keep keep);
 

@@ -34,8 +34,8 @@ SetFile::~SetFile() {
   if (name_.empty()) return;
   try {
     files_.Remove(name_);
-  } catch (const FileError&) {
-    // Whoever comes here is told of the failure that led here.
+  } catch (...) {
+    // The failure that led here is the one to be told.
   }
 }
 

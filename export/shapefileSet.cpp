@@ -90,9 +90,10 @@ struct ShapefileSet::State {
     shp.Append(View(FileHeader(type, 0, {})));
   }
 
-  char* PutRecordHeader(char* out, std::uint64_t contentBytes);
+  char* PutRecordHeader(char* out, std::uint64_t contentBytes) const;
   void AddIndex(std::uint64_t start, std::uint64_t contentBytes);
   void CompleteFiles();
+  std::vector<SetFile*> InOrderOfNaming();
   void WriteSidecar(std::optional<SetFile>& file, const char* extension, std::string_view text);
 
   FileSystem& files;
@@ -117,7 +118,7 @@ struct ShapefileSet::State {
   SetFile shp;
 };
 
-char* ShapefileSet::State::PutRecordHeader(char* out, std::uint64_t contentBytes) {
+char* ShapefileSet::State::PutRecordHeader(char* out, std::uint64_t contentBytes) const {
   out = PutBe32(out, recordCount);
   out = PutBe32(out, Words(contentBytes));
   return PutLe32(out, static_cast<std::uint32_t>(type));
@@ -134,6 +135,18 @@ void ShapefileSet::State::CompleteFiles() {
   PutLe32(count.data(), recordCount);
   dbf.Patch(kRecordCountOffset, View(count));
   *dbf.Next(1) = kEndOfTable;
+  if (!options.withProjection) return;
+  WriteSidecar(prj, ".prj", kProjection);
+  WriteSidecar(cpg, ".cpg", kEncoding);
+}
+
+std::vector<SetFile*> ShapefileSet::State::InOrderOfNaming() {
+  std::vector<SetFile*> all{&shx, &dbf};
+  if (prj) all.push_back(&*prj);
+  if (cpg) all.push_back(&*cpg);
+  // The set is there from the moment its ".shp" is.
+  all.push_back(&shp);
+  return all;
 }
 
 void ShapefileSet::State::WriteSidecar(std::optional<SetFile>& file, const char* extension,
@@ -189,18 +202,25 @@ void ShapefileSet::EndRecord() {
 }
 
 void ShapefileSet::AddPairs(const Box& box, std::span<const double> coordinates) {
+  BeginPairs(box, coordinates.size() / 4);
+  AddPairPoints(coordinates);
+}
+
+void ShapefileSet::BeginPairs(const Box& box, std::size_t parts) {
   State& set = *state_;
-  const auto points = static_cast<std::uint32_t>(coordinates.size() / 2);
-  assert(coordinates.size() % 4 == 0);
-  const std::uint32_t parts = points / 2;
-  const std::uint64_t content = kPairsFixedSize - kRecordHeaderSize + std::uint64_t{4} * parts +
-                                std::uint64_t{kVertexSize} * points;
+  const std::uint64_t content =
+      kPairsFixedSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{parts};
   ++set.recordCount;
   set.AddIndex(set.shp.Size(), content);
   char* out = PutBox(set.PutRecordHeader(set.shp.Next(kPairsFixedSize), content), box);
-  PutLe32(PutLe32(out, parts), points);
-  for (std::uint32_t part = 0; part < parts; ++part) PutLe32(set.shp.Next(4), 2 * part);
-  for (const double coordinate : coordinates) PutLeDouble(set.shp.Next(8), coordinate);
+  const auto partCount = static_cast<std::uint32_t>(parts);
+  PutLe32(PutLe32(out, partCount), 2 * partCount);
+  for (std::uint32_t part = 0; part < partCount; ++part) PutLe32(set.shp.Next(4), 2 * part);
+}
+
+void ShapefileSet::AddPairPoints(std::span<const double> coordinates) {
+  assert(coordinates.size() % 4 == 0);
+  for (const double coordinate : coordinates) PutLeDouble(state_->shp.Next(8), coordinate);
 }
 
 void ShapefileSet::WidenBox(double x, double y) { state_->fileBox.Widen(x, y); }
@@ -219,15 +239,7 @@ void ShapefileSet::Commit() {
   State& set = *state_;
   assert(set.attributeCount == set.recordCount);
   set.CompleteFiles();
-  if (set.options.withProjection) {
-    set.WriteSidecar(set.prj, ".prj", kProjection);
-    set.WriteSidecar(set.cpg, ".cpg", kEncoding);
-  }
-  std::vector<SetFile*> all{&set.shx, &set.dbf};
-  for (std::optional<SetFile>* sidecar : {&set.prj, &set.cpg}) {
-    if (*sidecar) all.push_back(&**sidecar);
-  }
-  all.push_back(&set.shp);
+  const std::vector<SetFile*> all = set.InOrderOfNaming();
   for (SetFile* file : all) file->Finish();
   // One that came up meanwhile must not stand beside an index of another set.
   set.files.Remove(set.basePath + kShp);

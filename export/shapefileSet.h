@@ -61,6 +61,11 @@ class ShapefileSet {
   /// left to WidenBox.
   void AddPairs(const Box& box, std::span<const double> coordinates);
 
+  /// The same for a record that does not lie in one piece: its number of parts
+  /// first, then all their coordinates, a whole number of parts at a time.
+  void BeginPairs(const Box& box, std::size_t parts);
+  void AddPairPoints(std::span<const double> coordinates);
+
   /// Widens the file's box alone.
   void WidenBox(double x, double y);
 

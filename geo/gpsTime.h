@@ -18,11 +18,12 @@ using MonthNames = std::array<std::string, 12>;
 /// The local time of a GPS key: weeks and whole seconds from 22 August 1999,
 /// milliseconds below a second dropped, no leap seconds. `zoneOffset` is in minutes
 /// east but is added as seconds: dates in file names have always been made so.
-/// Throws std::overflow_error when the week's days exceed 32 bits.
+/// Throws std::overflow_error when the week's days exceed 32 bits, and when the
+/// time lies outside the years 1 to 9999, which no date text could name.
 LocalDateTime LocalTimeOf(GpsKey key, std::int32_t zoneOffset);
 
-/// Year, abbreviated month name and day of the month run together, without
-/// padding: "2006Jun15".
+/// Year in four digits, abbreviated month name and day of the month without a
+/// leading zero, run together: "2006Jun15". Of any time that LocalTimeOf gives.
 std::string DateText(LocalDateTime time, const MonthNames& months);
 
 }  // namespace kestrin

@@ -1,8 +1,9 @@
 #include "geo/modProj4.h"
 
-#include <charconv>
+#include <array>
 #include <cmath>
-#include <cstring>
+#include <string_view>
+#include <utility>
 
 #include "geo/proj_api.h"
 
@@ -16,10 +17,10 @@ constexpr const char* kGeographic = "+proj=latlong +datum=NAD83";
 /// The height handed along; without effect between these two definitions.
 constexpr double kLocalHeight = 1.0;
 
-/// A handle for the length of a conversion; 0 when it could not be made.
+/// Holds a handle for the length of a conversion; 0 when it could not be made.
 class Handle {
  public:
-  explicit Handle(const char* definition) : handle_(pjInitPlus(definition)) {}
+  explicit Handle(std::int32_t made) : handle_(made) {}
   ~Handle() {
     if (handle_ != 0) pjFree(handle_);
   }
@@ -33,24 +34,46 @@ class Handle {
   std::int32_t handle_;
 };
 
-/// "+proj=utm +zone=14 +datum=NAD83 +nodefs", without allocation.
+/// "+proj=utm +zone=14 +datum=NAD83 +nodefs"
 class UtmDefinition {
  public:
-  explicit UtmDefinition(std::int16_t zone) {
-    char* end = Append(text_, "+proj=utm +zone=");
-    end = std::to_chars(end, text_ + sizeof text_, zone).ptr;
-    *Append(end, " +datum=NAD83 +nodefs") = '\0';
+  constexpr explicit UtmDefinition(int zone) {
+    Append("+proj=utm +zone=");
+    AppendNumber(zone);
+    Append(" +datum=NAD83 +nodefs");
   }
-  const char* Text() const { return text_; }
+  constexpr const char* Text() const { return text_.data(); }
 
  private:
-  template <std::size_t N>
-  static char* Append(char* out, const char (&text)[N]) {
-    std::memcpy(out, text, N - 1);
-    return out + N - 1;
+  constexpr void Append(std::string_view text) {
+    for (const char c : text) text_[size_++] = c;
   }
-  char text_[64];
+  constexpr void AppendNumber(int number) {
+    if (number < 0) Append("-");
+    const int magnitude = number < 0 ? -number : number;
+    if (magnitude >= 10) AppendNumber(magnitude / 10);
+    text_[size_++] = static_cast<char>('0' + magnitude % 10);
+  }
+
+  std::array<char, 48> text_{};
+  std::size_t size_ = 0;
 };
+
+constexpr int kZones = 60;
+
+template <int... zones>
+constexpr std::array<UtmDefinition, kZones> DefinitionsOf(std::integer_sequence<int, zones...>) {
+  return {UtmDefinition(zones + 1)...};
+}
+
+/// The texts of zone 1 to 60, made by the compiler: a conversion takes about as
+/// long as it would take to write one.
+constexpr auto kUtmDefinitions = DefinitionsOf(std::make_integer_sequence<int, kZones>{});
+
+std::int32_t MakeUtm(std::int16_t zone) {
+  if (zone < 1 || zone > kZones) return pjInitPlus(UtmDefinition(zone).Text());
+  return pjInitPlus(kUtmDefinitions[static_cast<std::size_t>(zone - 1)].Text());
+}
 
 }  // namespace
 
@@ -70,9 +93,9 @@ std::int16_t UtmZoneOf(double latitude, double longitude) {
 }
 
 int GeoToUtm(double& latitude, double& longitude, std::int16_t zone) {
-  const Handle geographic(kGeographic);
+  const Handle geographic(pjInitPlus(kGeographic));
   if (!geographic) return -1;
-  const Handle utm(UtmDefinition(zone).Text());
+  const Handle utm(MakeUtm(zone));
   if (!utm) return -1;
   longitude *= kRadiansPerDegree;
   latitude *= kRadiansPerDegree;
@@ -83,9 +106,9 @@ int GeoToUtm(double& latitude, double& longitude, std::int16_t zone) {
 }
 
 int UtmToGeo(double& northing, double& easting, std::int16_t zone) {
-  const Handle utm(UtmDefinition(zone).Text());
+  const Handle utm(MakeUtm(zone));
   if (!utm) return -1;
-  const Handle geographic(kGeographic);
+  const Handle geographic(pjInitPlus(kGeographic));
   if (!geographic) return -1;
   double height = kLocalHeight;
   if (pjTransform(utm.Value(), geographic.Value(), 1, 1, &easting, &northing, &height) != 0) {

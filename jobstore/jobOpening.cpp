@@ -102,18 +102,29 @@ int ReadSchema(sqlite3* database) {
                                        nullptr, nullptr, nullptr);
 }
 
-/// Opens and reads the schema; `code` is the library's code with its detail.
-DatabasePtr Open(const Way& way, int& code) {
-  sqlite3* opened = nullptr;
+/// What the files of a database come to; what a journal or log holds may be part of
+/// it as well.
+std::uintmax_t SizeOfAll(const fs::path& job) {
+  return SizeOf(job) + SizeOf(Beside(job, "-wal")) + SizeOf(Beside(job, "-journal"));
+}
+
+/// Opens one way and reads the schema; the result is the library's code with its
+/// detail.
+void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
+  sqlite3* database = nullptr;
   // One thread at a time uses a connection, so it needs no mutexes: they would be
   // taken for every column of every row.
-  code = sqlite3_open_v2(way.name.c_str(), &opened, way.flags | SQLITE_OPEN_NOMUTEX, way.vfs);
-  DatabasePtr database(opened);
-  if (code == SQLITE_OK) code = SetUp(opened, way);
-  if (code == SQLITE_OK) code = ReadSchema(opened);
-  if (code == SQLITE_OK) return database;
-  if (opened != nullptr) code = sqlite3_extended_errcode(opened);
-  return nullptr;
+  int code = sqlite3_open_v2(way.name.c_str(), &database, way.flags | SQLITE_OPEN_NOMUTEX, way.vfs);
+  opened.budget = std::make_unique<WorkBudget>(size);
+  opened.database.reset(database);
+  if (code == SQLITE_OK) {
+    opened.budget->Watch(database);
+    code = SetUp(database, way);
+  }
+  if (code == SQLITE_OK) code = ReadSchema(database);
+  opened.result =
+      code == SQLITE_OK || database == nullptr ? code : sqlite3_extended_errcode(database);
+  if (code != SQLITE_OK) opened.database.reset();
 }
 
 /// The file itself, links followed: journal and log lie beside that one. Empty when
@@ -133,7 +144,7 @@ OpenedJob OpenRepaired(const fs::path& job) {
     opened.result = Failure(opened.copy->Error());
     return opened;
   }
-  opened.database = Open(ForRepair(opened.copy->Path()), opened.result);
+  Open(ForRepair(opened.copy->Path()), SizeOfAll(opened.copy->Path()), opened);
   return opened;
 }
 
@@ -143,10 +154,7 @@ OpenedJob OpenAny(const fs::path& job, const Header& header) {
   // The immutable way never looks for a journal.
   if (atRest && SizeOf(Beside(job, "-journal")) > 0) return OpenRepaired(job);
   OpenedJob opened;
-  opened.database = Open(log      ? WithLog(job)
-                         : atRest ? Immutable(job)
-                                  : InPlace(job),
-                         opened.result);
+  Open(log ? WithLog(job) : atRest ? Immutable(job) : InPlace(job), SizeOfAll(job), opened);
   if (opened.result == SQLITE_READONLY_ROLLBACK) return OpenRepaired(job);
   return opened;
 }

@@ -5,14 +5,16 @@
 
 #include "jobstore/privateCopy.h"
 #include "jobstore/sqliteHandles.h"
+#include "jobstore/workBudget.h"
 
 namespace kestrin {
 
 /// A job file open for reading, or the reason why it is not.
 struct OpenedJob {
-  std::unique_ptr<PrivateCopy> copy;  ///< what is read, where it is not the job itself
-  DatabasePtr database;               ///< null on failure
-  int result = 0;                     ///< SQLITE_OK or the library's (primary) code
+  std::unique_ptr<PrivateCopy> copy;   ///< what is read, where it is not the job itself
+  std::unique_ptr<WorkBudget> budget;  ///< of the connection; to be renewed per statement
+  DatabasePtr database;                ///< null on failure
+  int result = 0;                      ///< SQLITE_OK or the library's (primary) code
 };
 
 /// Opens a job without changing a byte of it or of its folder, whatever state its

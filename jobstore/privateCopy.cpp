@@ -6,6 +6,7 @@
 #include "jobstore/superJournal.h"
 
 #ifndef _WIN32
+#include <cerrno>
 #include <cstdlib>
 #endif
 

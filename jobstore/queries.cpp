@@ -135,6 +135,14 @@ std::string BoomEpochs::Text(GpsKey start, GpsKey end) {
   return BoomText(clause);
 }
 
+bool BoomEpochs::Takes(GpsKey start, std::optional<GpsKey> end, GpsKey time) {
+  if (!end) return time >= start;
+  if (time.gpsWeek == start.gpsWeek) {
+    return time.gpsMsec >= start.gpsMsec && time.gpsMsec < end->gpsMsec;
+  }
+  return time > start && time < *end;
+}
+
 void BoomEpochs::Read(const Columns& columns, Row& row) {
   row.time = KeyOf(columns);
   row.east = columns.Double(2);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -265,10 +266,21 @@ struct PointEpochs {
 /// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the
 /// rows of its own first week too, so those at or after that millisecond belong to
 /// no period. This is how the sets have always been cut; downstream tools rely on it.
+///
+/// A query per period reads the whole table for each, and a job can hold tens of
+/// thousands of periods. The text without a period yields the epochs of all of
+/// them, and those between, in one scan and in the same order; Takes says of each
+/// what the time clause of a period says.
 struct BoomEpochs {
   using Row = EpochRow;
   static std::string Text(GpsKey start);
   static std::string Text(GpsKey start, GpsKey end);
+  static constexpr std::string_view Text() {
+    return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield "
+           "From GpsDataTable Where type & 8192 Order By gpsWeek, gpsMsec";
+  }
+  /// Whether the period from `start` to `end`, if it ends, holds the time.
+  static bool Takes(GpsKey start, std::optional<GpsKey> end, GpsKey time);
   static void Read(const Columns& columns, Row& row);
 };
 

@@ -53,9 +53,13 @@ struct sqliteDefs::Tables {
   HandleTable<Database> databases;
   HandleTable<StatementPtr> statements;
 
-  sqlite3* DatabaseOf(std::int32_t handle) {
+  const OpenedJob* JobOf(std::int32_t handle) {
     const Database* database = databases.Find(handle);
-    return database != nullptr ? database->job.database.get() : nullptr;
+    return database != nullptr && *database ? &database->job : nullptr;
+  }
+  sqlite3* DatabaseOf(std::int32_t handle) {
+    const OpenedJob* job = JobOf(handle);
+    return job != nullptr ? job->database.get() : nullptr;
   }
   sqlite3_stmt* StatementOf(std::int32_t handle) {
     const StatementPtr* statement = statements.Find(handle);
@@ -75,13 +79,14 @@ std::int32_t sqliteDefs::linx_sqlite3_open(const std::string& path) {
 
 std::int32_t sqliteDefs::linx_sqlite3_prepare(std::int32_t database, const std::string& sql,
                                               const std::int32_t& length) {
-  sqlite3* open = tables_->DatabaseOf(database);
-  if (open == nullptr) return -SQLITE_MISUSE;
+  const OpenedJob* job = tables_->JobOf(database);
+  if (job == nullptr) return -SQLITE_MISUSE;
+  job->budget->Renew();
   const auto size = static_cast<std::int32_t>(
       std::min(sql.size(), static_cast<std::size_t>(std::max(length, 0))));
   sqlite3_stmt* prepared = nullptr;
-  const int result =
-      sqlite3_prepare_v3(open, sql.c_str(), size, SQLITE_PREPARE_NO_VTAB, &prepared, nullptr);
+  const int result = sqlite3_prepare_v3(job->database.get(), sql.c_str(), size,
+                                        SQLITE_PREPARE_NO_VTAB, &prepared, nullptr);
   StatementPtr statement(prepared);
   if (result != SQLITE_OK) return -result;
   // A text without a statement in it prepares well, to nothing.

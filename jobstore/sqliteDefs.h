@@ -10,13 +10,13 @@ namespace kestrin {
 ///
 /// Databases and statements are 32-bit handles of this object; a negative handle
 /// is a failure, and its value the library's result code made negative. An object
-/// serves one thread at a time; two objects share nothing. Whatever is still open
+/// serves one thread at a time; two objects share no state. Whatever is still open
 /// at destruction is closed.
 ///
-/// A job is only ever read. Opening never creates, changes or locks out anything:
-/// the file and the folder it lies in keep every byte, and no journal, write-ahead
-/// log or shared-memory file appears beside it, while a write-ahead log that holds
-/// content is read together with its job.
+/// A job is only ever read, and nothing is created or changed for it: the file and
+/// the folder it lies in keep every byte, and no journal, write-ahead log or
+/// shared-memory file appears beside it, while a write-ahead log that holds content
+/// is read together with its job.
 class sqliteDefs {
  public:
   /// linx_sqlite3_step's result when a row is ready. Any other value ends the rows.
@@ -33,7 +33,8 @@ class sqliteDefs {
   /// cannot be read, or it is no database. Path in the system's 8-bit text.
   std::int32_t linx_sqlite3_open(const std::string& path);
 
-  /// Prepares the first statement in the text's first `length` characters.
+  /// Prepares the first statement in the text's first `length` characters. Only
+  /// selections over the job's own tables can be prepared.
   std::int32_t linx_sqlite3_prepare(std::int32_t database, const std::string& sql,
                                     const std::int32_t& length);
 

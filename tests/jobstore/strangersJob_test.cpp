@@ -1,17 +1,24 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <fstream>
 
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "tests/jobstore/folderState.h"
+#include "tests/jobstore/jobStates.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin {
 namespace {
 
+constexpr std::int32_t kInterrupted = 9;
 constexpr std::int32_t kCorrupt = 11;
+constexpr std::int32_t kWriteFailed = 10;
+constexpr std::int32_t kFull = 13;
 constexpr std::int32_t kTooBig = 18;
 constexpr std::int32_t kNotAuthorized = 23;
 
@@ -85,6 +92,60 @@ TEST_F(StrangersJob, AnOversizedTextEndsTheRowsWithItsCode) {
   EXPECT_EQ(versions.LastStep(), kTooBig);
 }
 
+int RootPage(const std::string& path) {
+  sqlite3* database = nullptr;
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_open(path.c_str(), &database);
+  sqlite3_prepare_v2(database, "SELECT rootpage FROM sqlite_master WHERE name='GpsDataTable'", -1,
+                     &statement, nullptr);
+  sqlite3_step(statement);
+  const int page = sqlite3_column_int(statement, 0);
+  sqlite3_finalize(statement);
+  sqlite3_close(database);
+  return page;
+}
+
+/// The inner page of a table's tree `page`, with all its branches leading to `child`.
+std::string AllLeadingTo(std::string page, std::size_t child) {
+  const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(page[at]); };
+  const auto lead = [&](std::size_t at) {
+    page.replace(at, 4, {'\0', '\0', static_cast<char>(child >> 8), static_cast<char>(child)});
+  };
+  const std::size_t cells = byte(3) * 256U + byte(4);
+  for (std::size_t cell = 0; cell < cells; ++cell) {
+    lead(byte(12 + 2 * cell) * 256U + byte(13 + 2 * cell));
+  }
+  lead(8);
+  return page;
+}
+
+TEST_F(StrangersJob, ATreeThatLeadsToItsPagesOverAndOverEnds) {
+  test::JobBuilder builder(folder_ / "job.sqlite");
+  for (int i = 0; i < 20000; ++i) builder.Epoch({1, i}, i, 0);
+  const std::string path = builder.Finish();
+  std::string bytes = test::FileBytes(path);
+  const auto root = static_cast<std::size_t>(RootPage(path));
+  const std::string inner = bytes.substr((root - 1) * 4096, 4096);
+  ASSERT_EQ(inner[0], 5);
+  // Seven levels of more than a hundred branches each, over one leaf.
+  const std::size_t first = bytes.size() / 4096 - 20;
+  std::size_t page = root;
+  for (std::size_t next = first; next < first + 7; ++next) {
+    bytes.replace((page - 1) * 4096, 4096, AllLeadingTo(inner, next));
+    page = next;
+  }
+  std::ofstream(path, std::ios::binary) << bytes;
+
+  Job job(path);
+  ASSERT_TRUE(job.IsOpen());
+  Query<WireEpochs> epochs(job);
+  EpochRow row;
+  EXPECT_FALSE(epochs.Next(row));
+  EXPECT_EQ(epochs.LastStep(), kInterrupted);
+  CountRow count;
+  EXPECT_TRUE(ReadFirst<VersionTableCount>(job, count)) << "the next query has its own budget";
+}
+
 /// Overwrites the middle page of a file of 4096-byte pages.
 void DamageMiddlePage(const std::string& path) {
   std::string bytes = test::FileBytes(path);
@@ -128,6 +189,61 @@ TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
   EXPECT_FALSE(epochs.Next(row));
   EXPECT_EQ(epochs.LastStep(), kCorrupt);
   EXPECT_EQ(row.east, 42);
+}
+
+/// No file may grow past `bytes` in this scope, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit full{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
+
+TEST(FullTemporaryDisk, EndsTheRowsOfALongSortWithAnErrorCode) {
+  const test::TempFolder folder;
+  const std::string path = test::JobBuilder(folder / "job.sqlite")
+                               .Execute(
+                                   "WITH RECURSIVE i(n) AS (SELECT 1 UNION ALL SELECT n + 1 "
+                                   "FROM i WHERE n < 100000) INSERT INTO GpsDataTable SELECT "
+                                   "1, n, n + .1, n, n, n, n, n, n, 8192, 0 FROM i")
+                               .Finish();
+  Job job(path);
+  Query<PointEpochs> epochs(job);
+  EpochRow row;
+  {
+    const FullDisk disk(50'000);
+    EXPECT_FALSE(epochs.Next(row));
+  }
+  EXPECT_TRUE(epochs.LastStep() == kFull || epochs.LastStep() == kWriteFailed) << epochs.LastStep();
+  int rows = 0;
+  Query<PointEpochs> again(job);
+  while (again.Next(row)) ++rows;
+  EXPECT_EQ(rows, 100000);
+}
+
+TEST(FullTemporaryDisk, MakesACutOffJobANegativeHandleAndLeavesNothing) {
+  const test::TempFolder folder;
+  const std::string path = MakeJob(folder.Path(), test::JobState::kCutOff);
+  const auto before = test::StateOf(folder.Path());
+  {
+    const FullDisk disk(50'000);
+    const Job job(path);
+    EXPECT_LT(job.Handle(), 0);
+  }
+  EXPECT_EQ(test::StateOf(folder.Path()), before);
+  EXPECT_TRUE(Job(path).IsOpen());
 }
 
 }  // namespace

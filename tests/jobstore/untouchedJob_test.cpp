@@ -9,6 +9,7 @@
 #include "jobstore/queries.h"
 #include "tests/jobstore/folderState.h"
 #include "tests/jobstore/jobStates.h"
+#include "tests/jobstore/ordinaryUser.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin {
@@ -71,6 +72,32 @@ TEST_P(UntouchedJob, IsReadRightByTwoAtOnceAndAgain) {
   Job again(path);
   ExpectAllEpochs(again);
   EXPECT_EQ(test::StateOf(folder.Path()), before);
+}
+
+TEST_P(UntouchedJob, IsReadRightWhereNothingMayBeWritten) {
+  using fs::perms;
+  const test::TempFolder folder;
+  const std::string path = MakeJob(folder.Path(), GetParam().state);
+  constexpr perms kRead = perms::owner_read | perms::group_read | perms::others_read;
+  constexpr perms kEnter = perms::owner_exec | perms::group_exec | perms::others_exec;
+  for (const auto& entry : fs::directory_iterator(folder.Path())) {
+    fs::permissions(entry.path(), kRead);
+  }
+  fs::permissions(folder.Path(), kRead | kEnter);
+  const auto before = test::StateOf(folder.Path());
+  bool told = false;
+  {
+    const test::OrdinaryUser user;
+    told = user.CanTell(path);
+    if (told) {
+      Job job(path);
+      EXPECT_TRUE(job.IsOpen()) << job.Handle();
+      ExpectAllEpochs(job);
+    }
+  }
+  EXPECT_EQ(test::StateOf(folder.Path()), before);
+  fs::permissions(folder.Path(), perms::owner_all);
+  if (!told) GTEST_SKIP() << "permissions cannot be made to bind";
 }
 
 TEST_P(UntouchedJob, NamesWithUriCharactersAreFileNames) {

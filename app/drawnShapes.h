@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "preview/picture.h"
+
+namespace kestrin {
+
+/// Remembers some of the lines and circles just drawn in one colour, so that one
+/// drawn again can be left out: a long job covers each of a few pixels thousands of
+/// times. It never takes a new shape for an old one; it may forget an old one.
+class DrawnShapes {
+ public:
+  DrawnShapes() : slots_(std::make_unique<Slots>()) {}
+
+  /// Whether the shape is remembered; from now on it is.
+  bool Contains(PicturePoint from, PicturePoint to, std::int32_t radius) {
+    Slot& slot = (*slots_)[IndexOf(from, to, radius)];
+    const Slot shape{from, to, radius, round_};
+    if (slot == shape) return true;
+    slot = shape;
+    return false;
+  }
+
+  /// Forgets all: something else was drawn over them.
+  void Forget() { ++round_; }
+
+ private:
+  struct Slot {
+    PicturePoint from;
+    PicturePoint to;
+    std::int32_t radius = 0;
+    std::uint64_t round = 0;
+
+    friend bool operator==(const Slot&, const Slot&) = default;
+  };
+
+  static constexpr std::size_t kSlots = std::size_t{1} << 15;
+  using Slots = std::array<Slot, kSlots>;
+
+  static std::size_t IndexOf(PicturePoint from, PicturePoint to, std::int32_t radius) {
+    std::uint64_t mixed = 0;
+    for (const std::int32_t part : {from.x, from.y, to.x, to.y, radius}) {
+      mixed = (mixed ^ static_cast<std::uint32_t>(part)) * 0x9E3779B97F4A7C15u;
+      mixed ^= mixed >> 29;
+    }
+    return static_cast<std::size_t>(mixed % kSlots);
+  }
+
+  std::unique_ptr<Slots> slots_;
+  std::uint64_t round_ = 1;
+};
+
+}  // namespace kestrin

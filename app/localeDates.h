@@ -1,0 +1,15 @@
+#pragma once
+
+#include "app/flow/ports.h"
+
+namespace kestrin {
+
+/// Dates as the user's desktop writes them. Short dates always show the century:
+/// the zero date must not read as 1999.
+class LocaleDates final : public DateStyle {
+ public:
+  MonthNames AbbreviatedMonths() override;
+  std::string ShortDate(std::chrono::year_month_day date) override;
+};
+
+}  // namespace kestrin

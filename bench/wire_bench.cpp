@@ -1,0 +1,136 @@
+#include <benchmark/benchmark.h>
+#include <proj.h>
+#include <sqlite3.h>
+
+#include "bench/measures.h"
+#include "export/wireExport.h"
+#include "jobstore/queries.h"
+#include "tools/sample/jobSchema.h"
+
+/// The whole wire export against the sum of its floors: the same rows through
+/// SQLite, as many points through PROJ and the same bytes to the disk, each by the
+/// shortest way there is.
+
+namespace kestrin {
+namespace {
+
+using bench::SecondsOf;
+
+class Database {
+ public:
+  explicit Database(const std::string& path) {
+    Check(sqlite3_open(path.c_str(), &database_) == SQLITE_OK);
+  }
+  ~Database() { sqlite3_close(database_); }
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  void Execute(const std::string& sql) {
+    Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
+  }
+
+  /// Reads the columns of every row the wire export asks for; returns how many.
+  std::int64_t ScanEpochs() {
+    sqlite3_stmt* rows = nullptr;
+    const std::string_view text = WireEpochs::Text();
+    Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
+                             nullptr) == SQLITE_OK);
+    std::int64_t count = 0;
+    while (sqlite3_step(rows) == SQLITE_ROW) {
+      benchmark::DoNotOptimize(sqlite3_column_int(rows, 0) + sqlite3_column_int(rows, 1) +
+                               sqlite3_column_int(rows, 4));
+      benchmark::DoNotOptimize(sqlite3_column_double(rows, 2) + sqlite3_column_double(rows, 3));
+      ++count;
+    }
+    sqlite3_finalize(rows);
+    return count;
+  }
+
+ private:
+  void Check(bool good) const {
+    if (!good) throw std::runtime_error(sqlite3_errmsg(database_));
+  }
+
+  sqlite3* database_ = nullptr;
+};
+
+/// A job driven to and fro at 10 Hz in stretches of 500 epochs.
+void MakeJob(const std::string& path, std::int64_t rows) {
+  Database job(path);
+  job.Execute("PRAGMA synchronous=OFF");
+  job.Execute(JobSchema());
+  job.Execute(
+      "INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, altitude) "
+      "VALUES (1000, 0, 0.79, -1.63, 300)");
+  job.Execute(
+      "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
+      std::to_string(rows) +
+      ") INSERT INTO GpsDataTable (gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, pitch, "
+      "roll, speed, type, boomStatusBitfield) SELECT 1000 + i / 6000000, i % 6000000 * 100, "
+      "i / 500 * 9.1 + i % 7 * 0.01, abs(i % 1000 - 500) * 0.31, 0.5, 0.1, 0, 0, 3.1, "
+      "8192 + CASE WHEN i % 500 = 0 THEN 16384 ELSE 0 END, 7 FROM n");
+}
+
+/// As many points as there are rows from the plane to degrees, by one PROJ object.
+void ProjectPoints(std::int64_t rows) {
+  PJ_CONTEXT* context = proj_context_create();
+  PJ* utm = proj_create(context, "+proj=utm +zone=15 +ellps=GRS80");
+  for (std::int64_t i = 0; i < rows; ++i) {
+    const double east = 460'000 + static_cast<double>(i % 1000);
+    benchmark::DoNotOptimize(proj_trans(utm, PJ_INV, proj_coord(east, 5'010'000, 1, 0)));
+  }
+  proj_destroy(utm);
+  proj_context_destroy(context);
+}
+
+class SilentHost : public RunHost {
+ public:
+  void CountRow() override {}
+  void Yield() override {}
+  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
+};
+
+void WireExport(benchmark::State& state) {
+  const bench::ScratchFolder folder;
+  const std::string job = folder / "job.sqlite";
+  const std::string base = folder / "job_WIRE";
+  MakeJob(job, state.range(0));
+  SilentHost host;
+  const auto files = NativeFileSystem();
+  ExportRun run{host, *files, {}};
+  double whole = 0;
+  double scan = 0;
+  double projection = 0;
+  double bytes = 0;
+  double peak = 0;
+  for (auto iteration : state) {
+    bench::ResetPeakMemory();
+    const double before = bench::PeakMemory();
+    const double seconds = SecondsOf([&] { ExportWireShape(base, job, run); });
+    peak = bench::PeakMemory() - before;
+    state.SetIterationTime(seconds);
+    whole += seconds;
+    scan += SecondsOf([&] { benchmark::DoNotOptimize(Database(job).ScanEpochs()); });
+    projection += SecondsOf([&] { ProjectPoints(state.range(0)); });
+    bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
+  }
+  const auto average = [](double seconds) {
+    return benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
+  };
+  state.counters["scan_s"] = average(scan);
+  state.counters["proj_s"] = average(projection);
+  state.counters["bytes_s"] = average(bytes);
+  state.counters["times_floors"] = whole / (scan + projection + bytes);
+  state.counters["peak_MiB"] = peak;
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(WireExport)
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace kestrin
+
+BENCHMARK_MAIN();

@@ -1,0 +1,106 @@
+#include "export/boomTimeline.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "export/exportRun.h"
+
+namespace kestrin {
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool AllEmpty(const ProductNames& names) {
+  return std::all_of(names.begin(), names.end(), [](const auto& name) { return name.empty(); });
+}
+
+bool AllZero(const std::array<double, kProductSlots>& rates) {
+  return std::all_of(rates.begin(), rates.end(), [](double rate) { return rate == 0; });
+}
+
+/// Hands every row of a table to `take`, each read into an empty row.
+template <class Q, class Take>
+void ForEachRow(Job& job, RunHost& host, Take take) {
+  Query<Q> query(job);
+  if (!query.Prepared()) {
+    host.ShowMessage(kErrorCreatingStatement + std::to_string(query.Handle()));
+    return;
+  }
+  for (typename Q::Row row; query.Next(row); row = {}) take(row);
+}
+
+}  // namespace
+
+ImplementSetup SetupOf(const ImplementRow& row) {
+  ImplementSetup setup{std::string(Trimmed(row.name)), {}};
+  for (const Section& section : row.sections) {
+    if (section.width >= 0) {
+      setup.sections.push_back({section.width / 2, section.xOffset, section.yOffset});
+    }
+  }
+  return setup;
+}
+
+void BoomTimeline::AppendDesiredRates(const RatesRow& row) {
+  entries_.push_back({row.time, row.rates, 0, 0});
+}
+
+void BoomTimeline::MergeProducts(const ProductsRow& row) {
+  EntryAt(row.time).products = static_cast<std::uint32_t>(products_.size());
+  products_.push_back(row.names);
+}
+
+void BoomTimeline::MergeImplement(const ImplementRow& row) {
+  EntryAt(row.time).implement = static_cast<std::uint32_t>(implements_.size());
+  implements_.push_back(SetupOf(row));
+}
+
+TimelineEntry& BoomTimeline::EntryAt(GpsKey time) {
+  // Keys that do not order as stored (not integers) can come out of order: such a
+  // row is looked for from the front again.
+  if (time < lastMerged_) EndTable();
+  lastMerged_ = time;
+  while (moved_ < entries_.size() && entries_[moved_].time < time) {
+    passed_.push_back(entries_[moved_++]);
+  }
+  if (!passed_.empty() && passed_.back().time == time) return passed_.back();
+  if (moved_ < entries_.size() && entries_[moved_].time == time) return entries_[moved_];
+  passed_.push_back({time, {}, 0, 0});
+  return passed_.back();
+}
+
+void BoomTimeline::EndTable() {
+  passed_.insert(passed_.end(), entries_.begin() + static_cast<std::ptrdiff_t>(moved_),
+                 entries_.end());
+  entries_ = std::move(passed_);
+  passed_.clear();
+  moved_ = 0;
+  lastMerged_ = {INT32_MIN, INT32_MIN};
+}
+
+void BoomTimeline::FillForward() {
+  for (std::size_t i = 1; i < entries_.size(); ++i) {
+    const TimelineEntry& before = entries_[i - 1];
+    TimelineEntry& entry = entries_[i];
+    if (ImplementOf(entry).name.empty()) entry.implement = before.implement;
+    if (AllEmpty(ProductsOf(entry))) entry.products = before.products;
+    if (AllZero(entry.desiredRates)) entry.desiredRates = before.desiredRates;
+  }
+}
+
+BoomTimeline ReadBoomTimeline(Job& job, RunHost& host) {
+  BoomTimeline timeline;
+  ForEachRow<DesiredRates>(job, host, [&](const auto& row) { timeline.AppendDesiredRates(row); });
+  ForEachRow<Products>(job, host, [&](const auto& row) { timeline.MergeProducts(row); });
+  timeline.EndTable();
+  ForEachRow<Implements>(job, host, [&](const auto& row) { timeline.MergeImplement(row); });
+  timeline.EndTable();
+  timeline.FillForward();
+  return timeline;
+}
+
+}  // namespace kestrin

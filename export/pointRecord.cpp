@@ -1,0 +1,94 @@
+#include "export/pointRecord.h"
+
+#include <cstddef>
+
+#include "export/numberText.h"
+
+namespace kestrin {
+namespace {
+
+/// The console ends a name with a byte 0 where it did not fill its column; blanks
+/// around such a name are padding. A name without one stands as it is.
+std::string_view NameOf(std::string_view text) {
+  const std::size_t end = text.find('\0');
+  if (end == std::string_view::npos) return text;
+  text = text.substr(0, end);
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// Puts one field after the other.
+class Fields {
+ public:
+  explicit Fields(AttributeRecord& record, std::size_t first) : record_(record) {
+    record.GoTo(first);
+  }
+
+  Fields& Name(std::string_view text) {
+    record_.Add(NameText(NameOf(text)), Keep::kRight);
+    return *this;
+  }
+  Fields& Integer(std::int32_t value) {
+    record_.Add(IntegerText(value).View(), Keep::kRight);
+    return *this;
+  }
+  Fields& Rounded(double value, int decimals = 2) {
+    record_.Add(RoundedText(value, decimals).View(), Keep::kRight);
+    return *this;
+  }
+  Fields& AsItIs(double value) {
+    record_.Add(ShortestText(value).View(), Keep::kRight);
+    return *this;
+  }
+
+ private:
+  AttributeRecord& record_;
+};
+
+}  // namespace
+
+PointRecord::PointRecord(PointGroups groups) : groups_(groups), record_(PointFields(groups)) {}
+
+void PointRecord::SetImplement(const ImplementRow& implement) {
+  Fields fields(record_, kImplementField);
+  fields.Name(implement.name);
+  for (int i = 0; i < groups_.sections; ++i) {
+    const Section& section = implement.sections[static_cast<std::size_t>(i)];
+    fields.AsItIs(section.width)
+        .AsItIs(section.xOffset)
+        .AsItIs(section.yOffset)
+        .AsItIs(section.zOffset);
+  }
+}
+
+void PointRecord::SetProducts(const ProductsRow& products, const RatesRow& desired,
+                              const RatesRow& actual) {
+  Fields fields(record_, FirstProductField(groups_));
+  for (int i = 0; i < groups_.products; ++i) {
+    const auto slot = static_cast<std::size_t>(i);
+    fields.Name(products.names[slot]).Rounded(desired.rates[slot]).Rounded(actual.rates[slot]);
+  }
+}
+
+void PointRecord::SetEpoch(std::int32_t id, const EpochRow& epoch, GeoPoint position,
+                           double referenceAltitude) {
+  Fields(record_, 0)
+      .Integer(id)
+      .Integer(epoch.time.gpsWeek)
+      .Integer(epoch.time.gpsMsec)
+      .Rounded(position.longitude, 8)
+      .Rounded(position.latitude, 8)
+      .Rounded(referenceAltitude + epoch.down)
+      .Rounded(epoch.east)
+      .Rounded(epoch.north)
+      .Rounded(epoch.down)
+      .Rounded(epoch.yaw * kDegreesPerRadian)
+      .Rounded(epoch.pitch * kDegreesPerRadian)
+      .Rounded(epoch.roll * kDegreesPerRadian)
+      .Rounded(epoch.speed)
+      .Integer(epoch.type)
+      .Integer(epoch.boomStatus);
+}
+
+}  // namespace kestrin

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "geo/gpsTime.h"
+
+namespace kestrin {
+
+/// The abbreviated month names of the user's language as the system gives them, in
+/// the system's 8-bit text; English ones when it gives none. The process's own
+/// locale is neither asked nor changed.
+MonthNames UserMonthNames();
+
+}  // namespace kestrin

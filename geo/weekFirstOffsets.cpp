@@ -1,0 +1,15 @@
+#include "geo/weekFirstOffsets.h"
+
+namespace kestrin {
+
+void WeekFirstOffsets::AdvanceTo(GpsKey time) {
+  if (time.gpsWeek > Reference().time.gpsWeek) {
+    while (HasNext() && NextTime().gpsWeek <= time.gpsWeek) TakeNext();
+  }
+  if (time.gpsWeek != Reference().time.gpsWeek) return;
+  while (HasNext() && NextTime().gpsWeek == time.gpsWeek && NextTime().gpsMsec <= time.gpsMsec) {
+    TakeNext();
+  }
+}
+
+}  // namespace kestrin

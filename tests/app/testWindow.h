@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QTest>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/buttons.h"
+#include "app/caption.h"
+#include "app/frame.h"
+#include "app/mainFrm.h"
+#include "app/pictureBox.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::test {
+
+/// Answers file dialogs and message boxes from what a test laid ready, and keeps
+/// what was asked. Without an answer a dialog is cancelled and a question denied.
+class ScriptedDialogs final : public Dialogs {
+ public:
+  std::optional<std::string> OpenFile(const FileRequest& request) override;
+  std::optional<std::string> SaveFile(const FileRequest& request) override;
+  void ShowMessage(const std::string& text) override;
+  void ShowWarning(const std::string& title, const std::string& text) override;
+  bool AskYesNo(const std::string& text) override;
+  std::string DocumentsFolder() override { return documents; }
+
+  std::deque<std::string> toOpen;
+  std::deque<std::string> toSave;
+  std::deque<bool> answers;
+  std::string documents = "/documents";
+  /// Called while any dialog or box is on screen.
+  std::function<void()> whileOpen;
+
+  std::vector<FileRequest> opened;
+  std::vector<FileRequest> saved;
+  std::vector<std::string> messages;
+  std::vector<std::pair<std::string, std::string>> warnings;
+  std::vector<std::string> questions;
+
+ private:
+  static std::optional<std::string> Take(std::deque<std::string>& from);
+};
+
+/// Drives laid out by a test.
+class FakeDrives final : public Drives {
+ public:
+  std::vector<Drive> List() override { return drives; }
+  std::vector<std::string> FilesIn(const std::string& folder) override { return files[folder]; }
+
+  std::vector<Drive> drives;
+  std::map<std::string, std::vector<std::string>> files;
+};
+
+/// English dates, whatever the desktop's language.
+class EnglishDates final : public DateStyle {
+ public:
+  MonthNames AbbreviatedMonths() override;
+  std::string ShortDate(std::chrono::year_month_day date) override;
+};
+
+/// The real window in a folder of its own, with scripted dialogs.
+class TestWindow {
+ public:
+  using Change = std::function<void(Surroundings&)>;
+  explicit TestWindow(const Change& change = {});
+
+  MainFrm* operator->() { return window_.get(); }
+  MainFrm& operator*() { return *window_; }
+
+  template <class Type = QWidget>
+  Type& Find(const std::string& name) {
+    auto* found = window_->findChild<Type*>(QString::fromStdString(name));
+    if (found == nullptr) throw std::runtime_error("no control " + name);
+    return *found;
+  }
+  GraphicalButton& Button(const std::string& name) { return Find<GraphicalButton>(name); }
+  QAbstractButton& Option(int index) {
+    return Find<QAbstractButton>("Option1_" + std::to_string(index));
+  }
+  std::string Text(const std::string& name) { return Find<QLabel>(name).text().toStdString(); }
+  bool Enabled(const std::string& name) { return Find<>(name).isEnabled(); }
+
+  /// Clicks the middle of a control with the left mouse button.
+  void Click(const std::string& name);
+
+  /// Selects a job through SELECT.
+  void Select(const std::string& jobPath);
+
+  TempFolder folder;
+  ScriptedDialogs dialogs;
+  FakeDrives drives;
+  EnglishDates dates;
+  std::unique_ptr<FileSystem> files = NativeFileSystem();
+
+ private:
+  std::unique_ptr<MainFrm> window_;
+};
+
+/// A job in the folder: an implement of two sections pulled north, turned, and
+/// pulled back south, over two stretches. Format 3.2.8-1, last row 15 June 2006.
+std::string SmallJob(const TempFolder& folder, const std::string& name = "North.Field.sqlite",
+                     int epochsPerLeg = 60);
+
+}  // namespace kestrin::test

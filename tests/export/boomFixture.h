@@ -1,0 +1,75 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "export/boomExport.h"
+#include "export/box.h"
+#include "export/fileSystem.h"
+#include "tests/export/literalBoom.h"
+#include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::test {
+
+/// A record of a boom set as it stands in the files.
+struct BoomShape {
+  std::uint32_t number = 0;
+  std::uint32_t contentWords = 0;
+  Box box;
+  std::vector<std::uint32_t> parts;
+  std::vector<LiteralPoint> points;
+  /// The table's eleven texts, blanks included.
+  std::vector<std::string> fields;
+
+  const std::string& Implement() const { return fields[1]; }
+  const std::string& Product(std::size_t slot) const { return fields[2 + 3 * slot]; }
+  const std::string& TargetRate(std::size_t slot) const { return fields[3 + 3 * slot]; }
+  const std::string& ActualRate(std::size_t slot) const { return fields[4 + 3 * slot]; }
+};
+
+struct BoomSet {
+  Box box;
+  std::vector<BoomShape> shapes;
+};
+
+BoomSet ReadBoomSet(const std::string& basePath);
+
+/// One job, exported.
+class BoomFixture : public testing::Test {
+ protected:
+  static constexpr GpsKey kStart{1400, 1000};
+
+  BoomFixture() : builder(folder / "job.sqlite") {}
+
+  /// Completes the job and exports it.
+  ExportOutcome Export();
+  /// The same, and the set.
+  BoomSet ExportedSet();
+  bool AnyFile() const;
+  /// The lines that the epochs lay, told by their points' easts: each point of the
+  /// shape, in metres east of the reference, rounded to millimetres.
+  static std::vector<double> Easts(const BoomShape& shape);
+  static std::vector<double> Norths(const BoomShape& shape);
+
+  /// A reference location at 47 N, 97.5 W and one section of 4 metres called "Disc",
+  /// both from kStart.
+  void ReferenceAndDisc();
+  void ReferenceOnly();
+
+  TempFolder folder;
+  JobBuilder builder;
+  RecordingHost host;
+  std::unique_ptr<FileSystem> files = NativeFileSystem();
+  SetOptions options{{2026, 3, 9}, false};
+  std::string base = folder / "job_BOOM";
+  std::string jobPath;
+};
+
+}  // namespace kestrin::test

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace kestrin::test {
+
+/// Drops the superuser's rights, which no permission binds, for its scope; of no
+/// effect for anybody else.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() : wasSuperuser_(geteuid() == 0) {
+    constexpr uid_t kNobody = 65534;
+    if (wasSuperuser_) bound_ = seteuid(kNobody) == 0;
+  }
+  ~OrdinaryUser() {
+    if (wasSuperuser_ && bound_ && seteuid(0) != 0) std::abort();
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  /// Whether permissions bind now, and the file can be reached at all.
+  bool CanTell(const std::filesystem::path& file) const {
+    std::error_code error;
+    return bound_ && std::filesystem::exists(file, error);
+  }
+
+ private:
+  bool wasSuperuser_;
+  bool bound_ = true;
+};
+
+}  // namespace kestrin::test
