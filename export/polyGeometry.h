@@ -74,9 +74,20 @@ struct Extent {
 /// lines' intersection lies within both extents, bounds included.
 bool SegmentsMeet(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d);
 
-/// Whether the segments a-b and c-d cross inside both, touching at no end. Exact
-/// as far as the differences of the coordinates are.
+/// On which side of the line from `a` to `b` the point lies: 1 left, -1 right, 0 on
+/// the line or not to be told. Exact as far as the differences of the coordinates are.
+int SideOf(UtmPoint a, UtmPoint b, UtmPoint point);
+
+/// Whether the segments a-b and c-d cross inside both, touching at no end.
 bool SegmentsCross(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d);
+
+/// Whether the point, on the line from `a` to `b`, lies on the segment and not at
+/// its end `b`.
+bool LiesBeforeEnd(UtmPoint a, UtmPoint b, UtmPoint point);
+
+/// Whether the way from `in` over the corner to `out` changes sides of the way from
+/// `a` over the same corner to `b` there, having no direction in common with it.
+bool CrossesAtCorner(UtmPoint corner, UtmPoint in, UtmPoint out, UtmPoint a, UtmPoint b);
 
 /// Twice the signed area of the triangle o, a, b.
 inline double Cross(UtmPoint o, UtmPoint a, UtmPoint b) {

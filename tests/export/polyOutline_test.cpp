@@ -30,13 +30,11 @@ std::vector<int> StartsOf(const Rows& rows) {
     if (!first && row.left == last.left && row.right == last.right) continue;
     ++index;
     last = row;
-    if (first) outline.Restart();
-    outline.Append(row);
-    if (first) starts.push_back(index);
-    if (first || CleanOutline(outline) == 0) continue;
-    starts.push_back(index);
-    outline.Restart();
-    outline.Append(row);
+    if (!first) outline.Append(row);
+    if (first || CleanOutline(outline) > 0) {
+      starts.push_back(index);
+      outline.Begin(row);
+    }
   }
   return starts;
 }
