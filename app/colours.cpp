@@ -18,12 +18,12 @@ double Luminance(const QColor& colour) {
          0.0722 * Linear(colour.blueF());
 }
 
-QColor Mixed(const QColor& from, const QColor& to, int percent) {
-  const auto channel = [percent](int one, int other) {
-    return one + (other - one) * percent / 100;
-  };
-  return {channel(from.red(), to.red()), channel(from.green(), to.green()),
-          channel(from.blue(), to.blue())};
+/// The colour with its lightness moved towards black or white.
+QColor Lightened(const QColor& colour, bool towardsWhite, int percent) {
+  const float goal = towardsWhite ? 1.0F : 0.0F;
+  const float lightness = colour.lightnessF();
+  const float moved = lightness + (goal - lightness) * static_cast<float>(percent) / 100.0F;
+  return QColor::fromHslF(colour.hslHueF(), colour.hslSaturationF(), moved);
 }
 
 }  // namespace
@@ -34,10 +34,11 @@ double Contrast(const QColor& one, const QColor& other) {
 }
 
 QColor Readable(const QColor& wanted, const QColor& background) {
-  const QColor goal = TextOn(background);
+  if (Contrast(wanted, background) >= kReadableContrast) return wanted;
+  const bool towardsWhite = TextOn(background) == QColor(255, 255, 255);
   QColor colour = wanted;
-  for (int percent = 0; percent <= 100; percent += 5) {
-    colour = Mixed(wanted, goal, percent);
+  for (int percent = 5; percent <= 100; percent += 5) {
+    colour = Lightened(wanted, towardsWhite, percent);
     if (Contrast(colour, background) >= kReadableContrast) break;
   }
   return colour;

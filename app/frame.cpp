@@ -102,13 +102,9 @@ void Frame::paintEvent(QPaintEvent*) {
   const int top = caption_.isEmpty() ? 0 : metrics.height() / 2;
   const QRect border = rect().adjusted(0, top, -1, -1);
   const QColor background = palette().color(QPalette::Window);
-  const bool dark = background.lightness() < 128;
+  const bool dark = TextOn(background) == QColor(255, 255, 255);
   painter.setPen(dark ? background.lighter(190) : background.darker(140));
-  painter.drawRect(border.adjusted(0, 0, -1, -1));
-  painter.setPen(dark ? background.darker(140) : background.lighter(110));
-  painter.drawRect(border.adjusted(1, 1, -2, -2));
-  painter.drawLine(border.bottomLeft(), border.bottomRight());
-  painter.drawLine(border.topRight(), border.bottomRight());
+  painter.drawRect(border);
   if (caption_.isEmpty()) return;
   const int width = metrics.horizontalAdvance(caption_);
   painter.fillRect(kCaptionLeft - kCaptionGap, 0, width + 2 * kCaptionGap, metrics.height(),

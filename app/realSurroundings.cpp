@@ -5,9 +5,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "app/platform/timeZone.h"
 #include "app/twips.h"
 #include "export/exportKinds.h"
+#include "geo/timeZone.h"
 
 namespace kestrin {
 

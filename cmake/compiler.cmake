@@ -6,7 +6,7 @@ target_include_directories(kestrin_compile INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(
   kestrin_compile
   INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
-            -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Wformat=2
+            -Woverloaded-virtual -Wdouble-promotion -Wformat=2
             # Results are compared to the byte between compilers and machines.
             -ffp-contract=off)
 if(KESTRIN_WERROR)

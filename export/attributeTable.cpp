@@ -18,8 +18,7 @@ constexpr char kHeaderEnd = 0x0D;
 constexpr std::size_t kNameSize = 10;
 
 void PutDescriptor(char* out, const Field& field) {
-  const std::size_t size = std::min(field.name.size(), kFieldNameSize);
-  std::memcpy(out, field.name.data(), size);
+  std::copy_n(field.name.begin(), std::min(field.name.size(), kFieldNameSize), out);
   out[11] = field.type;
   out[16] = static_cast<char>(field.width);
   out[17] = static_cast<char>(field.decimals);

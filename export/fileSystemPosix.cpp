@@ -1,12 +1,12 @@
 #ifndef _WIN32
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <system_error>
 #include <utility>
@@ -80,8 +80,8 @@ class WithoutSizeSignal {
   WithoutSizeSignal& operator=(const WithoutSizeSignal&) = delete;
 
  private:
-  sigset_t signal_;
-  sigset_t before_;
+  sigset_t signal_{};
+  sigset_t before_{};
 };
 
 class PosixFile : public OutputFile {

@@ -84,7 +84,7 @@ char* PutScientific(char* out, char* end, const Digits& number) {
 constexpr int kLeastFixedExponent = -4;
 
 /// Puts `count` / 10^decimals, as long as that has at most 15 digits and no exponent.
-char* PutScaled(char* out, char* end, long long count, int decimals) {
+char* PutScaled(char* out, char* end, std::int64_t count, int decimals) {
   if (count < 0) {
     *out++ = '-';
     count = -count;
@@ -93,7 +93,7 @@ char* PutScaled(char* out, char* end, long long count, int decimals) {
     count /= 10;
     --decimals;
   }
-  const auto power = static_cast<long long>(PowerOfTen(decimals));
+  const auto power = static_cast<std::int64_t>(PowerOfTen(decimals));
   out = std::to_chars(out, end, count / power).ptr;
   if (decimals == 0) return out;
   // Added to its power, the fraction keeps its leading zeros behind a 1: the dot's place.
@@ -138,13 +138,13 @@ NumberText RoundedText(double value, int decimals) {
   if (!direct) return ShortestText(scaled / PowerOfTen(decimals));
   NumberText text;
   char* const begin = text.characters_.data();
-  char* const out =
-      PutScaled(begin, begin + text.characters_.size(), static_cast<long long>(scaled), decimals);
+  char* const out = PutScaled(begin, begin + text.characters_.size(),
+                              static_cast<std::int64_t>(scaled), decimals);
   text.size_ = static_cast<std::size_t>(out - begin);
   return text;
 }
 
-NumberText IntegerText(long long value) {
+NumberText IntegerText(std::int64_t value) {
   NumberText text;
   char* const begin = text.characters_.data();
   text.size_ = static_cast<std::size_t>(

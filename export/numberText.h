@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 /// Numbers as attribute tables write them: always with a "." and never through
@@ -17,8 +18,8 @@ class NumberText {
  private:
   friend NumberText ShortestText(double value);
   friend NumberText RoundedText(double value, int decimals);
-  friend NumberText IntegerText(long long value);
-  std::array<char, 32> characters_;
+  friend NumberText IntegerText(std::int64_t value);
+  std::array<char, 32> characters_{};
   std::size_t size_ = 0;
 };
 
@@ -32,6 +33,6 @@ NumberText ShortestText(double value);
 /// ShortestText(RoundTo(value, decimals)), faster.
 NumberText RoundedText(double value, int decimals);
 
-NumberText IntegerText(long long value);
+NumberText IntegerText(std::int64_t value);
 
 }  // namespace kestrin

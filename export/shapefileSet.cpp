@@ -90,7 +90,7 @@ struct ShapefileSet::State {
     shp.Append(View(FileHeader(type, 0, {})));
   }
 
-  char* PutRecordHeader(char* out, std::uint64_t contentBytes);
+  char* PutRecordHeader(char* out, std::uint64_t contentBytes) const;
   void AddIndex(std::uint64_t start, std::uint64_t contentBytes);
   void CompleteFiles();
   std::vector<SetFile*> InOrderOfNaming();
@@ -118,7 +118,7 @@ struct ShapefileSet::State {
   SetFile shp;
 };
 
-char* ShapefileSet::State::PutRecordHeader(char* out, std::uint64_t contentBytes) {
+char* ShapefileSet::State::PutRecordHeader(char* out, std::uint64_t contentBytes) const {
   out = PutBe32(out, recordCount);
   out = PutBe32(out, Words(contentBytes));
   return PutLe32(out, static_cast<std::uint32_t>(type));

@@ -13,9 +13,10 @@ namespace kestrin {
 /// serves one thread at a time; two objects share no state. Whatever is still open
 /// at destruction is closed.
 ///
-/// A job is only ever read, and nothing is created or changed for it: the file and the folder it
-/// lies in keep every byte, and no journal, write-ahead log or shared-memory file appears beside
-/// it, while a write-ahead log that holds content is read together with its job.
+/// A job is only ever read, and nothing is created or changed for it: the file and
+/// the folder it lies in keep every byte, and no journal, write-ahead log or
+/// shared-memory file appears beside it, while a write-ahead log that holds content
+/// is read together with its job.
 class sqliteDefs {
  public:
   /// linx_sqlite3_step's result when a row is ready. Any other value ends the rows.

@@ -27,6 +27,8 @@ void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t time
 
 void MainFlow::Command4_Click() { PrintJobSheet(state_, ports_); }
 
+void MainFlow::Option1_Click(int index) { selection_.Option1_Click(index); }
+
 void MainFlow::TimerPreview_Timer() {
   TickProgressBar({Control::kLabel7}, {Control::kShape1}, state_.progress, ports_);
 }

@@ -2,8 +2,8 @@
 
 #include <atomic>
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
 #include <stdexcept>
 
 namespace kestrin::test {
@@ -23,7 +23,10 @@ TempFolder::~TempFolder() {
 std::string FileBytes(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw std::runtime_error("cannot read " + path);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  std::ostringstream bytes;
+  // Nothing to read is a failure of this operator, so an empty file never gets there.
+  if (in.peek() != std::ifstream::traits_type::eof()) bytes << in.rdbuf();
+  return bytes.str();
 }
 
 }  // namespace kestrin::test

@@ -8,7 +8,7 @@
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "tests/support/tempFolder.h"
-#include "tests/tools/sampleQuery.h"
+#include "tests/tools/jobQuery.h"
 #include "tools/sample/sampleJob.h"
 
 namespace kestrin {

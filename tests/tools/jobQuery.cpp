@@ -1,4 +1,4 @@
-#include "tests/tools/sampleQuery.h"
+#include "tests/tools/jobQuery.h"
 
 #include <sqlite3.h>
 
@@ -10,13 +10,19 @@ namespace {
 class Database {
  public:
   explicit Database(const std::string& path) {
-    if (sqlite3_open_v2(path.c_str(), &database_, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(path.c_str(), &database_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
       throw std::runtime_error("cannot open " + path);
     }
   }
   ~Database() { sqlite3_close(database_); }
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
+
+  void Execute(const std::string& sql) {
+    if (sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sql + ": " + sqlite3_errmsg(database_));
+    }
+  }
 
   template <class OnRow>
   void Each(const std::string& sql, OnRow onRow) {
@@ -61,5 +67,7 @@ std::string AllRows(const std::string& jobPath) {
   });
   return rows;
 }
+
+void Change(const std::string& jobPath, const std::string& sql) { Database(jobPath).Execute(sql); }
 
 }  // namespace kestrin::test

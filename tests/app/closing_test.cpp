@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <QTimer>
+#include <filesystem>
+
+#include "tests/app/testWindow.h"
+
+namespace kestrin {
+namespace {
+
+using test::SmallJob;
+using test::TestWindow;
+
+/// Long enough to be closed in the middle of anything.
+constexpr int kManyEpochs = 100000;
+
+std::vector<std::string> FilesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
+  }
+  return names;
+}
+
+TEST(Closing, AWindowAtRestCloses) {
+  TestWindow window;
+  EXPECT_TRUE(window->close());
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST(Closing, DuringAnExportStopsItAndLeavesNothingHalfMade) {
+  TestWindow window;
+  window.Select(SmallJob(window.folder, "long.sqlite", kManyEpochs));
+  window.dialogs.toSave = {window.folder / "out.shp"};
+  bool running = false;
+  QTimer::singleShot(20, [&] {
+    running = window->IsRunning();
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+  });
+  window.Click("Command2");
+  EXPECT_TRUE(running);
+  EXPECT_FALSE(window->IsRunning());
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(FilesIn(window.folder.Path()), std::vector<std::string>{"long.sqlite"});
+}
+
+TEST(Closing, DuringASelectionStopsItsPreview) {
+  TestWindow window;
+  const std::string job = SmallJob(window.folder, "long.sqlite", kManyEpochs);
+  QTimer::singleShot(50, [&] { window->close(); });
+  window.Select(job);
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST(Closing, AskedTwiceIsTheSameAsOnce) {
+  TestWindow window;
+  window.Select(SmallJob(window.folder, "long.sqlite", kManyEpochs));
+  window.dialogs.toSave = {window.folder / "out.shp"};
+  QTimer::singleShot(20, [&] {
+    window->close();
+    window->close();
+  });
+  window.Click("Command1_0");
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST(Yielding, InputIsAnsweredWithin50MillisecondsDuringAnExport) {
+  TestWindow window;
+  window.Select(SmallJob(window.folder, "long.sqlite", kManyEpochs));
+  window.dialogs.toSave = {window.folder / "out.shp"};
+  window.Click("Command1_0");
+  EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
+  window.Click("Option1_3");
+  EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
+}
+
+TEST(Yielding, AMillionYieldsCostNextToNothing) {
+  WindowEvents events;
+  events.Begin();
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 1000000; ++i) events.Yield();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+}
+
+TEST(Yielding, TimersTickInsideARowLoop) {
+  WindowEvents events;
+  events.Begin();
+  int ticks = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+  timer.start(10);
+  const auto start = std::chrono::steady_clock::now();
+  while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(200)) events.Yield();
+  EXPECT_GE(ticks, 8);
+}
+
+TEST(Yielding, ACancelledRunEndsAtItsNextYieldButNeverInsideAnEvent) {
+  WindowEvents events;
+  events.Begin();
+  bool thrownInside = false;
+  QTimer::singleShot(0, [&] {
+    events.Cancel();
+    try {
+      events.DoEvents();
+    } catch (const RunCancelled&) {
+      thrownInside = true;
+    }
+  });
+  EXPECT_THROW(events.DoEvents(), RunCancelled);
+  EXPECT_FALSE(thrownInside);
+}
+
+}  // namespace
+}  // namespace kestrin

@@ -1,0 +1,120 @@
+#include "tests/app/flow/recordingWindow.h"
+
+#include <sstream>
+
+namespace kestrin::test {
+namespace {
+
+std::string Text(bool value) { return value ? "true" : "false"; }
+
+std::string Colour(std::uint32_t bgr) {
+  if (bgr == 0x8000000F) return "face";
+  std::ostringstream text;
+  text << std::hex << std::uppercase << bgr;
+  return text.str();
+}
+
+std::string Number(double value) {
+  std::ostringstream text;
+  text << value;
+  return text.str();
+}
+
+}  // namespace
+
+void RecordingWindow::SetEnabled(ControlId id, bool value) {
+  enabled[NameOf(id)] = value;
+  Add(NameOf(id) + ".Enabled = " + Text(value));
+}
+
+void RecordingWindow::SetVisible(ControlId id, bool value) {
+  visible[NameOf(id)] = value;
+  Add(NameOf(id) + ".Visible = " + Text(value));
+}
+
+void RecordingWindow::SetCaption(ControlId id, const std::string& caption) {
+  captions[NameOf(id)] = caption;
+  Add(NameOf(id) + ".Caption = " + caption);
+}
+
+std::string RecordingWindow::Caption(ControlId id) const {
+  const auto found = captions.find(NameOf(id));
+  return found == captions.end() ? "" : found->second;
+}
+
+void RecordingWindow::SetBackColor(ControlId id, std::uint32_t bgr) {
+  backColors[NameOf(id)] = bgr;
+  Add(NameOf(id) + ".BackColor = " + Colour(bgr));
+}
+
+void RecordingWindow::SetWidth(ControlId id, double width) {
+  widths[NameOf(id)] = width;
+  Add(NameOf(id) + ".Width = " + Number(width));
+}
+
+double RecordingWindow::Width(ControlId id) const {
+  const auto found = widths.find(NameOf(id));
+  return found == widths.end() ? 0 : found->second;
+}
+
+void RecordingWindow::SelectOption1(int index) {
+  selected = index;
+  Add("Option1_" + std::to_string(index) + " selected");
+}
+
+void RecordingWindow::DoEvents() {
+  Add("DoEvents");
+  if (onEvents) onEvents();
+}
+
+void RecordingWindow::Yield() {
+  ++yields;
+  if (onYield) onYield();
+}
+
+std::optional<std::string> RecordingWindow::OpenFile(const FileRequest& asked) {
+  Add("OpenFile");
+  request = asked;
+  return chosen;
+}
+
+std::optional<std::string> RecordingWindow::SaveFile(const FileRequest& asked) {
+  Add("SaveFile");
+  request = asked;
+  return chosen;
+}
+
+bool RecordingWindow::AskYesNo(const std::string& text) {
+  Add("AskYesNo " + text);
+  return yes;
+}
+
+std::vector<std::string> RecordingWindow::FilesIn(const std::string& folder) {
+  Add("FilesIn " + folder);
+  return filesIn[folder];
+}
+
+MonthNames RecordingWindow::AbbreviatedMonths() {
+  return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+}
+
+std::string RecordingWindow::ShortDate(std::chrono::year_month_day date) {
+  return std::to_string(static_cast<int>(date.year())) + "-" +
+         std::to_string(static_cast<unsigned>(date.month())) + "-" +
+         std::to_string(static_cast<unsigned>(date.day()));
+}
+
+std::vector<std::string> RecordingWindow::CallsBeginning(const std::string& start) const {
+  std::vector<std::string> found;
+  for (const std::string& call : calls) {
+    if (call.starts_with(start)) found.push_back(call);
+  }
+  return found;
+}
+
+void RecordingWindow::Sheet(const std::string& call) {
+  Add(call);
+  if (sheetFails) throw std::runtime_error("no printer");
+}
+
+}  // namespace kestrin::test

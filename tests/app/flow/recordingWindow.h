@@ -1,0 +1,95 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/flow/ports.h"
+
+namespace kestrin::test {
+
+/// A window's controls, event loop, dialogs, drives, dates and job sheet, all in
+/// one: keeps what is done to it, in order and as texts, and answers as told.
+class RecordingWindow : public Controls,
+                        public Events,
+                        public Dialogs,
+                        public Drives,
+                        public DateStyle,
+                        public JobSheet {
+ public:
+  // Controls: "Command1_2.Enabled = true". State is kept as well.
+  void SetEnabled(ControlId id, bool enabled) override;
+  void SetVisible(ControlId id, bool visible) override;
+  void SetCaption(ControlId id, const std::string& caption) override;
+  std::string Caption(ControlId id) const override;
+  void SetBackColor(ControlId id, std::uint32_t bgr) override;
+  void SetWidth(ControlId id, double width) override;
+  double Width(ControlId id) const override;
+  int SelectedOption1() const override { return selected; }
+  void SelectOption1(int index) override;
+
+  // Events
+  void DoEvents() override;
+  void Yield() override;
+
+  // Dialogs
+  std::optional<std::string> OpenFile(const FileRequest& asked) override;
+  std::optional<std::string> SaveFile(const FileRequest& asked) override;
+  void ShowMessage(const std::string& text) override { Add("ShowMessage " + text); }
+  void ShowWarning(const std::string& title, const std::string& text) override {
+    Add("ShowWarning [" + title + "] " + text);
+  }
+  bool AskYesNo(const std::string& text) override;
+  std::string DocumentsFolder() override { return "/home/user/Documents"; }
+
+  // Drives
+  std::vector<Drive> List() override { return drives; }
+  std::vector<std::string> FilesIn(const std::string& folder) override;
+
+  // DateStyle: English month names, dates as year-month-day.
+  MonthNames AbbreviatedMonths() override;
+  std::string ShortDate(std::chrono::year_month_day date) override;
+
+  // JobSheet
+  void Load() override { Sheet("Load"); }
+  void ClearPicture() override { Sheet("ClearPicture"); }
+  void CopyPreviewPicture() override { Sheet("CopyPreviewPicture"); }
+  void SetJobName(const std::string& name) override { Sheet("SetJobName " + name); }
+  void SetLastModified(const std::string& date) override { Sheet("SetLastModified " + date); }
+  void Print() override { Sheet("Print"); }
+  void Unload() override { Sheet("Unload"); }
+
+  void Add(const std::string& call) { calls.push_back(call); }
+  std::vector<std::string> Take() { return std::exchange(calls, {}); }
+
+  /// The calls of one sort, in order.
+  std::vector<std::string> CallsBeginning(const std::string& start) const;
+
+  /// State of the controls by name; those never touched are missing.
+  std::map<std::string, bool> enabled;
+  std::map<std::string, bool> visible;
+  std::map<std::string, std::string> captions;
+  std::map<std::string, std::uint32_t> backColors;
+  std::map<std::string, double> widths;
+
+  std::vector<std::string> calls;
+  int selected = -1;
+  std::optional<std::string> chosen;
+  FileRequest request;
+  bool yes = true;
+  std::vector<Drive> drives;
+  std::map<std::string, std::vector<std::string>> filesIn;
+  int yields = 0;
+  std::function<void()> onEvents;
+  std::function<void()> onYield;
+  /// Whether every step of the job sheet fails after it was noted.
+  bool sheetFails = false;
+
+ private:
+  void Sheet(const std::string& call);
+};
+
+}  // namespace kestrin::test

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::test {
+
+/// How a command ended and what it said.
+struct CommandResult {
+  int code = -1;  ///< exit code; 1000 plus the signal that killed it
+  std::string out;
+  std::string err;
+};
+
+/// A real program being run, its output kept in files.
+class Command {
+ public:
+  /// Starts a program in a folder, with further "NAME=value" in its environment.
+  Command(const std::vector<std::string>& words, const std::string& folder,
+          const std::vector<std::string>& environment = {});
+  ~Command();
+  Command(const Command&) = delete;
+  Command& operator=(const Command&) = delete;
+
+  void Send(int signal) const;
+  /// Whether it has ended already.
+  bool Ended();
+  CommandResult Wait();
+
+ private:
+  TempFolder kept_;
+  pid_t process_ = -1;
+  int status_ = 0;
+  bool ended_ = false;
+};
+
+CommandResult RunCommand(const std::vector<std::string>& words, const std::string& folder,
+                         const std::vector<std::string>& environment = {});
+
+/// Runs a program with a terminal as its stderr and returns what it drew there.
+std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder);
+
+}  // namespace kestrin::test
