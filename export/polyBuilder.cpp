@@ -28,12 +28,13 @@ void PolygonBuilder::Finish() {
 
 void PolygonBuilder::Begin(const SwathRow& row) {
   Close();
-  outline_.Restart();
-  outline_.Append(row);
+  outline_.Begin(row);
 }
 
 void PolygonBuilder::Close() {
   if (rows_ == 0) return;
+  outline_.leftEdge.RemoveLastLoop(outline_.rightEdge);
+  outline_.rightEdge.RemoveLastLoop(outline_.leftEdge);
   ring_.Build(outline_.leftEdge.Points(), outline_.rightEdge.Points());
   if (rows_ < kFewestRows) {
     early_.push_back(ring_);

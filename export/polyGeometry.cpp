@@ -17,10 +17,16 @@ int SignOfDifference(double a, double b, double c, double d) {
   return leftError > rightError ? 1 : leftError < rightError ? -1 : 0;
 }
 
-/// On which side of the line from `a` to `b` the point lies: 1 left, -1 right.
-int SideOf(UtmPoint a, UtmPoint b, UtmPoint point) {
-  return SignOfDifference(b.easting - a.easting, point.northing - a.northing,
-                          point.easting - a.easting, b.northing - a.northing);
+/// On which side of the bent way from `a` over the corner to `b` the point lies.
+int SideOfBend(UtmPoint a, UtmPoint corner, UtmPoint b, UtmPoint point) {
+  const int first = SideOf(a, corner, point);
+  const int second = SideOf(corner, b, point);
+  const int bend = SideOf(a, corner, b);
+  if (first == second || (bend == 0 && second != 0)) return second;
+  // Between the two lines: outside the bend unless it lies on one of its arms.
+  if (first != 0 && second != 0) return -bend;
+  const int other = first != 0 ? first : second;
+  return other == -bend ? -bend : 0;
 }
 
 }  // namespace
@@ -59,8 +65,21 @@ bool SegmentsMeet(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d) {
   return x < kNoIntersection && Extent::Of(a, b).Holds(x, y) && Extent::Of(c, d).Holds(x, y);
 }
 
+int SideOf(UtmPoint a, UtmPoint b, UtmPoint point) {
+  return SignOfDifference(b.easting - a.easting, point.northing - a.northing,
+                          point.easting - a.easting, b.northing - a.northing);
+}
+
 bool SegmentsCross(UtmPoint a, UtmPoint b, UtmPoint c, UtmPoint d) {
   return SideOf(a, b, c) * SideOf(a, b, d) < 0 && SideOf(c, d, a) * SideOf(c, d, b) < 0;
+}
+
+bool LiesBeforeEnd(UtmPoint a, UtmPoint b, UtmPoint point) {
+  return point != b && Extent::Of(a, b).Holds(point.easting, point.northing);
+}
+
+bool CrossesAtCorner(UtmPoint corner, UtmPoint in, UtmPoint out, UtmPoint a, UtmPoint b) {
+  return SideOfBend(a, corner, b, in) * SideOfBend(a, corner, b, out) < 0;
 }
 
 }  // namespace kestrin

@@ -1,6 +1,7 @@
 #include "export/polyOutline.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace kestrin {
 namespace {
@@ -17,6 +18,13 @@ bool MeetsItself(const SegmentTrail& centres) {
   });
 }
 
+/// The smaller way round from one yaw to another; none when either is missing.
+double TurnBetween(double from, double to) {
+  const double turn = to - from;
+  if (std::fabs(turn) <= std::numbers::pi) return turn;
+  return std::isfinite(turn) ? std::remainder(turn, 2 * std::numbers::pi) : 0;
+}
+
 }  // namespace
 
 SwathRow SwathRow::Of(UtmPoint centre, double yaw, double width) {
@@ -29,26 +37,46 @@ SwathRow SwathRow::Of(UtmPoint centre, double yaw, double width) {
           yaw};
 }
 
-void Outline::Restart() {
+void Outline::Begin(const SwathRow& row) {
   centres.Restart();
-  leftEdge.Restart();
-  rightEdge.Restart();
+  leftEdge.Restart(row.centre);
+  rightEdge.Restart(row.centre);
+  turned_ = 0;
+  Add(row, {});
 }
 
 void Outline::Append(const SwathRow& row) {
+  turned_ += TurnBetween(newest_.yaw, row.yaw);
+  Add(row, MotionTo(row));
+}
+
+void Outline::Add(const SwathRow& row, const SwathMotion& motion) {
   centres.Append(row.centre);
-  leftEdge.Append(row.left);
-  rightEdge.Append(row.right);
+  leftEdge.Append(row.left, motion);
+  rightEdge.Append(row.right, motion);
+  newest_ = row;
+}
+
+SwathMotion Outline::MotionTo(const SwathRow& row) const {
+  // Square to both rows' booms together.
+  const double east =
+      row.right.easting - row.left.easting + newest_.right.easting - newest_.left.easting;
+  const double north =
+      row.right.northing - row.left.northing + newest_.right.northing - newest_.left.northing;
+  return {turned_, -north, east};
 }
 
 void Outline::DropNewest() {
   centres.Truncate(centres.Size() - 1);
-  leftEdge.Truncate(leftEdge.Size() - 1);
-  rightEdge.Truncate(rightEdge.Size() - 1);
+  leftEdge.DropNewest();
+  rightEdge.DropNewest();
 }
 
 std::size_t CleanOutline(Outline& outline) {
-  return MeetsItself(outline.centres) ? outline.centres.Size() : 0;
+  if (MeetsItself(outline.centres)) return outline.centres.Size();
+  outline.leftEdge.RemoveLoops(outline.rightEdge);
+  outline.rightEdge.RemoveLoops(outline.leftEdge);
+  return 0;
 }
 
 }  // namespace kestrin

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "export/polyEdge.h"
 #include "export/polySegments.h"
 
 namespace kestrin {
@@ -21,18 +22,27 @@ struct SwathRow {
 /// The lists of the polygon being built, a point per accepted row each.
 struct Outline {
   SegmentTrail centres;
-  SegmentTrail leftEdge;
-  SegmentTrail rightEdge;
+  SwathEdge leftEdge{SwathEdge::Side::kLeft};
+  SwathEdge rightEdge{SwathEdge::Side::kRight};
 
-  void Restart();
+  /// Begins a polygon with a row.
+  void Begin(const SwathRow& row);
   void Append(const SwathRow& row);
   void DropNewest();
+
+ private:
+  void Add(const SwathRow& row, const SwathMotion& motion);
+  SwathMotion MotionTo(const SwathRow& row) const;
+
+  SwathRow newest_;
+  double turned_ = 0;
 };
 
 /// Looks after the lists when a row has been appended. When the newest segment of
 /// the vehicle's way meets an earlier one, returns the index of its end, counted
 /// from 1: the polygon is to be cut there, and nothing else is done. The segment
-/// before the newest is not asked, nor the one before that. Otherwise returns 0.
+/// before the newest is not asked, nor the one before that. Otherwise takes the loops
+/// of sharp turns out of the edges and returns 0.
 std::size_t CleanOutline(Outline& outline);
 
 }  // namespace kestrin

@@ -27,6 +27,10 @@ class SegmentTrail {
   /// Keeps only the first `count` points.
   void Truncate(std::size_t count);
 
+  /// Moves a point within the extent of the segment that leads on from it, or onto
+  /// the point after it.
+  void Move(std::size_t i, UtmPoint to) { points_[i] = to; }
+
   std::size_t Size() const { return points_.size(); }
   const UtmPoint& operator[](std::size_t i) const { return points_[i]; }
   const UtmPoint& Back() const { return points_.back(); }

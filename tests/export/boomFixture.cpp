@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "geo/localOffsets.h"
@@ -90,6 +91,10 @@ BoomSet ReadBoomSet(const std::string& basePath) {
   EXPECT_EQ(dbf.Take(1), "\x1A");
   EXPECT_TRUE(dbf.AtEnd());
   return set;
+}
+
+void BoomFixture::PutOldFiles() {
+  for (const char* extension : {".shp", ".shx", ".dbf"}) std::ofstream(base + extension) << "old";
 }
 
 ExportOutcome BoomFixture::Export() {

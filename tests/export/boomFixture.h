@@ -48,13 +48,17 @@ class BoomFixture : public testing::Test {
 
   BoomFixture() : builder(folder / "job.sqlite") {}
 
+  static GpsKey After(int seconds) { return {kStart.gpsWeek, kStart.gpsMsec + 1000 * seconds}; }
+
+  /// Old files of the set, to be removed.
+  void PutOldFiles();
   /// Completes the job and exports it.
   ExportOutcome Export();
   /// The same, and the set.
   BoomSet ExportedSet();
   bool AnyFile() const;
-  /// The lines that the epochs lay, told by their points' easts: each point of the
-  /// shape, in metres east of the reference, rounded to millimetres.
+  /// Each point of a shape, in metres east or north of the reference location and
+  /// rounded to millimetres.
   static std::vector<double> Easts(const BoomShape& shape);
   static std::vector<double> Norths(const BoomShape& shape);
 

@@ -30,13 +30,11 @@ std::vector<int> StartsOf(const Rows& rows) {
     if (!first && row.left == last.left && row.right == last.right) continue;
     ++index;
     last = row;
-    if (first) outline.Restart();
-    outline.Append(row);
-    if (first) starts.push_back(index);
-    if (first || CleanOutline(outline) == 0) continue;
-    starts.push_back(index);
-    outline.Restart();
-    outline.Append(row);
+    if (!first) outline.Append(row);
+    if (first || CleanOutline(outline) > 0) {
+      starts.push_back(index);
+      outline.Begin(row);
+    }
   }
   return starts;
 }
@@ -62,8 +60,7 @@ TEST(CleanOutline, AsksAllSegmentsButTheTwoBeforeTheNewest) {
 
 TEST(CleanOutline, BoundsAreIncluded) {
   // The newest segment ends on the first point of the first.
-  EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 0)}),
-            (std::vector<int>{0, 1, 4}));
+  EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 0)}), (std::vector<int>{0, 1, 4}));
   // A hair before it, nothing is met.
   EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 1e-9)}), (std::vector<int>{0, 1}));
 }
