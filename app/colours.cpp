@@ -14,8 +14,8 @@ double Linear(double channel) {
 }
 
 double Luminance(const QColor& colour) {
-  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
-         0.0722 * Linear(colour.blueF());
+  return 0.2126 * Linear(double{colour.redF()}) + 0.7152 * Linear(double{colour.greenF()}) +
+         0.0722 * Linear(double{colour.blueF()});
 }
 
 /// The colour with its lightness moved towards black or white.
