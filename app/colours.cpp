@@ -9,13 +9,14 @@ namespace {
 
 constexpr double kReadableContrast = 3.5;
 
-double Linear(double channel) {
+double Linear(float part) {
+  const auto channel = static_cast<double>(part);
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
 double Luminance(const QColor& colour) {
-  return 0.2126 * Linear(double{colour.redF()}) + 0.7152 * Linear(double{colour.greenF()}) +
-         0.0722 * Linear(double{colour.blueF()});
+  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
+         0.0722 * Linear(colour.blueF());
 }
 
 /// The colour with its lightness moved towards black or white.
