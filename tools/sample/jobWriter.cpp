@@ -68,8 +68,7 @@ class Connection {
   explicit Connection(const std::string& path) {
     // SQLite alone would write into whatever is there already.
     std::FILE* created = std::fopen(path.c_str(), "wbx");
-    if (created == nullptr) throw SampleError("cannot be created");
-    std::fclose(created);
+    if (created == nullptr || std::fclose(created) != 0) throw SampleError("cannot be created");
     sqlite3* opened = nullptr;
     const int result = sqlite3_open(path.c_str(), &opened);
     database_.reset(opened);
