@@ -73,8 +73,9 @@ void Frame::GiveFocusBack() {
     if (policies_.contains(child)) child->setFocusPolicy(policies_.value(child));
   }
   policies_.clear();
-  if (focused_ && focused_->isEnabled() && !window()->focusWidget()) focused_->setFocus();
+  QWidget* last = focused_.data();
   focused_.clear();
+  if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr) last->setFocus();
 }
 
 bool Frame::eventFilter(QObject* watched, QEvent* event) {

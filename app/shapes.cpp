@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "app/colours.h"
 #include "app/logo.h"
 
 namespace kestrin {
@@ -10,7 +11,9 @@ FilledShape::FilledShape(const QColor& colour, QWidget* parent) : QWidget(parent
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void FilledShape::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), colour_); }
+void FilledShape::paintEvent(QPaintEvent*) {
+  QPainter(this).fillRect(rect(), Readable(colour_, palette().color(QPalette::Window)));
+}
 
 void LogoView::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -9,12 +9,17 @@ namespace kestrin {
 
 void WindowEvents::DoEvents() {
   if (running_) return;
+  Pump();
+  if (cancelled_) throw RunCancelled();
+}
+
+void WindowEvents::Pump() {
+  if (running_) return;
   longestGap_ = std::max(longestGap_, Clock::now() - last_);
   running_ = true;
   QCoreApplication::processEvents();
   running_ = false;
   last_ = Clock::now();
-  if (cancelled_) throw RunCancelled();
 }
 
 void WindowEvents::Begin() {

@@ -20,6 +20,10 @@ class WindowEvents final : public Events {
     if (Clock::now() - last_ >= kInterval) DoEvents();
   }
 
+  void YieldWithoutThrow() noexcept override {
+    if (Clock::now() - last_ >= kInterval) Pump();
+  }
+
   /// To be called when a procedure begins.
   void Begin();
 
@@ -30,6 +34,8 @@ class WindowEvents final : public Events {
   Clock::duration LongestGap() const { return longestGap_; }
 
  private:
+  void Pump();
+
   /// Half a frame: input is answered at once, a million calls cost next to nothing.
   static constexpr std::chrono::milliseconds kInterval{8};
 

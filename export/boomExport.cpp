@@ -128,7 +128,7 @@ ExportOutcome ExportBoomShape(const std::string& basePath, const std::string& jo
   ExportOutcome outcome;
   RemoveSet(run.files, basePath);
 
-  Job job(jobPath);
+  Job job(jobPath, run.host);
   if (!job.IsOpen()) {
     run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
     return outcome;

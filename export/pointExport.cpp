@@ -54,7 +54,7 @@ ExportOutcome ExportPointShape(const std::string& basePath, const std::string& j
   RemoveSet(run.files, basePath);
   if (basePath.empty() || jobPath.empty()) return outcome;
 
-  Job job(jobPath);
+  Job job(jobPath, run.host);
   if (!job.IsOpen()) {
     run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
     return outcome;

@@ -19,7 +19,7 @@ ExportOutcome ExportPolyShape(const std::string& basePath, const std::string& jo
                               ExportRun& run) {
   ExportOutcome outcome;
   RemoveSet(run.files, basePath);
-  Job job(jobPath);
+  Job job(jobPath, run.host);
   if (!job.IsOpen()) {
     run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
     return outcome;

@@ -67,7 +67,7 @@ ExportOutcome ExportWireShape(const std::string& basePath, const std::string& jo
   RemoveSet(run.files, basePath);
   if (basePath.empty() || jobPath.empty()) return outcome;
 
-  Job job(jobPath);
+  Job job(jobPath, run.host);
   if (!job.IsOpen()) {
     run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
     return outcome;

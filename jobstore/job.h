@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "jobstore/runHost.h"
 #include "jobstore/sqliteDefs.h"
 
 namespace kestrin {
@@ -30,6 +31,11 @@ class Columns {
 class Job {
  public:
   explicit Job(const std::string& path) : handle_(library_.linx_sqlite3_open(path)) {}
+
+  /// The host, which must outlive the job, hears of every long step meanwhile.
+  Job(const std::string& path, RunHost& host) : Job(path) {
+    library_.CallDuringSteps(handle_, [&host] { host.YieldInsideStep(); });
+  }
   ~Job() { library_.linx_sqlite3_close(handle_); }
   Job(const Job&) = delete;
   Job& operator=(const Job&) = delete;

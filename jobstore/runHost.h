@@ -25,6 +25,10 @@ class RunHost {
   /// cost next to nothing most of the time. May throw RunCancelled.
   virtual void Yield() = 0;
 
+  /// The same from inside one long step of the database library, such as sorting all
+  /// rows before the first one comes. Must neither throw nor use the job.
+  virtual void YieldInsideStep() noexcept {}
+
   /// Tells the user that something failed; returns when they have seen it.
   virtual void ShowMessage(const std::string& text) = 0;
 };

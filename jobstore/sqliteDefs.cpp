@@ -77,6 +77,11 @@ std::int32_t sqliteDefs::linx_sqlite3_open(const std::string& path) {
   return tables_->databases.Add(std::move(database));
 }
 
+void sqliteDefs::CallDuringSteps(std::int32_t database, std::function<void()> call) {
+  const OpenedJob* job = tables_->JobOf(database);
+  if (job != nullptr) job->budget->CallMeanwhile(std::move(call));
+}
+
 std::int32_t sqliteDefs::linx_sqlite3_prepare(std::int32_t database, const std::string& sql,
                                               const std::int32_t& length) {
   const OpenedJob* job = tables_->JobOf(database);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -32,6 +33,10 @@ class sqliteDefs {
   /// Opens a database file for reading. Negative when there is no such file, it
   /// cannot be read, or it is no database. Path in the system's 8-bit text.
   std::int32_t linx_sqlite3_open(const std::string& path);
+
+  /// From now on `call` is called now and then while a statement of the database is
+  /// at work inside linx_sqlite3_step. It must neither throw nor use this object.
+  void CallDuringSteps(std::int32_t database, std::function<void()> call);
 
   /// Prepares the first statement in the text's first `length` characters. Only
   /// selections over the job's own tables can be prepared.

@@ -25,9 +25,10 @@ void WorkBudget::Watch(sqlite3* database) {
 }
 
 int WorkBudget::Spend(void* budget) {
-  auto& left = static_cast<WorkBudget*>(budget)->left_;
-  left -= kStepsBetweenChecks;
-  return left < 0 ? 1 : 0;
+  auto& self = *static_cast<WorkBudget*>(budget);
+  if (self.meanwhile_) self.meanwhile_();
+  self.left_ -= kStepsBetweenChecks;
+  return self.left_ < 0 ? 1 : 0;
 }
 
 }  // namespace kestrin

@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 namespace kestrin {
 
@@ -26,11 +28,16 @@ class WorkBudget {
   /// Grants the full budget anew; for each statement prepared.
   void Renew() { left_ = full_; }
 
+  /// `call` is called now and then while a statement works, many times in a
+  /// millisecond; it must neither throw nor use the connection.
+  void CallMeanwhile(std::function<void()> call) { meanwhile_ = std::move(call); }
+
  private:
   static int Spend(void* budget);
 
   std::int64_t full_;
   std::int64_t left_;
+  std::function<void()> meanwhile_;
 };
 
 }  // namespace kestrin

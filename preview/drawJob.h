@@ -23,7 +23,7 @@ void DrawJob(const PreviewState& state, Picture& picture, RunHost& host) {
   picture.Clear();
   if (!HasArea(picture)) return;
   {
-    Job job(state.jobPath);
+    Job job(state.jobPath, host);
     if (!job.IsOpen()) return;
     LocalOffsets<References> offsets(job);
     if (!offsets.HasReference()) return;

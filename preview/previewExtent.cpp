@@ -101,7 +101,7 @@ void FindPreviewExtent(const std::string& jobPath, PreviewState& state, Picture&
   picture.RemovePicture();
   picture.Clear();
 
-  Job job(path);
+  Job job(path, host);
   if (!job.IsOpen()) return;
   LocalOffsets<References> offsets(job);
   if (!offsets.HasReference()) return;

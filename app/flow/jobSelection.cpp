@@ -54,7 +54,7 @@ void JobSelection::TakeNames(const std::string& path) {
 }
 
 bool JobSelection::ReadJob(const std::string& path) {
-  Job job(path);
+  Job job(path, host_);
   if (!job.IsOpen()) return false;
   CheckFormat(job);
   CountRows(job);

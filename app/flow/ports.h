@@ -44,6 +44,9 @@ class Events {
   virtual void DoEvents() = 0;
   /// The same from inside a row loop: next to nothing most of the time.
   virtual void Yield() = 0;
+  /// The same where an exception may not pass; a stop that was asked for waits for
+  /// the next call of the others.
+  virtual void YieldWithoutThrow() noexcept {}
 };
 
 /// How the user's language writes dates.

@@ -14,6 +14,7 @@ class WindowHost final : public RunHost {
 
   void CountRow() override { ++progress_.count; }
   void Yield() override { events_.Yield(); }
+  void YieldInsideStep() noexcept override { events_.YieldWithoutThrow(); }
   void ShowMessage(const std::string& text) override { dialogs_.ShowMessage(text); }
 
  private:

@@ -50,12 +50,13 @@ void ShootAll(Session& session, const std::string& folder, const std::string& pr
     Settle();
     Shoot(session.Window(), folder, prefix + "preview-" + kinds[kind]);
   }
-  bool shot = false;
+  // The bar is on screen a few looks after it has its width.
+  constexpr int kLooks = 8;
+  int looks = 0;
   const auto watch = [&] {
     const auto* bar = session.Window().findChild<QWidget*>("Shape2");
-    if (shot || session.Label(2) != "Creating Shape File" || bar->width() < 30) return;
-    shot = true;
-    Shoot(session.Window(), folder, prefix + "exporting");
+    if (session.Label(2) != "Creating Shape File" || bar->width() < 10) return;
+    if (++looks == kLooks) Shoot(session.Window(), folder, prefix + "exporting");
   };
   session.CreateAll(watch);
   Settle();

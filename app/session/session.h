@@ -34,6 +34,7 @@ class Session {
   Session(const std::string& job, const std::string& folder);
 
   MainFrm& Window() { return *window_; }
+  const WindowEvents& EventLoop() const { return window_->EventLoop(); }
 
   /// Presses SELECT; false when no job is loaded afterwards.
   bool Select();

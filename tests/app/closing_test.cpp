@@ -3,7 +3,9 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "jobstore/queries.h"
 #include "tests/app/testWindow.h"
+#include "tests/support/recordingHost.h"
 
 namespace kestrin {
 namespace {
@@ -73,6 +75,29 @@ TEST(Yielding, InputIsAnsweredWithin50MillisecondsDuringAnExport) {
   EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
   window.Click("Option1_3");
   EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
+}
+
+TEST(Yielding, EventsRunWhileTheRowsAreStillBeingSorted) {
+  TestWindow window;
+  const std::string path = SmallJob(window.folder, "long.sqlite", kManyEpochs);
+  WindowEvents events;
+  events.Begin();
+  int rowsBefore = 0;
+  int rows = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { rowsBefore += rows == 0 ? 1 : 0; });
+  timer.start(5);
+  struct Host : test::RecordingHost {
+    explicit Host(WindowEvents& loop) : loop_(loop) {}
+    void YieldInsideStep() noexcept override { loop_.YieldWithoutThrow(); }
+    WindowEvents& loop_;
+  } host(events);
+  Job job(path, host);
+  Query<PointEpochs> epochs(job);
+  EpochRow row;
+  ASSERT_TRUE(epochs.Next(row));
+  ++rows;
+  EXPECT_GE(rowsBefore, 2);
 }
 
 TEST(Yielding, AMillionYieldsCostNextToNothing) {

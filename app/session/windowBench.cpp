@@ -1,0 +1,81 @@
+// Measures selecting and previewing a job in the window against the floor: the same
+// walks over the job's rows and nothing else.
+
+#include <QApplication>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "app/session/session.h"
+#include "jobstore/queries.h"
+
+namespace kestrin {
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+double SecondsOf(const std::function<void()>& action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  return Seconds(std::chrono::steady_clock::now() - start).count();
+}
+
+template <class Epochs>
+void Walk(const std::string& path) {
+  Job job(path);
+  Query<Epochs> epochs(job);
+  for (EpochRow row; epochs.Next(row);) {
+  }
+}
+
+void WalkSelection(const std::string& path) {
+  {
+    Job job(path);
+    CountRow count;
+    ReadFirst<EpochCount>(job, count);
+    KeyRow newest;
+    ReadFirst<NewestEpoch>(job, newest);
+  }
+  Walk<PreviewBoomEpochs>(path);
+  Walk<PreviewWireEpochs>(path);
+}
+
+void Report(const char* what, double seconds, double floor, const Session& session) {
+  const double gap =
+      std::chrono::duration<double, std::milli>(session.EventLoop().LongestGap()).count();
+  std::printf("%-8s %6.3f s   floor %6.3f s   %4.2f times   longest gap %4.0f ms\n", what, seconds,
+              floor, seconds / floor, gap);
+}
+
+int Run(const std::string& job, const std::string& folder) {
+  Session session(job, folder);
+  const double selecting = SecondsOf([&] { session.Select(); });
+  Report("select", selecting, SecondsOf([&] { WalkSelection(job); }), session);
+  constexpr void (*kWalks[])(const std::string&) = {
+      Walk<PreviewWireEpochs>, Walk<PreviewBoomEpochs>, Walk<PreviewPolyEpochs>,
+      Walk<PreviewPointEpochs>};
+  const char* kinds[] = {"wire", "boom", "poly", "point"};
+  for (int kind = 0; kind < kKindCount; ++kind) {
+    const double seconds = SecondsOf([&] { session.Preview(kind); });
+    Report(kinds[kind], seconds, SecondsOf([&] { kWalks[kind](job); }), session);
+  }
+  const double exporting = SecondsOf([&] { session.CreateAll(); });
+  Report("export", exporting, exporting, session);
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace kestrin
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: kestrin-window-bench JOB FOLDER\n");
+    return 2;
+  }
+  return kestrin::Run(argv[1], argv[2]);
+}
