@@ -9,7 +9,8 @@ namespace {
 
 constexpr double kReadableContrast = 3.5;
 
-double Linear(double channel) {
+double Linear(float part) {
+  const auto channel = static_cast<double>(part);
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 

@@ -38,16 +38,20 @@ class DrawnShapes {
     friend bool operator==(const Slot&, const Slot&) = default;
   };
 
-  static constexpr std::size_t kSlots = std::size_t{1} << 15;
-  using Slots = std::array<Slot, kSlots>;
+  /// Few enough to stay in the processor's cache; what comes again comes soon.
+  static constexpr int kIndexBits = 12;
+  using Slots = std::array<Slot, std::size_t{1} << kIndexBits>;
+
+  static std::uint64_t Packed(PicturePoint point) {
+    return std::uint64_t{static_cast<std::uint32_t>(point.x)} << 32 |
+           static_cast<std::uint32_t>(point.y);
+  }
 
   static std::size_t IndexOf(PicturePoint from, PicturePoint to, std::int32_t radius) {
-    std::uint64_t mixed = 0;
-    for (const std::int32_t part : {from.x, from.y, to.x, to.y, radius}) {
-      mixed = (mixed ^ static_cast<std::uint32_t>(part)) * 0x9E3779B97F4A7C15u;
-      mixed ^= mixed >> 29;
-    }
-    return static_cast<std::size_t>(mixed % kSlots);
+    const std::uint64_t mixed =
+        Packed(from) * 0x9E3779B97F4A7C15u ^
+        (Packed(to) + static_cast<std::uint32_t>(radius)) * 0xC2B2AE3D27D4EB4Fu;
+    return static_cast<std::size_t>(mixed >> (64 - kIndexBits));
   }
 
   std::unique_ptr<Slots> slots_;

@@ -147,8 +147,13 @@ void MainFrm::Form_Resize() {
 
 void MainFrm::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  // How wide the desktop's border is shows only once the window does.
-  if (fillsScreen_) QTimer::singleShot(0, this, &MainFrm::FillScreen);
+  if (!fillsScreen_) return;
+  // How wide the desktop's border is shows only some time after the window does, and
+  // some desktops have none.
+  for (const int milliseconds : {0, 100, 500}) {
+    QTimer::singleShot(milliseconds, this, &MainFrm::FillScreen);
+  }
+  fillsScreen_ = false;
 }
 
 void MainFrm::FillScreen() {

@@ -13,13 +13,18 @@ namespace kestrin {
 /// The text of a number, without allocation.
 class NumberText {
  public:
-  std::string_view View() const { return {characters_.data(), size_}; }
+  std::string_view View() const { return {characters_.data() + begin_, size_}; }
 
  private:
   friend NumberText ShortestText(double value);
   friend NumberText RoundedText(double value, int decimals);
   friend NumberText IntegerText(std::int64_t value);
+
+  /// number / 10^decimals, written from the back.
+  void TakeScaled(std::int64_t number, int decimals);
+
   std::array<char, 32> characters_{};
+  std::size_t begin_ = 0;
   std::size_t size_ = 0;
 };
 

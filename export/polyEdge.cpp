@@ -28,6 +28,9 @@ constexpr double kMostTurn = 1.5 * std::numbers::pi;
 // that jolts or backs up a little, are not worth an argument.
 constexpr double kSmall = 0.04;
 
+// So many widths long, an edge is past turning about its own beginning.
+constexpr double kYoung = 10;
+
 }  // namespace
 
 void SwathEdge::Crossing::Offer(std::size_t at, UtmPoint where, UtmPoint from) {
@@ -39,6 +42,7 @@ void SwathEdge::Restart(UtmPoint origin) {
   trail_.Restart();
   notes_.clear();
   origin_ = origin;
+  length_ = 0;
 }
 
 void SwathEdge::Append(UtmPoint point, const SwathMotion& motion) {
@@ -47,6 +51,7 @@ void SwathEdge::Append(UtmPoint point, const SwathMotion& motion) {
     return;
   }
   const UtmPoint before = trail_.Back();
+  length_ += std::sqrt(SquareDistance(before, point));
   const double forward = (point.easting - before.easting) * motion.headingEasting +
                          (point.northing - before.northing) * motion.headingNorthing;
   Push(point, motion.turned, forward >= 0);
@@ -59,7 +64,8 @@ void SwathEdge::DropNewest() {
 
 void SwathEdge::RemoveLoops(SwathEdge& other) {
   const double square = SquareDistance(trail_.Back(), other.trail_.Back());
-  while (RemoveOwnLoop(square) || RemoveLoopAtStart(other) || RemoveLoopWith(other)) {
+  const bool young = length_ * length_ < kYoung * kYoung * square;
+  while (RemoveOwnLoop(square) || RemoveLoopAtStart(other) || (young && RemoveLoopWith(other))) {
   }
 }
 
@@ -108,7 +114,8 @@ bool SwathEdge::RemoveLoopAtStart(const SwathEdge& other) {
   const double area = LoopArea(other, 0, point);
   const double turn = TurnSince(0);
   const bool covered = area > 0 && turn > kLeastTurn && turn < kMostTurn;
-  if (!covered && !(area < 0 && -area < SquareDistance(trail_.Back(), other.trail_.Back()))) return false;
+  const bool turnedAbout = area < 0 && -area < SquareDistance(trail_.Back(), other.trail_.Back());
+  if (!covered && !turnedAbout) return false;
   MoveTo(0, point);
   return true;
 }
@@ -123,7 +130,7 @@ bool SwathEdge::RemoveLoopWith(SwathEdge& other) {
     if (SegmentsCross(a, b, other.trail_[i], other.trail_[i + 1])) {
       const UtmPoint point = MeetingPoint(a, b, other.trail_[i], other.trail_[i + 1]);
       const double area = LoopArea(other, i, point);
-      if (area < 0 && -area < most) first.Offer(i, point, a);
+      if (-area < most && area < kSmall * most) first.Offer(i, point, a);
     }
     return false;
   });
@@ -171,12 +178,13 @@ bool SwathEdge::IsFold(std::size_t segment, UtmPoint crossing, double square) co
 double SwathEdge::LoopArea(std::size_t segment, UtmPoint crossing, std::size_t last) const {
   constexpr std::size_t kShort = 16;
   if (last - segment > kShort) {
-    return toSide_ * (notes_[last].area - notes_[segment + 1].area +
-                      Cross(origin_, crossing, trail_[segment + 1]) +
-                      Cross(origin_, trail_[last], crossing));
+    return toSide_ *
+           (notes_[last].area - notes_[segment + 1].area +
+            Cross(origin_, crossing, trail_[segment + 1]) + Cross(origin_, trail_[last], crossing));
   }
   double area = 0;
-  for (std::size_t i = segment + 1; i < last; ++i) area += Cross(crossing, trail_[i], trail_[i + 1]);
+  for (std::size_t i = segment + 1; i < last; ++i)
+    area += Cross(crossing, trail_[i], trail_[i + 1]);
   return toSide_ * area;
 }
 

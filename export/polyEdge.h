@@ -10,9 +10,9 @@ namespace kestrin {
 
 /// What the newest row did, for the edges.
 struct SwathMotion {
-  double turned = 0;            ///< yaw since the polygon's first row, in radians, not wrapped
-  double headingEasting = 0;    ///< where the vehicle points between the row before
-  double headingNorthing = 0;   ///< and this one; of any length
+  double turned = 0;           ///< yaw since the polygon's first row, in radians, not wrapped
+  double headingEasting = 0;   ///< where the vehicle points between the row before
+  double headingNorthing = 0;  ///< and this one; of any length
 };
 
 /// The left or right edge of the polygon being built, without the loops that it
@@ -84,6 +84,7 @@ class SwathEdge {
   SegmentTrail trail_;
   std::vector<Note> notes_;
   UtmPoint origin_;
+  double length_ = 0;  // of the edge as it was drawn, while that matters
 };
 
 }  // namespace kestrin

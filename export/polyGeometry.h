@@ -24,8 +24,8 @@ void FindLineIntersection(double x1, double y1, double x2, double y2, double x3,
 /// repeats its first point at the end has the same area.
 double PolygonArea(std::span<const UtmPoint> points);
 
-/// The bounds of two points or more; of none, an extent that overlaps no other.
-/// NaN coordinates do not take part.
+/// The bounds of two points or more; of none, an extent that overlaps no other. With
+/// a NaN among its bounds it overlaps nothing and widens nothing that way.
 struct Extent {
   double xMin = kNothing;
   double yMin = kNothing;
@@ -35,17 +35,10 @@ struct Extent {
   static constexpr double kNothing = std::numeric_limits<double>::infinity();
 
   static Extent Of(UtmPoint a, UtmPoint b) {
-    Extent extent;
-    extent.Widen(a);
-    extent.Widen(b);
-    return extent;
-  }
-
-  void Widen(UtmPoint point) {
-    if (point.easting < xMin) xMin = point.easting;
-    if (point.easting > xMax) xMax = point.easting;
-    if (point.northing < yMin) yMin = point.northing;
-    if (point.northing > yMax) yMax = point.northing;
+    return {a.easting < b.easting ? a.easting : b.easting,
+            a.northing < b.northing ? a.northing : b.northing,
+            a.easting > b.easting ? a.easting : b.easting,
+            a.northing > b.northing ? a.northing : b.northing};
   }
 
   void Widen(const Extent& other) {
@@ -56,9 +49,7 @@ struct Extent {
   }
 
   /// Whether the point lies in the extent, its bounds included.
-  bool Holds(double x, double y) const {
-    return xMin <= x && x <= xMax && yMin <= y && y <= yMax;
-  }
+  bool Holds(double x, double y) const { return xMin <= x && x <= xMax && yMin <= y && y <= yMax; }
 
   bool Contains(const Extent& other) const {
     return xMin <= other.xMin && other.xMax <= xMax && yMin <= other.yMin && other.yMax <= yMax;

@@ -59,10 +59,10 @@ void Outline::Add(const SwathRow& row, const SwathMotion& motion) {
 
 SwathMotion Outline::MotionTo(const SwathRow& row) const {
   // Square to both rows' booms together.
-  const double east = row.right.easting - row.left.easting + newest_.right.easting -
-                      newest_.left.easting;
-  const double north = row.right.northing - row.left.northing + newest_.right.northing -
-                       newest_.left.northing;
+  const double east =
+      row.right.easting - row.left.easting + newest_.right.easting - newest_.left.easting;
+  const double north =
+      row.right.northing - row.left.northing + newest_.right.northing - newest_.left.northing;
   return {turned_, -north, east};
 }
 

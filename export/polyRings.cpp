@@ -17,6 +17,7 @@ constexpr double kAcresPerSquareMetre = 0.000247105381;
 
 void Ring::Build(const std::vector<UtmPoint>& leftEdge, const std::vector<UtmPoint>& rightEdge) {
   points_.clear();
+  points_.reserve(leftEdge.size() + rightEdge.size() + 1);
   for (const UtmPoint& point : leftEdge) Add(point);
   for (auto point = rightEdge.rbegin(); point != rightEdge.rend(); ++point) Add(*point);
   if (!points_.empty()) Add(points_.front());

@@ -31,15 +31,14 @@ void SegmentTrail::AddToBlocks(std::size_t segment) {
     const std::size_t block = segment >> bits;
     std::vector<Extent>& blocks = blocks_[level];
     if (block == blocks.size()) {
-      blocks.push_back(extent);
+      blocks.emplace_back();
     } else if ((segment & ((std::size_t{1} << bits) - 1)) == 0) {
-      blocks[block] = extent;
+      blocks[block] = {};
     } else if (blocks[block].Contains(extent)) {
       // So do the larger blocks, each of which holds its smaller ones.
       return;
-    } else {
-      blocks[block].Widen(extent);
     }
+    blocks[block].Widen(extent);
   }
 }
 

@@ -40,10 +40,10 @@ void PolyTiles::Add(std::uint32_t segment, const Extent& extent) {
 
 std::size_t PolyTiles::LevelFor(const Extent& extent) {
   // Far out, doubles are too coarse to number small tiles.
-  const double length = std::max({extent.xMax - extent.xMin, extent.yMax - extent.yMin,
-                                  std::fabs(extent.xMin) * 0x1p-40, std::fabs(extent.xMax) * 0x1p-40,
-                                  std::fabs(extent.yMin) * 0x1p-40,
-                                  std::fabs(extent.yMax) * 0x1p-40});
+  const double length =
+      std::max({extent.xMax - extent.xMin, extent.yMax - extent.yMin,
+                std::fabs(extent.xMin) * 0x1p-40, std::fabs(extent.xMax) * 0x1p-40,
+                std::fabs(extent.yMin) * 0x1p-40, std::fabs(extent.yMax) * 0x1p-40});
   int exponent = kSmallestExponent;
   if (length > 8) {
     const int needed = std::isfinite(length) ? std::ilogb(length) + 1 : 1025;

@@ -65,8 +65,10 @@ TEST(StartUp, WindowKeepsItsSizeFrom800By600On) {
 TEST(StartUp, WindowTakesTheWholeOfASmallerScreen) {
   for (const ScreenSize screen : {ScreenSize{799, 768}, ScreenSize{1024, 599}}) {
     TestWindow window([&](Surroundings& around) { around.screen = screen; });
-    QTest::qWait(50);
-    EXPECT_EQ(window->frameGeometry().size(), QSize(static_cast<int>(screen.width), screen.height));
+    const QSize whole(static_cast<int>(screen.width), screen.height);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->frameGeometry().size() == whole; }, 2000));
+    QTest::qWait(600);
+    EXPECT_EQ(window->frameGeometry().size(), whole);
   }
 }
 

@@ -60,8 +60,7 @@ TEST(CleanOutline, AsksAllSegmentsButTheTwoBeforeTheNewest) {
 
 TEST(CleanOutline, BoundsAreIncluded) {
   // The newest segment ends on the first point of the first.
-  EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 0)}),
-            (std::vector<int>{0, 1, 4}));
+  EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 0)}), (std::vector<int>{0, 1, 4}));
   // A hair before it, nothing is met.
   EXPECT_EQ(StartsOf({Row(0, 0), Row(10, 0), Row(10, 10), Row(0, 1e-9)}), (std::vector<int>{0, 1}));
 }

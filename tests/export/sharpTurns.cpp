@@ -53,7 +53,8 @@ Driver& Driver::Spiral(double rounds, double spacing, double fromRadius) {
   const double growth = spacing / (2 * std::numbers::pi);
   double radius = fromRadius;
   const double side = yaw_;
-  const UtmPoint centre{at_.easting - radius * std::sin(side), at_.northing - radius * std::cos(side)};
+  const UtmPoint centre{at_.easting - radius * std::sin(side),
+                        at_.northing - radius * std::cos(side)};
   rows_.clear();
   for (double angle = 0; angle < rounds * 2 * std::numbers::pi;) {
     radius = fromRadius + growth * angle;
@@ -72,38 +73,46 @@ std::vector<SharpTurn> SharpTurns() {
   for (const double width : {3.0, 12.0, 48.0}) {
     for (const double share : {0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5}) {
       for (const double yaw : {0.0, 0.7}) {
-        for (const double step : {0.5, 2.1}) {
+        for (const double step : {width / 24, width / 7}) {
           const double radius = share * width / 2;
           const auto add = [&](const std::string& kind, const Driver& driver) {
             turns.push_back({Named(kind, width, radius, yaw, step), driver.Rows()});
           };
           const auto drive = [&] { return Driver(kField, yaw, width, step); };
           for (const double side : {1.0, -1.0}) {
-            add("right angle", drive().Straight(2 * width).Turn(side * 90 * kDegree, radius)
-                                   .Straight(2 * width));
+            add("right angle",
+                drive().Straight(2 * width).Turn(side * 90 * kDegree, radius).Straight(2 * width));
             add("blunt", drive().Straight(width).Turn(side * 35 * kDegree, radius).Straight(width));
-            add("acute", drive().Straight(4 * width).Turn(side * 140 * kDegree, radius)
-                             .Straight(4 * width));
-            add("very acute", drive().Straight(8 * width).Turn(side * 160 * kDegree, radius)
-                             .Straight(8 * width));
-            add("half circle", drive().Straight(width).Turn(side * 90 * kDegree, radius)
+            add("acute",
+                drive().Straight(4 * width).Turn(side * 140 * kDegree, radius).Straight(4 * width));
+            add("very acute",
+                drive().Straight(8 * width).Turn(side * 160 * kDegree, radius).Straight(8 * width));
+            add("half circle", drive()
+                                   .Straight(width)
+                                   .Turn(side * 90 * kDegree, radius)
                                    .Straight(1.1 * width)
                                    .Turn(side * 90 * kDegree, radius)
                                    .Straight(3 * width));
-            add("jog", drive().Straight(2 * width).Turn(side * 90 * kDegree, radius)
+            add("jog", drive()
+                           .Straight(2 * width)
+                           .Turn(side * 90 * kDegree, radius)
                            .Straight(0.3 * width)
                            .Turn(-side * 90 * kDegree, radius)
                            .Straight(2 * width));
-            add("short first leg", drive().Straight(0.3 * width).Turn(side * 90 * kDegree, radius)
-                                       .Straight(3 * width));
-            if (radius > 0) {
-              add("three-point", drive().Straight(2 * width).Turn(side * 40 * kDegree, radius)
+            add("short first leg", drive()
+                                       .Straight(0.3 * width)
+                                       .Turn(side * 90 * kDegree, radius)
+                                       .Straight(12 * width));
+            if (share > 0 && share < 1) {
+              add("three-point", drive()
+                                     .Straight(6 * width)
+                                     .Turn(side * 40 * kDegree, radius)
                                      .TurnBack(side * 30 * kDegree, radius)
                                      .Turn(side * 40 * kDegree, radius)
-                                     .Straight(3 * width));
+                                     .Straight(9 * width));
             }
           }
-          if (yaw < 1) {
+          if (share >= 0.5) {
             add("spiral", drive().Spiral(5, width * 1.3, radius));
           }
         }
