@@ -14,8 +14,7 @@ enum class ControlKind {
   kFrame,     ///< container with border, caption and input gate
   kButton,    ///< push button with a background colour
   kOption,    ///< option button
-  kLabel,     ///< one-line text
-  kCentred,   ///< the same, centred
+  kCentred,   ///< one-line text, centred
   kTrack,     ///< empty bordered label: the frame of a bar or picture
   kBordered,  ///< bordered text
   kBar,       ///< fill of a progress bar

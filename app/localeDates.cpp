@@ -3,18 +3,11 @@
 #include <QDate>
 #include <QLocale>
 
+#include "geo/monthNames.h"
+
 namespace kestrin {
 
-MonthNames LocaleDates::AbbreviatedMonths() {
-  const QLocale locale = QLocale::system();
-  MonthNames names;
-  int month = 0;
-  for (std::string& name : names) {
-    // The stand-alone form: the other one ends in a dot in many languages.
-    name = locale.standaloneMonthName(++month, QLocale::ShortFormat).toStdString();
-  }
-  return names;
-}
+MonthNames LocaleDates::AbbreviatedMonths() { return UserMonthNames(); }
 
 std::string LocaleDates::ShortDate(std::chrono::year_month_day date) {
   const QLocale locale = QLocale::system();

@@ -8,6 +8,7 @@ namespace kestrin {
 /// the zero date must not read as 1999.
 class LocaleDates final : public DateStyle {
  public:
+  /// The names that exports without a window use too: both find the same folders.
   MonthNames AbbreviatedMonths() override;
   std::string ShortDate(std::chrono::year_month_day date) override;
 };

@@ -44,7 +44,6 @@ QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
       return new GraphicalButton(spec.caption, parent);
     case ControlKind::kOption:
       return new OptionButton(spec.caption, parent);
-    case ControlKind::kLabel:
     case ControlKind::kCentred:
     case ControlKind::kTrack:
     case ControlKind::kBordered:

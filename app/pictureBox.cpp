@@ -38,6 +38,7 @@ void PictureBox::SetFillColor(std::uint32_t bgr) {
 void PictureBox::RemovePicture() {
   EndPainting();
   image_ = {};
+  drawn_.Forget();
 }
 
 void PictureBox::Clear() {

@@ -13,8 +13,6 @@ class FilledShape : public QWidget {
  public:
   FilledShape(const QColor& colour, QWidget* parent);
 
-  void SetWidth(int pixels) { resize(pixels, height()); }
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 

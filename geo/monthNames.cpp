@@ -5,6 +5,9 @@
 #else
 #include <langinfo.h>
 #include <locale.h>
+
+#include <algorithm>
+#include <string_view>
 #endif
 
 namespace kestrin {
@@ -50,7 +53,9 @@ MonthNames UserMonthNames() {
   const locale_t user = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr);
   if (user == nullptr) return names;
   for (std::size_t month = 0; month < names.size(); ++month) {
-    const std::string name = nl_langinfo_l(kItems[month], user);
+    std::string_view name = nl_langinfo_l(kItems[month], user);
+    // Some languages' names come padded to one width, which no file name should be.
+    name.remove_prefix(std::min(name.find_first_not_of(' '), name.size()));
     if (!name.empty()) names[month] = name;
   }
   freelocale(user);

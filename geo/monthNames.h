@@ -4,9 +4,9 @@
 
 namespace kestrin {
 
-/// The abbreviated month names of the user's language as the system gives them, in
-/// the system's 8-bit text; English ones when it gives none. The process's own
-/// locale is neither asked nor changed.
+/// The abbreviated month names of the user's language as the system gives them,
+/// without leading blanks, in the system's 8-bit text (UTF-8 on Windows); English
+/// ones when it gives none. The process's own locale is neither asked nor changed.
 MonthNames UserMonthNames();
 
 }  // namespace kestrin

@@ -8,9 +8,9 @@ namespace kestrin {
 
 /// A drive of the system, or what stands for one: a mounted volume.
 struct Drive {
-  std::string root;  ///< path; may lack its last separator
-  bool removable = false;
-  bool ready = false;
+  std::string root;        ///< path; may lack its last separator
+  bool removable = false;  ///< optical drives are not
+  bool ready = false;      ///< looked for on removable drives only
 };
 
 /// The system's drives and what lies in their roots. What cannot be read is left

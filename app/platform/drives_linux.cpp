@@ -2,6 +2,7 @@
 #include <fstream>
 #include <optional>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 #include <unordered_set>
 
@@ -11,6 +12,9 @@ namespace kestrin {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// The kernel's major number of optical drives.
+constexpr std::string_view kOpticalDrives = "11:";
 
 /// A path as the kernel's tables write it: "\040" and the like stand for blanks,
 /// tabs, line ends and backslashes.
@@ -63,9 +67,11 @@ class LinuxDrives final : public Drives {
     for (std::string line; std::getline(mounts, line);) {
       const auto mount = MountOf(line);
       if (!mount || !seen.insert(mount->point).second) continue;
+      const bool removable = IsRemovable(mount->device);
+      // A network volume that is away would not answer: it is not asked.
       std::error_code failed;
-      const bool ready = fs::is_directory(mount->point, failed);
-      drives.push_back({mount->point, IsRemovable(mount->device), ready});
+      const bool ready = removable && fs::is_directory(mount->point, failed);
+      drives.push_back({mount->point, removable, ready});
     }
     return drives;
   }
@@ -83,8 +89,10 @@ class LinuxDrives final : public Drives {
 
  private:
   /// A partition's disk is the folder it lies in; a stick may not say that it is
-  /// removable, but then it sits on USB.
+  /// removable, but then it sits on USB. Optical drives say that they are: only
+  /// their discs can be taken out, and no console writes a job on one.
   bool IsRemovable(const std::string& device) const {
+    if (device.starts_with(kOpticalDrives)) return false;
     std::error_code failed;
     const fs::path block = fs::canonical(systemRoot_ + "/sys/dev/block/" + device, failed);
     if (failed) return false;

@@ -93,6 +93,13 @@ TEST_F(PictureBoxTest, AShapeCoveredByAPolygonIsDrawnAgain) {
   EXPECT_EQ(At(20, 10), kBlueRgb);
 }
 
+TEST_F(PictureBoxTest, AShapeOfAPictureThatWasRemovedIsDrawnAgain) {
+  box_.Line({10, 10}, {30, 10});
+  box_.RemovePicture();
+  box_.Line({10, 10}, {30, 10});
+  EXPECT_EQ(At(20, 10), kBlueRgb);
+}
+
 TEST_F(PictureBoxTest, WhatIsOutsideIsLeftOut) {
   box_.Line({-1000, 40}, {100000, 40});
   box_.Circle({-50, -50}, 3);

@@ -4,9 +4,11 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
 #include "geo/monthNames.h"
+#include "tests/support/tempFolder.h"
 
 namespace kestrin {
 namespace {
@@ -64,6 +66,32 @@ TEST(UserMonthNames, AreEnglishInTheCLocaleAndInAnUnknownOne) {
     const Setting setting("LC_ALL", locale);
     EXPECT_EQ(UserMonthNames(), english) << locale;
   }
+}
+
+/// The names in a language that this test installs for itself alone; nothing where
+/// the system cannot make it.
+std::optional<MonthNames> NamesIn(const std::string& language) {
+  const test::TempFolder folder;
+  const std::string locale = language + ".UTF-8";
+  const std::string make = "localedef -i " + language + " -f UTF-8 '" + (folder / locale) + "'";
+  if (std::system((make + " >/dev/null 2>&1").c_str()) != 0) return std::nullopt;
+  const Setting place("LOCPATH", folder.Path().c_str());
+  const Setting setting("LC_ALL", locale.c_str());
+  return UserMonthNames();
+}
+
+TEST(UserMonthNames, AreThoseOfTheUsersLanguage) {
+  const auto german = NamesIn("de_DE");
+  if (!german) GTEST_SKIP() << "no languages to install";
+  EXPECT_EQ(german->at(2), "Mär");
+  EXPECT_EQ(german->at(11), "Dez");
+}
+
+TEST(UserMonthNames, HaveNoPadding) {
+  const auto japanese = NamesIn("ja_JP");
+  if (!japanese) GTEST_SKIP() << "no languages to install";
+  EXPECT_EQ(japanese->at(0), "1月");
+  EXPECT_EQ(japanese->at(11), "12月");
 }
 
 TEST(UserMonthNames, LeaveTheProcessLocaleAlone) {

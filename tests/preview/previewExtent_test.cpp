@@ -197,6 +197,20 @@ TEST_F(Extent, AJobWithoutGpsRowsKeepsTheExtentOfBefore) {
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
 }
 
+TEST_F(Extent, AJobWithoutGpsTableKeepsTheExtentOfBefore) {
+  job.builder.Execute("DROP TABLE GpsDataTable");
+  Find(100, 100);
+  EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
+  EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
+  EXPECT_THAT(job.host.messages, IsEmpty());
+}
+
+TEST_F(Extent, SectionsOfInfiniteWidthDoNotCount) {
+  job.Implement(0, {{5, 0, 0, 0}, {10, 0, 0, 0}}).At(1, 0, 0);
+  job.builder.Execute("UPDATE ImplChangeTable SET width0 = 9e999");
+  EXPECT_NEAR(CoveredWidth(Find(100, 100), 100), 10, kTolerance);
+}
+
 TEST_F(Extent, AJobWithoutImplementTableIsItsPathAlone) {
   job.At(1, 0, 0).At(2, 200, 100).builder.Execute("DROP TABLE ImplChangeTable");
   ExpectExtent(Find(100, 100), -10, -60.25, 210.5, 160.25, 2.205);

@@ -81,6 +81,23 @@ TEST_F(SystemDrives, AVolumeWhoseFolderIsGoneIsNotReady) {
   EXPECT_FALSE(List().at(0).ready);
 }
 
+TEST_F(SystemDrives, AnOpticalDriveIsNoRemovableOne) {
+  Disk("pci0/ata2/block/sr0", "11:0", "11:1", '1');
+  Disk("pci0/usb2/2-1/block/sr1", "11:2", "11:3", '1');
+  Write("proc/self/mountinfo", "41 22 11:0 / " + Folder("cd") +
+                                   " ro - iso9660 /dev/sr0 ro\n42 22 " + "11:2 / " + Folder("dvd") +
+                                   " ro - udf /dev/sr1 ro\n");
+  const auto drives = List();
+  ASSERT_EQ(drives.size(), 2U);
+  EXPECT_FALSE(drives[0].removable);
+  EXPECT_FALSE(drives[1].removable);
+}
+
+TEST_F(SystemDrives, OnlyRemovableOnesAreAskedWhetherTheyAreReady) {
+  Write("proc/self/mountinfo", "41 22 0:50 / " + Folder("net") + " rw - nfs server:/jobs rw\n");
+  EXPECT_FALSE(List().at(0).ready);
+}
+
 TEST_F(SystemDrives, AVolumeMountedOverIsListedOnce) {
   const std::string folder = Folder("stick");
   Write("proc/self/mountinfo", "41 22 8:17 / " + folder + " rw - vfat /dev/sdb1 rw\n42 22 8:17 / " +

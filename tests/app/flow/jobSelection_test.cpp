@@ -158,6 +158,21 @@ TEST_F(Selection, AJobWithoutVersionTableIsOfUnknownFormat) {
               ElementsAre(StartsWith("ShowWarning [Kestrin Warning] Job file Format  may be")));
 }
 
+TEST_F(Selection, AJobWithAnEmptyVersionTableOrTextIsOfUnknownFormat) {
+  for (const char* change :
+       {"DELETE FROM VersionChangeTable", "UPDATE VersionChangeTable SET sqlite_ver = ''",
+        "UPDATE VersionChangeTable SET sqlite_ver = '   '"}) {
+    test::JobBuilder job(folder / (std::to_string(window.yields) + ".sqlite"));
+    FillJob(job).Execute(change);
+    Choose(job);
+    flow.Command3_Click();
+    EXPECT_THAT(Warnings(),
+                ElementsAre(StartsWith("ShowWarning [Kestrin Warning] Job file Format  may be")))
+        << change;
+    window.Take();
+  }
+}
+
 TEST_F(Selection, TheNewestVersionCounts) {
   test::JobBuilder job(folder / "a.sqlite");
   Choose(FillJob(job, "9.9.9-9").Version({0, 5}, "3.2.8-1"));
@@ -215,6 +230,20 @@ TEST_F(Selection, AJobWithoutGpsTableHasNoDate) {
   EXPECT_EQ(state.job.dateText, "");
   EXPECT_EQ(state.progress.total, 0);
   EXPECT_EQ(state.lastGpsTime, kZeroDate);
+}
+
+TEST_F(Selection, DrawsThePreviewBeforeItTellsWhichSetsExist) {
+  test::JobBuilder job(folder / "a.sqlite");
+  Choose(FillJob(job));
+  window.onYield = [this] {
+    EXPECT_EQ(state.job.dateText, "1999Aug22");
+    EXPECT_EQ(window.captions.at("Label5"), "a");
+    EXPECT_EQ(state.job.exportFolder, "");
+    EXPECT_THAT(window.CallsBeginning("Label1_"), testing::IsEmpty());
+  };
+  flow.Command3_Click();
+  EXPECT_EQ(window.yields, 4);
+  EXPECT_THAT(window.CallsBeginning("Label1_"), testing::SizeIs(4));
 }
 
 TEST_F(Selection, TellsWhichSetsExist) {

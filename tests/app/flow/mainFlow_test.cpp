@@ -116,6 +116,15 @@ TEST_F(Printing, FillsPrintsAndDiscardsTheSheet) {
   EXPECT_THAT(picture.Take(), ElementsAre("Refresh"));
 }
 
+TEST_F(Printing, RepaintsThePreviewOnceTheSheetIsFilledAndBeforeItPrints) {
+  std::vector<std::string> repaintedBy;
+  window.onSheet = [&](const std::string& call) {
+    if (!picture.calls.empty()) repaintedBy.push_back(call);
+  };
+  flow.Command4_Click();
+  EXPECT_THAT(repaintedBy, ElementsAre("Print", "Unload"));
+}
+
 TEST_F(Printing, ShowsTheDateOfTheNewestRowNotThatOfTheFile) {
   test::JobBuilder job(folder / "a.sqlite");
   Choose(FillJob(job).Epoch({350, 86399999}, 1, 1));

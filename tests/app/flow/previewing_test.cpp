@@ -82,6 +82,20 @@ TEST_F(Previewing, AnOptionDrawsItsKindInOnePass) {
   EXPECT_TRUE(window.enabled.at("Picture1"));
 }
 
+TEST_F(Previewing, AnOptionStopsTheControlsThenShowsItsProgressThenDraws) {
+  Select("a.sqlite");
+  std::vector<std::string> before;
+  window.onYield = [&] {
+    if (before.empty()) before = window.calls;
+  };
+  flow.Option1_Click(0);
+  ASSERT_GE(before.size(), 8U);
+  EXPECT_THAT(std::vector(before.end() - 8, before.end()),
+              ElementsAre("Picture1.Enabled = false", "DoEvents", "Label7.Visible = true",
+                          "Shape1.Visible = true", "Label8.Visible = true",
+                          "TimerPreview.Enabled = true", "Shape1.Width = 0", "DoEvents"));
+}
+
 TEST_F(Previewing, AnOptionWithoutAJobDoesNothing) {
   flow.Option1_Click(2);
   EXPECT_THAT(window.Take(), IsEmpty());

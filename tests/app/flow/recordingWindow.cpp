@@ -114,6 +114,7 @@ std::vector<std::string> RecordingWindow::CallsBeginning(const std::string& star
 
 void RecordingWindow::Sheet(const std::string& call) {
   Add(call);
+  if (onSheet) onSheet(call);
   if (sheetFails) throw std::runtime_error("no printer");
 }
 

@@ -85,6 +85,8 @@ class RecordingWindow : public Controls,
   int yields = 0;
   std::function<void()> onEvents;
   std::function<void()> onYield;
+  /// Hears of every step of the job sheet.
+  std::function<void(const std::string& call)> onSheet;
   /// Whether every step of the job sheet fails after it was noted.
   bool sheetFails = false;
 
