@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QTimer>
+#include <chrono>
 #include <filesystem>
+#include <set>
 
 #include "jobstore/queries.h"
 #include "tests/app/testWindow.h"
@@ -67,14 +69,19 @@ TEST(Closing, AskedTwiceIsTheSameAsOnce) {
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST(Yielding, InputIsAnsweredWithin50MillisecondsDuringAnExport) {
+TEST(Yielding, InputIsAnsweredBetweenTheRowsOfAnExportAndOfAPreview) {
   TestWindow window;
   window.Select(SmallJob(window.folder, "long.sqlite", kManyEpochs));
   window.dialogs.toSave = {window.folder / "out.shp"};
+  std::set<std::int32_t> counts;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { counts.insert(window->State().progress.count); });
+  timer.start(1);
   window.Click("Command1_0");
-  EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
+  EXPECT_GE(counts.size(), 5U) << "different progress counts seen from events";
+  counts.clear();
   window.Click("Option1_3");
-  EXPECT_LT(window->EventLoop().LongestGap(), std::chrono::milliseconds(50));
+  EXPECT_GE(counts.size(), 2U);
 }
 
 TEST(Yielding, EventsRunWhileTheRowsAreStillBeingSorted) {
@@ -100,12 +107,17 @@ TEST(Yielding, EventsRunWhileTheRowsAreStillBeingSorted) {
   EXPECT_GE(rowsBefore, 2);
 }
 
-TEST(Yielding, AMillionYieldsCostNextToNothing) {
+TEST(Yielding, AMillionYieldsRunTheEventsOnlyNowAndThen) {
   WindowEvents events;
   events.Begin();
+  int pumps = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { ++pumps; });
+  timer.start(0);
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < 1000000; ++i) events.Yield();
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+  const auto took = std::chrono::steady_clock::now() - start;
+  EXPECT_LE(pumps, took / std::chrono::milliseconds(8) + 1);
 }
 
 TEST(Yielding, TimersTickInsideARowLoop) {
@@ -116,7 +128,8 @@ TEST(Yielding, TimersTickInsideARowLoop) {
   QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
   timer.start(10);
   const auto start = std::chrono::steady_clock::now();
-  while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(200)) events.Yield();
+  const auto longEnough = std::chrono::seconds(20);
+  while (ticks < 8 && std::chrono::steady_clock::now() - start < longEnough) events.Yield();
   EXPECT_GE(ticks, 8);
 }
 
