@@ -108,11 +108,16 @@ class BoomLayer {
   std::int64_t epochs_ = 0;
 };
 
-void WriteRecords(const BoomRecords& records, const BoomTimeline& timeline, ShapefileSet& set) {
+/// Writing tens of millions of points takes seconds, so it yields like the rows do.
+void WriteRecords(const BoomRecords& records, const BoomTimeline& timeline, RunHost& host,
+                  ShapefileSet& set) {
   BoomTable table(timeline);
   for (std::size_t record = 0; record < records.Count(); ++record) {
     set.BeginPairs(records[record].box, records.PairCount(record));
-    records.ForEachPiece(record, [&](std::span<const double> piece) { set.AddPairPoints(piece); });
+    records.ForEachPiece(record, [&](std::span<const double> piece) {
+      host.Yield();
+      set.AddPairPoints(piece);
+    });
     set.AddAttributes(table.RowOf(record, records[record]));
   }
   const Box& box = records.FileBox();
@@ -143,7 +148,7 @@ ExportOutcome ExportBoomShape(const std::string& basePath, const std::string& jo
   outcome.lastStep = layer.LastStep();
 
   ShapefileSet set(run.files, basePath, ShapeType::kPolyline, kBoomFields, run.options);
-  WriteRecords(layer.Records(), timeline, set);
+  WriteRecords(layer.Records(), timeline, run.host, set);
   set.Commit();
   outcome.made = true;
   return outcome;

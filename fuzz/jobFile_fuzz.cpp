@@ -88,6 +88,7 @@ void WalkAll(Job& job) {
   Walk<WireEpochs>(job);
   Walk<PolyEpochs>(job);
   Walk<PointEpochs>(job);
+  Walk<BoomEpochs>(job);
   Walk<BoomEpochs>(job, GpsKey{100, 1});
   Walk<BoomEpochs>(job, GpsKey{100, 1}, GpsKey{101, 2});
   Walk<PreviewBoomEpochs>(job);

@@ -34,9 +34,9 @@ std::string Msec(const char* relation, std::int32_t msec) {
 }
 
 std::string BoomText(const std::string& timeClause) {
-  return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield "
-         "From GpsDataTable Where type & 8192 And (" +
-         timeClause + ") Order By gpsWeek, gpsMsec";
+  constexpr std::string_view kBeforeClause =
+      kJoined<"Select ", BoomEpochs::kColumns, " From GpsDataTable Where ", kGpsFilter, " And (">;
+  return std::string(kBeforeClause) + timeClause + ") Order By gpsWeek, gpsMsec";
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "jobstore/fixedText.h"
 #include "jobstore/gpsKey.h"
 #include "jobstore/job.h"
 
@@ -98,6 +99,18 @@ struct RateMaxima {
   std::array<double, kProductSlots> rates{};
 };
 
+// ---------------------------------------------------------------- the GPS filter
+
+/// Which GPS rows take part. One text for every query over them, so that no two
+/// parts of the program can come to see different rows.
+inline constexpr FixedText kGpsFilter{"type & 8192"};
+
+/// The GPS rows that take part, in time order.
+template <FixedText columns>
+inline constexpr std::string_view kEpochsText =
+    kJoined<"Select ", columns, " From GpsDataTable Where ", kGpsFilter,
+            " Order By gpsWeek, gpsMsec">;
+
 // ---------------------------------------------------------------- selection
 
 struct VersionTableCount {
@@ -120,7 +133,7 @@ struct NewestVersion {
 struct EpochCount {
   using Row = CountRow;
   static constexpr std::string_view Text() {
-    return "Select Count(*) From GpsDataTable Where type & 8192";
+    return kJoined<"Select Count(*) From GpsDataTable Where ", kGpsFilter>;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -129,8 +142,8 @@ struct EpochCount {
 struct NewestEpoch {
   using Row = KeyRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec From GpsDataTable Where type & 8192 "
-           "Order By gpsWeek DESC, gpsMsec DESC";
+    return kJoined<"Select gpsWeek, gpsMsec From GpsDataTable Where ", kGpsFilter,
+                   " Order By gpsWeek DESC, gpsMsec DESC">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -235,8 +248,7 @@ struct ActualRateMaxima {
 struct WireEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, type From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, type">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -244,8 +256,7 @@ struct WireEpochs {
 struct PolyEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -253,9 +264,9 @@ struct PolyEpochs {
 struct PointEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, pitch, roll, speed, "
-           "type, boomStatusBitfield From GpsDataTable Where type & 8192 "
-           "Order By gpsWeek, gpsMsec";
+    return kEpochsText<
+        "gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, pitch, roll, speed, type, "
+        "boomStatusBitfield">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -273,12 +284,11 @@ struct PointEpochs {
 /// what the time clause of a period says.
 struct BoomEpochs {
   using Row = EpochRow;
+  static constexpr FixedText kColumns{
+      "gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield"};
   static std::string Text(GpsKey start);
   static std::string Text(GpsKey start, GpsKey end);
-  static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield "
-           "From GpsDataTable Where type & 8192 Order By gpsWeek, gpsMsec";
-  }
+  static constexpr std::string_view Text() { return kEpochsText<kColumns>; }
   /// Whether the period from `start` to `end`, if it ends, holds the time.
   static bool Takes(GpsKey start, std::optional<GpsKey> end, GpsKey time);
   static void Read(const Columns& columns, Row& row);
@@ -288,8 +298,7 @@ struct BoomEpochs {
 struct PreviewBoomEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, yaw From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, yaw">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -297,8 +306,7 @@ struct PreviewBoomEpochs {
 struct PreviewWireEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -306,8 +314,7 @@ struct PreviewWireEpochs {
 struct PreviewPolyEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type, yaw From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type, yaw">;
   }
   static void Read(const Columns& columns, Row& row);
 };
@@ -315,8 +322,7 @@ struct PreviewPolyEpochs {
 struct PreviewPointEpochs {
   using Row = EpochRow;
   static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2 From GpsDataTable "
-           "Where type & 8192 Order By gpsWeek, gpsMsec";
+    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2">;
   }
   static void Read(const Columns& columns, Row& row);
 };

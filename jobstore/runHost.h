@@ -21,8 +21,9 @@ class RunHost {
   /// Adds one to the progress count. Called once per GPS row read.
   virtual void CountRow() = 0;
 
-  /// Lets whatever is pending elsewhere run. Called once per GPS row, so it must
-  /// cost next to nothing most of the time. May throw RunCancelled.
+  /// Lets whatever is pending elsewhere run. Called once per GPS row, and between the
+  /// pieces of anything else that takes long, so it must cost next to nothing most of
+  /// the time. May throw RunCancelled.
   virtual void Yield() = 0;
 
   /// The same from inside one long step of the database library, such as sorting all

@@ -16,8 +16,10 @@ namespace {
 /// A button and an option in a frame, and something outside to hold the focus.
 class FrameTest : public testing::Test {
  protected:
+  /// Before the first button: what tools were told of it once stays.
+  static void SetUpTestSuite() { InstallAccessibleButtons(); }
+
   FrameTest() {
-    InstallAccessibleButtons();
     outside_.setGeometry(0, 0, 100, 20);
     frame_.setGeometry(0, 30, 200, 120);
     button_.setGeometry(10, 20, 80, 30);

@@ -149,7 +149,7 @@ bool Installed(const std::string& program) { return !OutputOf("command -v " + pr
 
 class BoomSetRead : public BoomSet {
  protected:
-  /// Three records: two lines; none; a shuffled one.
+  /// Two records: one of two lines, one of none.
   void ExportSample() {
     ReferenceOnly();
     builder.Implement({1400, 1000}, "Boom", {{2, 0, 0, 0}, {0, 5, 0, 0}});

@@ -87,6 +87,22 @@ TEST_F(PointFailures, PointsThatCannotBeConvertedKeepWhatTheConversionLeft) {
   EXPECT_NEAR(y, 43, 1e-9);
 }
 
+TEST_F(PointFailures, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
+  for (int i = 0; i < 3000; ++i) Job().Epoch({1, i}, 0, i);
+  Job().Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  const std::string path = Job().Finish();
+  test::DamageTablePage(path);
+  const ExportOutcome outcome = Export(path);
+  EXPECT_TRUE(outcome.made);
+  EXPECT_EQ(outcome.lastStep, 11);
+  EXPECT_TRUE(host_.messages.empty());
+  EXPECT_GT(outcome.epochs, 100);
+  EXPECT_LT(outcome.epochs, 3000);
+  const test::ReadSet set = test::ReadShapeSet(base_);
+  EXPECT_EQ(static_cast<std::int64_t>(set.records.size()), outcome.epochs);
+  EXPECT_EQ(static_cast<std::int64_t>(set.rows.size()), outcome.epochs);
+}
+
 TEST_F(PointFailures, CancelledRunLeavesNothing) {
   LeaveOldSet();
   Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);

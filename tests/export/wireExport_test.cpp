@@ -302,6 +302,24 @@ TEST_F(WireExport, EmptyBasePathDoesNothing) {
   EXPECT_EQ(host_.rows, 0);
 }
 
+TEST_F(WireExport, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
+  Job();
+  for (int i = 0; i < 3000; ++i) builder_->Epoch({1, i}, 0, i);
+  builder_->Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  const std::string path = builder_->Finish();
+  test::DamageTablePage(path);
+  const ExportOutcome outcome = Export(path);
+  EXPECT_TRUE(outcome.made);
+  EXPECT_EQ(outcome.lastStep, 11);
+  EXPECT_TRUE(host_.messages.empty());
+  EXPECT_GT(outcome.epochs, 100);
+  EXPECT_LT(outcome.epochs, 3000);
+  const test::ReadSet set = test::ReadShapeSet(base_);
+  ASSERT_EQ(set.records.size(), 1U);
+  EXPECT_EQ(static_cast<std::int64_t>(set.records[0].points.size()), outcome.epochs);
+  EXPECT_EQ(test::Trimmed(set.rows[0][1]), std::to_string(outcome.epochs - 1));
+}
+
 TEST_F(WireExport, CancelledRunLeavesNothing) {
   LeaveOldSet();
   Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);

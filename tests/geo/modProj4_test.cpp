@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "geo/proj_api.h"
 #include "tests/geo/exactMercator.h"
 
 namespace kestrin {
@@ -201,6 +202,31 @@ TEST(Projection, ConvertsAfterAFailureAsBefore) {
   double x = -97.5;
   ASSERT_EQ(GeoToUtm(y, x, 14), -1);
   ExpectAgreement(40, -97.5, 14);
+}
+
+TEST(Projection, GivesBackEveryHandleAlsoAfterAFailure) {
+  // Handles belong to their thread, so those of other tests are not among them.
+  std::thread([] {
+    for (const double latitude : {40.0, 91.0}) {
+      double y = latitude;
+      double x = -97.5;
+      GeoToUtm(y, x, 14);
+      GeoToUtm(y, x, 61);
+      UtmToGeo(y, x, 14);
+      UtmToGeo(y, x, 61);
+    }
+    const std::int32_t geographic = pjInitPlus("+proj=latlong +datum=NAD83");
+    const std::int32_t utm = pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
+    double y = 0.7;
+    double x = -1.7;
+    double z = 1;
+    pjFree(utm);
+    EXPECT_NE(pjTransform(geographic, utm, 1, 1, &x, &y, &z), 0);
+    const std::int32_t again = pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
+    pjFree(geographic);
+    EXPECT_NE(pjTransform(geographic, again, 1, 1, &x, &y, &z), 0);
+    pjFree(again);
+  }).join();
 }
 
 TEST(Projection, ConvertsInSeveralThreadsAtOnce) {

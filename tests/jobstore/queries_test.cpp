@@ -66,6 +66,9 @@ TEST(QueryTexts, ExportsSelectEastBeforeNorth) {
             "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, pitch, roll, speed, "
             "type, boomStatusBitfield From GpsDataTable Where type & 8192 Order By gpsWeek, "
             "gpsMsec");
+  EXPECT_EQ(BoomEpochs::Text(),
+            "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield From "
+            "GpsDataTable Where type & 8192 Order By gpsWeek, gpsMsec");
 }
 
 TEST(QueryTexts, PreviewsSelectNorthBeforeEast) {

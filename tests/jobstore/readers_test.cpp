@@ -122,6 +122,7 @@ TEST_F(Readers, ExportEpochs) {
   ExpectEpoch(First<PointEpochs>(),
               {.down = true, .yaw = true, .type = true, .boomStatus = true, .rest = true});
   const Selected boom{.yaw = true, .type = true, .boomStatus = true};
+  ExpectEpoch(First<BoomEpochs>(), boom);
   ExpectEpoch(First<BoomEpochs>(GpsKey{101, 0}), boom);
   ExpectEpoch(First<BoomEpochs>(GpsKey{101, 0}, GpsKey{102, 1000}), boom);
 }

@@ -3,8 +3,10 @@
 #include <sqlite3.h>
 
 #include <charconv>
+#include <fstream>
 #include <stdexcept>
 
+#include "tests/support/tempFolder.h"
 #include "tools/sample/jobSchema.h"
 
 namespace kestrin::test {
@@ -44,11 +46,9 @@ JobBuilder::JobBuilder(const std::string& path) : path_(path) {
 
 JobBuilder::~JobBuilder() { sqlite3_close(database_); }
 
-JobBuilder& JobBuilder::Reference(GpsKey time, double latitude, double longitude,
-                                  double altitude) {
-  Insert("ReferenceLocationChangeTable", Values(time) + "," +
-                                             Number(latitude * kRadiansPerDegree) + "," +
-                                             Number(longitude * kRadiansPerDegree) + "," +
+JobBuilder& JobBuilder::Reference(GpsKey time, double latitude, double longitude, double altitude) {
+  Insert("ReferenceLocationChangeTable", Values(time) + "," + Number(latitude * kRadiansPerDegree) +
+                                             "," + Number(longitude * kRadiansPerDegree) + "," +
                                              Number(altitude));
   return *this;
 }
@@ -58,8 +58,7 @@ JobBuilder& JobBuilder::Implement(GpsKey time, const std::string& name,
   std::string values = Values(time) + "," + Quoted(name) + "," + Number(number);
   for (std::size_t slot = 0; slot < kSectionSlots; ++slot) {
     const Section section = slot < sections.size() ? sections[slot] : Section{-1, 0, 0, 0};
-    for (const double value :
-         {section.width, section.xOffset, section.yOffset, section.zOffset}) {
+    for (const double value : {section.width, section.xOffset, section.yOffset, section.zOffset}) {
       values += "," + Number(value);
     }
   }
@@ -69,8 +68,8 @@ JobBuilder& JobBuilder::Implement(GpsKey time, const std::string& name,
 
 JobBuilder& JobBuilder::Epoch(const EpochRow& epoch) {
   std::string values = Values(epoch.time);
-  for (const double value : {epoch.east, epoch.north, epoch.down, epoch.yaw, epoch.pitch,
-                             epoch.roll, epoch.speed}) {
+  for (const double value :
+       {epoch.east, epoch.north, epoch.down, epoch.yaw, epoch.pitch, epoch.roll, epoch.speed}) {
     values += "," + Number(value);
   }
   values += "," + std::to_string(epoch.type) + "," + std::to_string(epoch.boomStatus);
@@ -131,6 +130,16 @@ std::string JobBuilder::Finish() {
 
 void JobBuilder::Insert(const std::string& table, const std::string& values) {
   Execute("INSERT INTO " + table + " VALUES (" + values + ")");
+}
+
+void DamageTablePage(const std::string& path) {
+  constexpr std::size_t kPage = 4096;
+  constexpr char kTableLeaf = 13;
+  std::string bytes = FileBytes(path);
+  std::size_t at = bytes.size() / kPage / 3 * kPage;
+  while (bytes.at(at) != kTableLeaf) at += kPage;
+  bytes[at] = '\x7f';
+  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 }  // namespace kestrin::test

@@ -110,13 +110,7 @@ TEST_F(ExportFailure, SecondJobOfTheSameTargetIsRefused) {
 TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
   const std::string job = Sample("job.sqlite", 3000);
   test::Change(job, "CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
-  std::string bytes = FileBytes(job);
-  constexpr std::size_t kPage = 4096;
-  constexpr char kTableLeaf = 13;
-  std::size_t at = bytes.size() / kPage / 3 * kPage;
-  while (bytes[at] != kTableLeaf) at += kPage;
-  bytes[at] = '\x7f';
-  std::ofstream(job, std::ios::binary) << bytes;
+  test::DamageTablePage(job);
 
   const CommandResult run = Run({"--kind", "wire", "--base", "x", "job.sqlite"});
   EXPECT_EQ(run.code, 1);

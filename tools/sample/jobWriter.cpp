@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "jobstore/sqliteHandles.h"
 #include "tools/sample/jobSchema.h"
 #include "tools/sample/sampleError.h"
 
@@ -61,27 +62,28 @@ class Insertion {
   int bound_ = 0;
 };
 
-struct Connection {
-  sqlite3* database = nullptr;
-
+/// A new database, closed at the end of its scope, also when setting it up fails.
+class Connection {
+ public:
   explicit Connection(const std::string& path) {
     // SQLite alone would write into whatever is there already.
     std::FILE* created = std::fopen(path.c_str(), "wbx");
     if (created == nullptr) throw SampleError("cannot be created");
     std::fclose(created);
-    if (sqlite3_open(path.c_str(), &database) != SQLITE_OK) {
-      const std::string reason = sqlite3_errmsg(database);
-      sqlite3_close(database);
-      throw SampleError(reason);
-    }
-    Execute(database, "PRAGMA synchronous=OFF");
-    Execute(database, "PRAGMA journal_mode=MEMORY");
-    Execute(database, JobSchema());
-    Execute(database, "BEGIN");
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open(path.c_str(), &opened);
+    database_.reset(opened);
+    if (result != SQLITE_OK) Fail(opened);
+    Execute(opened, "PRAGMA synchronous=OFF");
+    Execute(opened, "PRAGMA journal_mode=MEMORY");
+    Execute(opened, JobSchema());
+    Execute(opened, "BEGIN");
   }
-  ~Connection() { sqlite3_close(database); }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
+
+  sqlite3* Get() const { return database_.get(); }
+
+ private:
+  DatabasePtr database_;
 };
 
 }  // namespace
@@ -90,13 +92,13 @@ struct JobWriter::State {
   explicit State(const std::string& path) : connection(path) {}
 
   Connection connection;
-  Insertion version{connection.database, "VersionChangeTable", 3};
-  Insertion reference{connection.database, "ReferenceLocationChangeTable", 5};
-  Insertion implement{connection.database, "ImplChangeTable", 4 + 4 * kSectionSlots};
-  Insertion desired{connection.database, "AsAppliedDesRateChangeTable", 5};
-  Insertion actual{connection.database, "AsAppliedActRateChangeTable", 5};
-  Insertion products{connection.database, "AsAppliedProductChangeTable", 5};
-  Insertion epoch{connection.database, "GpsDataTable", 11};
+  Insertion version{connection.Get(), "VersionChangeTable", 3};
+  Insertion reference{connection.Get(), "ReferenceLocationChangeTable", 5};
+  Insertion implement{connection.Get(), "ImplChangeTable", 4 + 4 * kSectionSlots};
+  Insertion desired{connection.Get(), "AsAppliedDesRateChangeTable", 5};
+  Insertion actual{connection.Get(), "AsAppliedActRateChangeTable", 5};
+  Insertion products{connection.Get(), "AsAppliedProductChangeTable", 5};
+  Insertion epoch{connection.Get(), "GpsDataTable", 11};
 };
 
 JobWriter::JobWriter(const std::string& path) : state_(std::make_unique<State>(path)) {}
@@ -154,6 +156,6 @@ void JobWriter::Epoch(const EpochRow& row) {
       .Insert();
 }
 
-void JobWriter::Commit() { Execute(state_->connection.database, "COMMIT"); }
+void JobWriter::Commit() { Execute(state_->connection.Get(), "COMMIT"); }
 
 }  // namespace kestrin
