@@ -75,7 +75,8 @@ TEST(Yielding, InputIsAnsweredBetweenTheRowsOfAnExportAndOfAPreview) {
   window.dialogs.toSave = {window.folder / "out.shp"};
   std::set<std::int32_t> counts;
   QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, [&] { counts.insert(window->State().progress.count); });
+  QObject::connect(&timer, &QTimer::timeout,
+                   [&] { counts.insert(window->State().progress.count); });
   timer.start(1);
   window.Click("Command1_0");
   EXPECT_GE(counts.size(), 5U) << "different progress counts seen from events";
