@@ -73,7 +73,7 @@ bool SwathEdge::RemoveOwnLoop(double square) {
   if (trail_.Size() < 4) return false;
   const UtmPoint a = FromEnd(1);
   Crossing first;
-  trail_.AnyNear(Extent::Of(a, trail_.Back()), trail_.Size() - 3, [&](std::size_t i) {
+  trail_.AnyNearNewest([&](std::size_t i) {
     UtmPoint point;
     if (CrossesNewest(i, point) && IsFold(i, point, square)) first.Offer(i, point, a);
     return false;
@@ -109,6 +109,8 @@ bool SwathEdge::RemoveLoopAtStart(const SwathEdge& other) {
   if (trail_.Size() < 3) return false;
   const UtmPoint a = FromEnd(1);
   const UtmPoint b = FromEnd(0);
+  const Extent start = Extent::Of(trail_[0], other.trail_[0]);
+  if (!start.Overlaps(Extent::Of(a, b))) return false;
   if (!SegmentsCross(a, b, trail_[0], other.trail_[0])) return false;
   const UtmPoint point = MeetingPoint(a, b, trail_[0], other.trail_[0]);
   const double area = LoopArea(other, 0, point);

@@ -41,6 +41,12 @@ struct Extent {
             a.northing > b.northing ? a.northing : b.northing};
   }
 
+  /// Whether all bounds are there, as they are not before the first point.
+  bool IsFinite() const {
+    return -kNothing < xMin && xMin < kNothing && -kNothing < xMax && xMax < kNothing &&
+           -kNothing < yMin && yMin < kNothing && -kNothing < yMax && yMax < kNothing;
+  }
+
   void Widen(const Extent& other) {
     if (other.xMin < xMin) xMin = other.xMin;
     if (other.xMax > xMax) xMax = other.xMax;

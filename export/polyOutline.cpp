@@ -6,16 +6,15 @@
 namespace kestrin {
 namespace {
 
-bool MeetsItself(const SegmentTrail& centres) {
+bool MeetsItself(SegmentTrail& centres) {
   const std::size_t count = centres.Size();
   if (count < 4) return false;
   const UtmPoint a = centres[count - 2];
   const UtmPoint b = centres[count - 1];
   // A segment of no length has no line, and none meets it.
   if (a == b) return false;
-  return centres.AnyNear(Extent::Of(a, b), count - 3, [&](std::size_t i) {
-    return SegmentsMeet(a, b, centres[i], centres[i + 1]);
-  });
+  return centres.AnyNearNewest(
+      [&](std::size_t i) { return SegmentsMeet(a, b, centres[i], centres[i + 1]); });
 }
 
 /// The smaller way round from one yaw to another; none when either is missing.

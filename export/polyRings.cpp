@@ -1,5 +1,6 @@
 #include "export/polyRings.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -43,7 +44,24 @@ double Ring::Acres() const { return std::fabs(PolygonArea(points_)) * kAcresPerS
 struct RingWriter::Set {
   ShapefileSet shapes;
   AttributeRecord record{kFields};
+
+  void AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane);
 };
+
+void RingWriter::Set::AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane) {
+  constexpr std::size_t kTogether = 64;
+  std::array<double, kTogether> x{};
+  std::array<double, kTogether> y{};
+  for (std::size_t i = 0; i < points.size(); i += kTogether) {
+    const std::size_t count = std::min(kTogether, points.size() - i);
+    for (std::size_t k = 0; k < count; ++k) {
+      x[k] = points[i + k].easting;
+      y[k] = points[i + k].northing;
+    }
+    plane.ToGeo({y.data(), count}, {x.data(), count});
+    for (std::size_t k = 0; k < count; ++k) shapes.AddVertex(x[k], y[k]);
+  }
+}
 
 RingWriter::RingWriter(const std::string& basePath, const WorkingPlane& plane, ExportRun& run)
     : basePath_(basePath), plane_(plane), run_(run) {}
@@ -56,10 +74,7 @@ void RingWriter::Write(const Ring& ring) {
     set_.reset(new Set{{run_.files, basePath_, ShapeType::kPolygon, kFields, run_.options}});
   }
   set_->shapes.BeginRecord();
-  for (const UtmPoint& point : ring.Points()) {
-    const GeoPoint position = plane_.ToGeo(point);
-    set_->shapes.AddVertex(position.longitude, position.latitude);
-  }
+  set_->AddVertices(ring.Points(), plane_);
   set_->shapes.EndRecord();
   set_->record.Clear();
   set_->record.Add(IntegerText(set_->shapes.RecordCount() - 1).View(), Keep::kRight);

@@ -1,52 +1,88 @@
 #include "export/polySegments.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace kestrin {
+namespace {
+
+// How far to look, in lengths of the newest three segments: much further ahead than
+// to the sides, as most ways are straight for a while. Never further than some tiles.
+constexpr double kAhead = 12;
+constexpr double kAside = 2;
+constexpr double kFarthest = 32;
+
+/// An extent and some ground around it.
+Extent Widened(const Extent& extent, double by) {
+  return {extent.xMin - by, extent.yMin - by, extent.xMax + by, extent.yMax + by};
+}
+
+}  // namespace
 
 void SegmentTrail::Restart() {
   points_.clear();
-  for (auto& level : blocks_) level.clear();
+  blocks_.Clear();
+  open_ = {};
   tiles_.Clear();
   tiled_ = false;
+  around_ = {};
 }
 
-void SegmentTrail::Append(UtmPoint point) {
-  points_.push_back(point);
-  if (points_.size() < 2) return;
-  const std::size_t segment = points_.size() - 2;
-  AddToBlocks(segment);
+void SegmentTrail::Truncate(std::size_t count) {
+  points_.resize(count);
+  const std::size_t settled = count > kUnsettled ? count - kUnsettled : 0;
+  blocks_.Truncate(std::min(blocks_.Size(), settled >> kBlockBits));
+  open_ = {};
+  for (std::size_t i = blocks_.Size() << kBlockBits; i < settled; ++i) WidenOpen(i);
+  around_ = {};
+}
+
+void SegmentTrail::WidenOpen(std::size_t segment) {
+  // One that meets nothing would only make its block be asked from everywhere.
+  const Extent extent = ExtentOf(segment);
+  if (extent.IsFinite()) open_.Widen(extent);
+}
+
+void SegmentTrail::Settle(std::size_t segment) {
+  WidenOpen(segment);
+  if (((segment + 1) & ((std::size_t{1} << kBlockBits) - 1)) != 0) return;
+  blocks_.Add(open_);
+  open_ = {};
   if (tiled_) {
-    AddToTiles(segment);
-  } else if (points_.size() > kTiledFrom) {
+    AddToTiles(blocks_.Size() - 1);
+  } else if (blocks_.Size() > kUntiled) {
     tiled_ = true;
-    for (std::size_t i = 0; i <= segment; ++i) AddToTiles(i);
+    for (std::size_t block = 0; block < blocks_.Size(); ++block) AddToTiles(block);
   }
 }
 
-void SegmentTrail::Truncate(std::size_t count) { points_.resize(count); }
-
-void SegmentTrail::AddToBlocks(std::size_t segment) {
-  const Extent extent = Extent::Of(points_[segment], points_[segment + 1]);
-  for (unsigned level = 0; level < kBlockLevels; ++level) {
-    const unsigned bits = kBlockBits * (level + 1);
-    const std::size_t block = segment >> bits;
-    std::vector<Extent>& blocks = blocks_[level];
-    if (block == blocks.size()) {
-      blocks.emplace_back();
-    } else if ((segment & ((std::size_t{1} << bits) - 1)) == 0) {
-      blocks[block] = {};
-    } else if (blocks[block].Contains(extent)) {
-      // So do the larger blocks, each of which holds its smaller ones.
-      return;
-    }
-    blocks[block].Widen(extent);
-  }
+void SegmentTrail::AddToTiles(std::size_t block) {
+  tiles_.Add(static_cast<std::uint32_t>(block), blocks_[block]);
 }
 
-void SegmentTrail::AddToTiles(std::size_t segment) {
-  const UtmPoint& a = points_[segment];
-  const UtmPoint& b = points_[segment + 1];
-  if (a == b) return;
-  tiles_.Add(static_cast<std::uint32_t>(segment), Extent::Of(a, b));
+void SegmentTrail::LookAround(const Extent& extent) {
+  around_ = extent;
+  const UtmPoint from = points_[points_.size() - 1 - kUnsettled];
+  const UtmPoint to = points_.back();
+  const double east = to.easting - from.easting;
+  const double north = to.northing - from.northing;
+  const double length = std::max(std::fabs(east), std::fabs(north));
+  if (length * kAside < kFarthest) {
+    const double times = std::min(kAhead, kFarthest / length);
+    around_.Widen(Extent::Of(to, {to.easting + times * east, to.northing + times * north}));
+    around_ = Widened(around_, kAside * length);
+  }
+  near_.clear();
+  AnyBlock(around_, [&](std::size_t block) {
+    near_.push_back({blocks_[block], block});
+    return false;
+  });
+  // A block that lies in several tiles was found in each.
+  const auto before = [](const Block& a, const Block& b) { return a.number < b.number; };
+  const auto same = [](const Block& a, const Block& b) { return a.number == b.number; };
+  std::sort(near_.begin(), near_.end(), before);
+  near_.erase(std::unique(near_.begin(), near_.end(), same), near_.end());
+  lookedUp_ = blocks_.Size();
 }
 
 }  // namespace kestrin

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "export/polyBlocks.h"
 #include "export/polyGeometry.h"
 #include "export/polyTiles.h"
 
@@ -13,16 +14,20 @@ namespace kestrin {
 /// that hardly depends on how many there are. Segment i leads from point i to
 /// point i + 1.
 ///
-/// Two things are kept beside the points: the extents of each 16, 256, 4096, ...
-/// consecutive segments, by which a scan skips what lies elsewhere, and tiles of
-/// the plane with the runs of segments that pass through each. Long or odd
-/// segments cost time, never memory or correctness.
+/// Segments are kept in blocks of 16: the blocks' extents, and for each tile of the
+/// plane the runs of blocks that pass through it. What the newest segment may touch
+/// is looked up for some way around it at once, so that for most rows of a way that
+/// goes on through open ground a comparison or two answer. Long or odd segments
+/// cost time, never memory or correctness.
 class SegmentTrail {
  public:
   /// Empties the trail; what it has allocated stays.
   void Restart();
 
-  void Append(UtmPoint point);
+  void Append(UtmPoint point) {
+    points_.push_back(point);
+    if (points_.size() > kUnsettled) Settle(points_.size() - 1 - kUnsettled);
+  }
 
   /// Keeps only the first `count` points.
   void Truncate(std::size_t count);
@@ -42,55 +47,83 @@ class SegmentTrail {
   /// infinite or missing coordinates, which meet nothing, may be left out.
   template <class Visit>
   bool AnyNear(const Extent& extent, std::size_t end, Visit visit) const {
-    if (points_.size() <= kTiledFrom || !tiles_.CanFind(extent)) {
-      return Scan(0, end, extent, visit);
+    return AnyBlock(extent, [&](std::size_t block) { return AnyOf(block, end, extent, visit); }) ||
+           AnyBetween(blocks_.Size() << kBlockBits, end, extent, visit);
+  }
+
+  /// The same with the extent of the newest segment, for all segments but that one
+  /// and the two before it; of a trail of four points or more.
+  template <class Visit>
+  bool AnyNearNewest(Visit visit) {
+    const std::size_t end = points_.size() - kUnsettled;
+    const Extent extent = Extent::Of(points_[points_.size() - 2], points_.back());
+    if (!around_.Contains(extent) || blocks_.Size() > lookedUp_ + kMostNew) LookAround(extent);
+    for (const Block& block : near_) {
+      if (block.extent.Overlaps(extent) && AnyOf(block.number, end, extent, visit)) return true;
     }
-    return tiles_.AnyRun(extent, [&](std::size_t first, std::size_t last) {
-      return first < end && Scan(first, last + 1 < end ? last + 1 : end, extent, visit);
-    });
+    for (std::size_t block = lookedUp_; block < blocks_.Size(); ++block) {
+      if (blocks_[block].Overlaps(extent) && AnyOf(block, end, extent, visit)) return true;
+    }
+    return open_.Overlaps(extent) && AnyBetween(blocks_.Size() << kBlockBits, end, extent, visit);
   }
 
  private:
-  /// Trails up to this length are scanned whole, and have no tiles before they first
-  /// pass it.
-  static constexpr std::size_t kTiledFrom = 64;
+  /// The newest segment and the two before it are in no block: they touch each other.
+  static constexpr std::size_t kUnsettled = 3;
   static constexpr unsigned kBlockBits = 4;
-  static constexpr unsigned kBlockLevels = 6;
+  /// Trails of so many blocks have no tiles.
+  static constexpr std::size_t kUntiled = 8;
+  /// A way on the spot makes blocks without leaving the ground looked up.
+  static constexpr std::size_t kMostNew = 4;
 
-  void AddToBlocks(std::size_t segment);
-  void AddToTiles(std::size_t segment);
+  struct Block {
+    Extent extent;
+    std::size_t number;
+  };
+
+  void Settle(std::size_t segment);
+  void WidenOpen(std::size_t segment);
+  void AddToTiles(std::size_t block);
+  void LookAround(const Extent& extent);
+
+  Extent ExtentOf(std::size_t segment) const {
+    return Extent::Of(points_[segment], points_[segment + 1]);
+  }
 
   template <class Visit>
-  bool Scan(std::size_t begin, std::size_t end, const Extent& extent, Visit& visit) const {
-    for (std::size_t i = begin; i < end;) {
-      if (const std::size_t skipped = Skip(i, extent)) {
-        i += skipped;
-        continue;
-      }
-      if (Extent::Of(points_[i], points_[i + 1]).Overlaps(extent) && visit(i)) return true;
-      ++i;
+  bool AnyBlock(const Extent& extent, Visit visit) const {
+    if (!tiled_ || !tiles_.CanFind(extent)) {
+      return blocks_.AnyOverlapping(0, blocks_.Size(), extent, visit);
+    }
+    return tiles_.AnyRun(extent, [&](std::size_t first, std::size_t last) {
+      const std::size_t end = last + 1 < blocks_.Size() ? last + 1 : blocks_.Size();
+      return blocks_.AnyOverlapping(first, end, extent, visit);
+    });
+  }
+
+  template <class Visit>
+  bool AnyOf(std::size_t block, std::size_t end, const Extent& extent, Visit& visit) const {
+    const std::size_t behind = (block + 1) << kBlockBits;
+    return AnyBetween(block << kBlockBits, behind < end ? behind : end, extent, visit);
+  }
+
+  template <class Visit>
+  bool AnyBetween(std::size_t begin, std::size_t end, const Extent& extent, Visit& visit) const {
+    for (std::size_t i = begin; i < end; ++i) {
+      if (ExtentOf(i).Overlaps(extent) && visit(i)) return true;
     }
     return false;
   }
 
-  /// Length of the largest block that begins at segment i and lies elsewhere; 0
-  /// when there is none.
-  std::size_t Skip(std::size_t i, const Extent& extent) const {
-    std::size_t skipped = 0;
-    for (unsigned level = 0; level < kBlockLevels; ++level) {
-      const unsigned bits = kBlockBits * (level + 1);
-      if ((i & ((std::size_t{1} << bits) - 1)) != 0) break;
-      const std::size_t block = i >> bits;
-      if (block >= blocks_[level].size() || blocks_[level][block].Overlaps(extent)) break;
-      skipped = std::size_t{1} << bits;
-    }
-    return skipped;
-  }
-
   std::vector<UtmPoint> points_;
-  std::vector<Extent> blocks_[kBlockLevels];
+  ExtentBlocks blocks_;
+  Extent open_;  // of the settled segments that do not fill a block yet
   PolyTiles tiles_;
   bool tiled_ = false;
+
+  Extent around_;             // the ground looked up,
+  std::vector<Block> near_;   // what blocks are there
+  std::size_t lookedUp_ = 0;  // of the first so many
 };
 
 }  // namespace kestrin

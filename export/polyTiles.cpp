@@ -7,9 +7,9 @@
 namespace kestrin {
 namespace {
 
-// Some rows' way at field speed: fewer tiles than rows, few passes in one tile.
-constexpr int kSmallestExponent = 3;
-constexpr int kExponentStep = 4;
+// 16 rows' way at field speed: fewer tiles than blocks, few passes in one tile.
+constexpr int kSmallestExponent = 4;
+constexpr int kExponentStep = 2;
 constexpr std::size_t kFirstSlots = 256;
 
 }  // namespace
@@ -24,16 +24,13 @@ void PolyTiles::Clear() {
   }
 }
 
-void PolyTiles::Add(std::uint32_t segment, const Extent& extent) {
-  if (!std::isfinite(extent.xMin) || !std::isfinite(extent.yMin) || !std::isfinite(extent.xMax) ||
-      !std::isfinite(extent.yMax)) {
-    return;
-  }
+void PolyTiles::Add(std::uint32_t block, const Extent& extent) {
+  if (!extent.IsFinite()) return;
   const std::size_t level = LevelFor(extent);
   const Cells cells = CellsOf(extent, levels_[level].perMetre);
   for (std::int64_t y = cells.yFirst; y <= cells.yLast; ++y) {
     for (std::int64_t x = cells.xFirst; x <= cells.xLast; ++x) {
-      AddToCell(KeyOf(level, x, y), segment, extent);
+      AddToCell(KeyOf(level, x, y), block, extent);
     }
   }
 }
@@ -45,7 +42,7 @@ std::size_t PolyTiles::LevelFor(const Extent& extent) {
                 std::fabs(extent.xMin) * 0x1p-40, std::fabs(extent.xMax) * 0x1p-40,
                 std::fabs(extent.yMin) * 0x1p-40, std::fabs(extent.yMax) * 0x1p-40});
   int exponent = kSmallestExponent;
-  if (length > 8) {
+  if (length > std::ldexp(1.0, kSmallestExponent)) {
     const int needed = std::isfinite(length) ? std::ilogb(length) + 1 : 1025;
     exponent += (needed - exponent + kExponentStep - 1) / kExponentStep * kExponentStep;
   }
@@ -56,7 +53,7 @@ std::size_t PolyTiles::LevelFor(const Extent& extent) {
   return levels_.size() - 1;
 }
 
-void PolyTiles::AddToCell(std::uint64_t key, std::uint32_t segment, const Extent& extent) {
+void PolyTiles::AddToCell(std::uint64_t key, std::uint32_t block, const Extent& extent) {
   if (used_ * 2 >= slots_.size()) Grow();
   Slot& slot = slots_[SlotOf(key)];
   if (slot.generation != generation_) {
@@ -65,13 +62,13 @@ void PolyTiles::AddToCell(std::uint64_t key, std::uint32_t segment, const Extent
   }
   if (slot.head != kNone) {
     Run& newest = runs_[slot.head];
-    if (newest.first <= segment && segment <= newest.last + 1) {
-      newest.last = std::max(newest.last, segment);
+    if (newest.first <= block && block <= newest.last + 1) {
+      newest.last = std::max(newest.last, block);
       newest.extent.Widen(extent);
       return;
     }
   }
-  runs_.push_back({extent, segment, segment, slot.head});
+  runs_.push_back({extent, block, block, slot.head});
   slot.head = static_cast<std::uint32_t>(runs_.size() - 1);
 }
 

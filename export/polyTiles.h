@@ -9,8 +9,8 @@
 
 namespace kestrin {
 
-/// Square tiles of the plane and, for each, the runs of consecutive segments whose
-/// extents overlap it. Tiles come in sizes 16 times apart; a segment goes to the
+/// Square tiles of the plane and, for each, the runs of consecutive blocks whose
+/// extents overlap it. Tiles come in sizes 4 times apart; a block goes to the
 /// smallest not shorter than itself, hence into four tiles at most. Tiles far away
 /// from each other may share their runs, which costs a look, not an answer.
 class PolyTiles {
@@ -19,9 +19,8 @@ class PolyTiles {
   void Clear();
 
   /// Numbers must not go back by more than the caller has forgotten; what is given
-  /// again is simply there twice. Segments with infinite or missing coordinates are
-  /// left out.
-  void Add(std::uint32_t segment, const Extent& extent);
+  /// again is simply there twice. Blocks with infinite or missing bounds are left out.
+  void Add(std::uint32_t block, const Extent& extent);
 
   /// Whether an extent is small enough to be looked up tile by tile.
   bool CanFind(const Extent& extent) const {
@@ -108,7 +107,7 @@ class PolyTiles {
   }
 
   std::size_t LevelFor(const Extent& extent);
-  void AddToCell(std::uint64_t key, std::uint32_t segment, const Extent& extent);
+  void AddToCell(std::uint64_t key, std::uint32_t block, const Extent& extent);
   void Grow();
 
   std::vector<Level> levels_;

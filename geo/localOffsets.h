@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "geo/modProj4.h"
 #include "jobstore/changeCursor.h"
@@ -55,6 +56,12 @@ class WorkingPlane {
     double longitude = point.easting;
     UtmToGeo(latitude, longitude, zone_);
     return {longitude, latitude};
+  }
+
+  /// The same for many points, in place: northings become latitudes, eastings
+  /// longitudes.
+  void ToGeo(std::span<double> northings, std::span<double> eastings) const {
+    UtmToGeo(northings, eastings, zone_);
   }
 
  private:

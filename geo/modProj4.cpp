@@ -1,5 +1,6 @@
 #include "geo/modProj4.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
@@ -75,6 +76,30 @@ std::int32_t MakeUtm(std::int16_t zone) {
   return pjInitPlus(kUtmDefinitions[static_cast<std::size_t>(zone - 1)].Text());
 }
 
+constexpr std::size_t kBatch = 64;
+
+/// At most kBatch points in one conversion; one by one where that meets a point that
+/// fails, as it ends there.
+void UtmToGeoBatch(std::span<double> northings, std::span<double> eastings, std::int16_t zone) {
+  const Handle utm(MakeUtm(zone));
+  const Handle geographic(pjInitPlus(kGeographic));
+  if (!utm || !geographic) return;
+  std::array<double, kBatch> x{};
+  std::array<double, kBatch> y{};
+  std::copy(eastings.begin(), eastings.end(), x.begin());
+  std::copy(northings.begin(), northings.end(), y.begin());
+  double height = kLocalHeight;
+  if (pjTransform(utm.Value(), geographic.Value(), static_cast<std::int32_t>(northings.size()), 1,
+                  x.data(), y.data(), &height) != 0) {
+    for (std::size_t i = 0; i < northings.size(); ++i) UtmToGeo(northings[i], eastings[i], zone);
+    return;
+  }
+  for (std::size_t i = 0; i < northings.size(); ++i) {
+    northings[i] = y[i] * kDegreesPerRadianOut;
+    eastings[i] = x[i] * kDegreesPerRadianOut;
+  }
+}
+
 }  // namespace
 
 std::int16_t UtmZoneOf(double latitude, double longitude) {
@@ -117,6 +142,14 @@ int UtmToGeo(double& northing, double& easting, std::int16_t zone) {
   northing *= kDegreesPerRadianOut;
   easting *= kDegreesPerRadianOut;
   return 0;
+}
+
+void UtmToGeo(std::span<double> northings, std::span<double> eastings, std::int16_t zone) {
+  const std::size_t count = std::min(northings.size(), eastings.size());
+  for (std::size_t i = 0; i < count; i += kBatch) {
+    const std::size_t size = std::min(kBatch, count - i);
+    UtmToGeoBatch(northings.subspan(i, size), eastings.subspan(i, size), zone);
+  }
 }
 
 }  // namespace kestrin

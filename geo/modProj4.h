@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 /// The program's only map projection: geographic positions (decimal degrees,
 /// NAD83, north and east positive) to UTM metres (GRS80) and back. No datum step
@@ -22,5 +23,9 @@ int GeoToUtm(double& latitude, double& longitude, std::int16_t zone);
 /// Replaces northing by latitude and easting by longitude, in degrees, and returns
 /// 0. Returns -1 on failure, with both as they were.
 int UtmToGeo(double& northing, double& easting, std::int16_t zone);
+
+/// UtmToGeo for each of a number of points, as many northings as eastings: a point
+/// that fails stays as it was, the others do not mind. Costs less than as many calls.
+void UtmToGeo(std::span<double> northings, std::span<double> eastings, std::int16_t zone);
 
 }  // namespace kestrin

@@ -4,13 +4,13 @@
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 
 #include "export/numberText.h"
 #include "export/shapefileSet.h"
+#include "tests/export/toolOutput.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
 
@@ -19,30 +19,9 @@
 namespace kestrin {
 namespace {
 
-bool Installed(const std::string& tool) {
-  return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-/// What a command prints, warnings included.
-std::string Output(const std::string& command) {
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
-  std::string output;
-  std::array<char, 4096> part{};
-  while (const std::size_t size = fread(part.data(), 1, part.size(), pipe.get())) {
-    output.append(part.data(), size);
-  }
-  return output;
-}
-
-/// What stands behind each occurrence of a mark, up to the end of its line.
-std::vector<std::string> Behind(const std::string& mark, const std::string& text) {
-  std::vector<std::string> found;
-  for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
-    at += mark.size();
-    found.push_back(test::Trimmed(text.substr(at, text.find('\n', at) - at)));
-  }
-  return found;
-}
+using test::Behind;
+using test::Installed;
+using test::Output;
 
 std::vector<double> Numbers(const std::string& text) {
   std::vector<double> numbers;

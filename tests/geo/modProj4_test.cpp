@@ -229,6 +229,35 @@ TEST(Projection, GivesBackEveryHandleAlsoAfterAFailure) {
   }).join();
 }
 
+TEST(Projection, ConvertsManyPointsToTheBitAsOneByOne) {
+  for (const std::size_t count : {0U, 1U, 63U, 64U, 65U, 200U}) {
+    std::vector<double> eastings;
+    std::vector<double> northings;
+    for (std::size_t i = 0; i < count; ++i) {
+      eastings.push_back(4e5 + 1234.567 * static_cast<double>(i));
+      northings.push_back(5e6 + 7654.321 * static_cast<double>(i));
+    }
+    // Some of them fail, and stay as they are.
+    for (std::size_t i = 70; i < count; i += 40) {
+      eastings[i] = std::numeric_limits<double>::infinity();
+    }
+    std::vector<double> x = eastings;
+    std::vector<double> y = northings;
+    for (std::size_t i = 0; i < count; ++i) UtmToGeo(y[i], x[i], 14);
+    UtmToGeo(northings, eastings, 14);
+    EXPECT_EQ(eastings, x);
+    EXPECT_EQ(northings, y);
+  }
+}
+
+TEST(Projection, LeavesManyPointsUnchangedWithoutAZone) {
+  std::vector<double> eastings(100, 4e5);
+  std::vector<double> northings(100, 5e6);
+  UtmToGeo(northings, eastings, 0);
+  EXPECT_EQ(eastings, std::vector<double>(100, 4e5));
+  EXPECT_EQ(northings, std::vector<double>(100, 5e6));
+}
+
 TEST(Projection, ConvertsInSeveralThreadsAtOnce) {
   std::vector<int> wrong(4, 0);
   std::vector<std::thread> threads;
