@@ -1,5 +1,6 @@
 #include "tests/export/sharpTurns.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -8,6 +9,10 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180;
 constexpr UtmPoint kField{512345.678, 4456789.123};
+
+/// Degrees forward, back and forward again, all to one side.
+constexpr std::array<std::array<double, 3>, 3> kThreePoint{
+    {{40, 30, 40}, {70, 20, 40}, {40, 20, 70}}};
 
 std::string Named(const std::string& kind, double width, double radius, double yaw, double step) {
   return kind + " width " + std::to_string(width) + " radius " + std::to_string(radius) + " yaw " +
@@ -103,17 +108,17 @@ std::vector<SharpTurn> SharpTurns() {
                                        .Straight(0.3 * width)
                                        .Turn(side * 90 * kDegree, radius)
                                        .Straight(12 * width));
-            if (share > 0 && share < 1) {
+            for (const auto& [in, back, out] : kThreePoint) {
               add("three-point", drive()
                                      .Straight(6 * width)
-                                     .Turn(side * 40 * kDegree, radius)
-                                     .TurnBack(side * 30 * kDegree, radius)
-                                     .Turn(side * 40 * kDegree, radius)
+                                     .Turn(side * in * kDegree, radius)
+                                     .TurnBack(side * back * kDegree, radius)
+                                     .Turn(side * out * kDegree, radius)
                                      .Straight(9 * width));
             }
           }
-          if (share >= 0.5) {
-            add("spiral", drive().Spiral(5, width * 1.3, radius));
+          for (const double spacing : {1.3, 2.0}) {
+            add("spiral", drive().Spiral(5, width * spacing, radius));
           }
         }
       }
