@@ -24,7 +24,7 @@ std::vector<ReferenceRow> ReadReferences(Job& job, RunHost& host) {
   std::vector<ReferenceRow> references;
   Query<References> query(job);
   if (!query.Prepared()) {
-    host.ShowMessage(kErrorCreatingStatement + std::to_string(query.Handle()));
+    host.ShowMessage(NotPreparedText(query.Handle()));
   }
   for (ReferenceRow row; query.Next(row);) references.push_back(row);
   return references;
@@ -56,7 +56,7 @@ class BoomLayer {
       if (periods_.Prepared()) {
         LayPeriod(entry);
       } else {
-        host_.ShowMessage(kErrorCreatingStatement + std::to_string(periods_.Handle()));
+        host_.ShowMessage(NotPreparedText(periods_.Handle()));
       }
     }
   }
@@ -135,7 +135,7 @@ ExportOutcome ExportBoomShape(const std::string& basePath, const std::string& jo
 
   Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
+    run.host.ShowMessage(NotOpenedText(job.Handle()));
     return outcome;
   }
   std::vector<ReferenceRow> references = ReadReferences(job, run.host);

@@ -27,7 +27,7 @@ template <class Q, class Take>
 void ForEachRow(Job& job, RunHost& host, Take take) {
   Query<Q> query(job);
   if (!query.Prepared()) {
-    host.ShowMessage(kErrorCreatingStatement + std::to_string(query.Handle()));
+    host.ShowMessage(NotPreparedText(query.Handle()));
     return;
   }
   for (typename Q::Row row; query.Next(row); row = {}) take(row);

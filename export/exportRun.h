@@ -36,8 +36,13 @@ class SubscriptError : public std::runtime_error {
   SubscriptError() : std::runtime_error("Subscript out of range") {}
 };
 
-/// The texts the exports show, followed by the numeric result.
-inline constexpr const char* kErrorOpening = "Error opening: ";
-inline constexpr const char* kErrorCreatingStatement = "Error creating statement: ";
+/// What the user is told of a job that cannot be opened, or a query of it that cannot
+/// be prepared, with the number of the result.
+inline std::string NotOpenedText(std::int32_t result) {
+  return "Error opening: " + std::to_string(result);
+}
+inline std::string NotPreparedText(std::int32_t result) {
+  return "Error creating statement: " + std::to_string(result);
+}
 
 }  // namespace kestrin

@@ -56,12 +56,12 @@ ExportOutcome ExportPointShape(const std::string& basePath, const std::string& j
 
   Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
+    run.host.ShowMessage(NotOpenedText(job.Handle()));
     return outcome;
   }
   LocalOffsets<ReferencesWithAltitude> offsets(job);
   if (!offsets.Prepared()) {
-    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(offsets.Handle()));
+    run.host.ShowMessage(NotPreparedText(offsets.Handle()));
     return outcome;
   }
   if (!offsets.HasReference()) return outcome;
@@ -71,7 +71,7 @@ ExportOutcome ExportPointShape(const std::string& basePath, const std::string& j
   Equipment equipment(job, record);
   Query<PointEpochs> epochs(job);
   if (!epochs.Prepared()) {
-    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(epochs.Handle()));
+    run.host.ShowMessage(NotPreparedText(epochs.Handle()));
     return outcome;
   }
 

@@ -7,13 +7,6 @@
 #include "jobstore/queries.h"
 
 namespace kestrin {
-namespace {
-
-void ShowNotPrepared(ExportRun& run, std::int32_t handle) {
-  run.host.ShowMessage(kErrorCreatingStatement + std::to_string(handle));
-}
-
-}  // namespace
 
 ExportOutcome ExportPolyShape(const std::string& basePath, const std::string& jobPath,
                               ExportRun& run) {
@@ -21,19 +14,19 @@ ExportOutcome ExportPolyShape(const std::string& basePath, const std::string& jo
   RemoveSet(run.files, basePath);
   Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
+    run.host.ShowMessage(NotOpenedText(job.Handle()));
     return outcome;
   }
   LocalOffsets<References> offsets(job);
-  if (!offsets.Prepared()) ShowNotPrepared(run, offsets.Handle());
+  if (!offsets.Prepared()) run.host.ShowMessage(NotPreparedText(offsets.Handle()));
   if (!offsets.HasReference()) return outcome;
 
   std::int32_t handle = 0;
   WidthTimeline widths = ReadWidths(job, handle);
-  if (handle < 0) ShowNotPrepared(run, handle);
+  if (handle < 0) run.host.ShowMessage(NotPreparedText(handle));
 
   Query<PolyEpochs> epochs(job);
-  if (!epochs.Prepared()) ShowNotPrepared(run, epochs.Handle());
+  if (!epochs.Prepared()) run.host.ShowMessage(NotPreparedText(epochs.Handle()));
 
   RingWriter writer(basePath, offsets.Plane(), run);
   PolygonBuilder polygons([&](const Ring& ring) {

@@ -69,12 +69,12 @@ ExportOutcome ExportWireShape(const std::string& basePath, const std::string& jo
 
   Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(kErrorOpening + std::to_string(job.Handle()));
+    run.host.ShowMessage(NotOpenedText(job.Handle()));
     return outcome;
   }
   LocalOffsets<References> offsets(job);
   if (!offsets.Prepared()) {
-    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(offsets.Handle()));
+    run.host.ShowMessage(NotPreparedText(offsets.Handle()));
     return outcome;
   }
   if (!offsets.HasReference()) return outcome;
@@ -83,7 +83,7 @@ ExportOutcome ExportWireShape(const std::string& basePath, const std::string& jo
   if (!epochs.Prepared()) {
     // The message has always named the reference statement here, and support
     // notes quote it so.
-    run.host.ShowMessage(kErrorCreatingStatement + std::to_string(offsets.Handle()));
+    run.host.ShowMessage(NotPreparedText(offsets.Handle()));
     return outcome;
   }
 

@@ -24,9 +24,9 @@ void FindDefaultBase(Job& job, JobPlan& plan, const ExportOptions& options,
   KeyRow newest;
   Query<NewestEpoch> query(job);
   if (!job.IsOpen()) {
-    plan.obstacle = kErrorOpening + std::to_string(job.Handle());
+    plan.obstacle = NotOpenedText(job.Handle());
   } else if (!query.Prepared()) {
-    plan.obstacle = kErrorCreatingStatement + std::to_string(query.Handle());
+    plan.obstacle = NotPreparedText(query.Handle());
   } else if (query.Next(newest)) {
     plan.basePath = DefaultBase(plan, newest.time, options, dates);
   } else if (query.LastStep() != sqliteDefs::kDone) {
