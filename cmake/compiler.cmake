@@ -9,6 +9,10 @@ target_compile_options(
             -Woverloaded-virtual -Wdouble-promotion -Wformat=2
             # Results are compared to the byte between compilers and machines.
             -ffp-contract=off)
+if(WIN32)
+  # The system's header leaves out what is seldom needed, and the names min and max.
+  target_compile_definitions(kestrin_compile INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX UNICODE)
+endif()
 if(KESTRIN_WERROR)
   target_compile_options(kestrin_compile INTERFACE -Werror)
 endif()
@@ -24,4 +28,13 @@ function(kestrin_library name)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC kestrin_compile ${ARGN})
+endfunction()
+
+# kestrin_resources(program title [icon]): what Windows reads from a program before it
+# runs: version, code page, paths, screen scaling. Nothing elsewhere.
+function(kestrin_resources program title)
+  if(WIN32)
+    include(${PROJECT_SOURCE_DIR}/cmake/windows/resources.cmake)
+    kestrin_windows_resources(${program} ${title} ${ARGN})
+  endif()
 endfunction()

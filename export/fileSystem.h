@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -51,6 +52,12 @@ class FileSystem {
 
   /// Removes a file; a file that is not there is no failure.
   virtual void Remove(const std::string& path) = 0;
+
+  /// Removes files in their order. Where the system keeps a file that another program
+  /// has open (Windows), none goes as long as one of them cannot.
+  virtual void RemoveAll(std::span<const std::string> paths) {
+    for (const std::string& path : paths) Remove(path);
+  }
 
   /// Makes the names in a file's folder durable.
   virtual void SyncFolderOf(const std::string& path) = 0;

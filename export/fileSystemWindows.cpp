@@ -1,14 +1,13 @@
 #ifdef _WIN32
 
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
+#include <vector>
 
 #include "export/fileSystem.h"
+#include "export/nativePath.h"
 #include "export/temporaryName.h"
 
 namespace kestrin {
@@ -17,25 +16,50 @@ namespace {
 /// The most one call is asked to write.
 constexpr std::size_t kLargestWrite = std::size_t{1} << 20;
 
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 [[noreturn]] void Fail(const std::string& path, DWORD code) {
-  throw FileError(path, std::system_category().message(static_cast<int>(code)));
+  throw FileError(path, ReasonOf(code));
 }
 
 [[noreturn]] void Fail(const std::string& path) { Fail(path, GetLastError()); }
 
+/// The path as the system takes it.
 std::wstring Wide(const std::string& path) {
-  const int size = static_cast<int>(path.size());
-  if (size == 0) return {};
-  const int length =
-      MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.data(), size, nullptr, 0);
-  if (length == 0) Fail(path);
-  std::wstring wide(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path.data(), size, wide.data(), length);
-  return wide;
+  if (const auto wide = NativePath(path)) return *wide;
+  Fail(path, ERROR_INVALID_NAME);
 }
 
 bool MeansAbsent(DWORD code) {
   return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
+}
+
+/// A file held with the right to delete it, if it is there; closed at the end of its
+/// scope. What another program has open without leave to delete it is refused.
+class Deletable {
+ public:
+  explicit Deletable(const std::string& path)
+      : handle_(CreateFileW(Wide(path).c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr)),
+        code_(handle_ == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS) {}
+  ~Deletable() {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+  }
+  Deletable(const Deletable&) = delete;
+  Deletable& operator=(const Deletable&) = delete;
+
+  /// Why it cannot be had; ERROR_SUCCESS when it can.
+  DWORD Code() const { return code_; }
+
+ private:
+  HANDLE handle_;
+  DWORD code_;
+};
+
+/// A file that is in use is refused as a move's target in words that do not say so.
+[[noreturn]] void FailAsTarget(const std::string& path, DWORD code) {
+  const bool inUse = Deletable(path).Code() == ERROR_SHARING_VIOLATION;
+  Fail(path, inUse ? ERROR_SHARING_VIOLATION : code);
 }
 
 class WindowsFile : public OutputFile {
@@ -83,11 +107,24 @@ class WindowsFileSystem : public FileSystem {
 
   void Rename(const std::string& from, const std::string& to) override {
     constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    if (!MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), kFlags)) Fail(to);
+    if (!MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), kFlags)) {
+      FailAsTarget(to, GetLastError());
+    }
   }
 
   void Remove(const std::string& path) override {
     if (!DeleteFileW(Wide(path).c_str()) && !MeansAbsent(GetLastError())) Fail(path);
+  }
+
+  void RemoveAll(std::span<const std::string> paths) override {
+    // Held until all are marked: a program that asks for one meanwhile is late.
+    std::vector<std::unique_ptr<Deletable>> held;
+    for (const std::string& path : paths) {
+      held.push_back(std::make_unique<Deletable>(path));
+      const DWORD code = held.back()->Code();
+      if (code != ERROR_SUCCESS && !MeansAbsent(code)) Fail(path, code);
+    }
+    for (const std::string& path : paths) Remove(path);
   }
 
   void SyncFolderOf(const std::string&) override {

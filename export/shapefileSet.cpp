@@ -64,7 +64,8 @@ std::string_view View(const std::array<char, N>& bytes) {
 void RemoveSet(FileSystem& files, const std::string& basePath) {
   if (basePath.empty()) return;
   // Without its ".shp" no GIS opens what may be left of a set.
-  for (const char* extension : {kShp, kShx, kDbf}) files.Remove(basePath + extension);
+  const std::string all[] = {basePath + kShp, basePath + kShx, basePath + kDbf};
+  files.RemoveAll(all);
 }
 
 bool SetExists(FileSystem& files, const std::string& basePath) {

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "geo/perThread.h"
 #include "geo/projDefinition.h"
 #include "geo/projOperations.h"
 
@@ -86,10 +87,7 @@ struct ThreadState {
   ProjOperations operations;
 };
 
-ThreadState& ThisThread() {
-  thread_local ThreadState state;
-  return state;
-}
+ThreadState& ThisThread() { return PerThread<ThreadState>(); }
 
 // PROJ itself lets a NaN through as a result, and says HUGE_VAL on an error.
 bool IsPosition(double x, double y) { return std::isfinite(x) && std::isfinite(y); }

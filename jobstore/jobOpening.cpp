@@ -7,6 +7,7 @@
 
 #include "jobstore/jobHardening.h"
 #include "jobstore/readOnlyVfs.h"
+#include "jobstore/utf8Path.h"
 
 namespace kestrin {
 namespace fs = std::filesystem;
@@ -132,7 +133,7 @@ void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
 fs::path JobFile(const std::string& path) {
   std::error_code error;
   if (path.find('\0') != std::string::npos) return {};
-  fs::path job = fs::canonical(path, error);
+  fs::path job = fs::canonical(PathOf(path), error);
   if (error || !fs::is_regular_file(job, error)) return {};
   return job;
 }

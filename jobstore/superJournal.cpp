@@ -6,6 +6,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "jobstore/utf8Path.h"
+
 namespace kestrin {
 namespace {
 
@@ -50,7 +52,7 @@ void DropSuperJournal(const std::filesystem::path& journal) {
   }
   const std::string name = ReadAt(file, size - kTail - length, length);
   file.close();
-  const bool stands = std::filesystem::exists(std::filesystem::path(name.c_str()), ignored);
+  const bool stands = std::filesystem::exists(PathOf(name.c_str()), ignored);
   std::filesystem::resize_file(journal, stands ? size - record : 0, ignored);
 }
 

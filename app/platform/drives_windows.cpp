@@ -1,5 +1,3 @@
-#define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 #include <filesystem>
@@ -31,8 +29,10 @@ class QuietErrors {
   DWORD before_ = 0;
 };
 
+/// Whether a volume is there and its root can be reached.
 bool IsReady(const wchar_t* root) {
-  return GetVolumeInformationW(root, nullptr, 0, nullptr, nullptr, nullptr, nullptr, 0) != 0;
+  return GetVolumeInformationW(root, nullptr, 0, nullptr, nullptr, nullptr, nullptr, 0) != 0 &&
+         GetFileAttributesW(root) != INVALID_FILE_ATTRIBUTES;
 }
 
 class WindowsDrives final : public Drives {

@@ -1,12 +1,8 @@
-#include "app/platform/scrollBarHook.h"
-
-#ifdef _WIN32
-
-#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
-namespace kestrin {
+#include "app/platform/scrollBarHook.h"
 
+namespace kestrin {
 namespace {
 
 constexpr UINT kColourOfScrollBar = 0x0137;
@@ -25,7 +21,15 @@ Hooked& TheHooked() {
 
 LRESULT CALLBACK Replacement(HWND window, UINT message, WPARAM wide, LPARAM narrow) {
   if (message == kColourOfScrollBar) return 0;
-  return CallWindowProc(TheHooked().previous, window, message, wide, narrow);
+  return CallWindowProcW(TheHooked().previous, window, message, wide, narrow);
+}
+
+/// Replaces the window's procedure and returns the one before, null when the window
+/// refuses.
+WNDPROC Replace(HWND window, WNDPROC procedure) {
+  const LONG_PTR before =
+      SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+  return reinterpret_cast<WNDPROC>(before);
 }
 
 }  // namespace
@@ -34,18 +38,17 @@ void ScrollBar::Hook(std::uintptr_t window) {
   if (hooked_) return;
   Hooked& hooked = TheHooked();
   hooked.window = reinterpret_cast<HWND>(window);
-  hooked.previous = reinterpret_cast<WNDPROC>(GetWindowLongPtr(hooked.window, GWLP_WNDPROC));
-  SetWindowLongPtr(hooked.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Replacement));
-  hooked_ = true;
+  // Without a real window (a platform without windows) there is nothing to hook, and
+  // the procedure must be known before the first message comes.
+  hooked.previous = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hooked.window, GWLP_WNDPROC));
+  if (hooked.previous == nullptr) return;
+  hooked_ = Replace(hooked.window, &Replacement) != nullptr;
 }
 
 void ScrollBar::Unhook() {
   if (!hooked_) return;
-  const Hooked& hooked = TheHooked();
-  SetWindowLongPtr(hooked.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(hooked.previous));
+  Replace(TheHooked().window, TheHooked().previous);
   hooked_ = false;
 }
 
 }  // namespace kestrin
-
-#endif

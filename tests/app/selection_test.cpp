@@ -42,17 +42,17 @@ TEST(Selection, AsksForJobsInTheProgramsFolderFirstAndWhereTheLastOneWasThen) {
   ASSERT_EQ(window.dialogs.opened.size(), 2U);
   EXPECT_EQ(window.dialogs.opened[0].title, "Select Job");
   EXPECT_EQ(window.dialogs.opened[0].filter, "Job Files (*.sqlite)|*.sqlite");
-  EXPECT_EQ(window.dialogs.opened[0].folder, window.folder.Path().string() + "/");
-  EXPECT_EQ(window.dialogs.opened[1].folder, elsewhere.Path().string() + "/");
+  EXPECT_EQ(window.dialogs.opened[0].folder, window.folder / "");
+  EXPECT_EQ(window.dialogs.opened[1].folder, elsewhere / "");
 }
 
 TEST(Selection, StartsOnARemovableDriveWithAJobInItsRoot) {
   TestWindow window;
-  window.drives.drives = {{"/fixed", false, true}, {"/stick", true, true}};
+  window.drives.drives = {{"/fixed", false, true}, {WithOwnSeparators("/stick"), true, true}};
   window.drives.files["/fixed/"] = {"a.sqlite"};
-  window.drives.files["/stick/"] = {"b.sqlite"};
+  window.drives.files[WithOwnSeparators("/stick/")] = {"b.sqlite"};
   window.Click("Command3");
-  EXPECT_EQ(window.dialogs.opened.at(0).folder, "/stick/");
+  EXPECT_EQ(window.dialogs.opened.at(0).folder, WithOwnSeparators("/stick/"));
 }
 
 TEST(Selection, ButtonIsPaleYellowAndAllIsStoppedWhileTheDialogIsOpen) {

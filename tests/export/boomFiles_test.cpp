@@ -148,7 +148,7 @@ TEST_F(BoomFiles, LeavesTheThreeFilesAndNothingElse) {
   Export();
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-    names.push_back(entry.path().filename());
+    names.push_back(entry.path().filename().string());
   }
   EXPECT_THAT(names,
               UnorderedElementsAre("job.sqlite", "job_BOOM.shp", "job_BOOM.shx", "job_BOOM.dbf"));

@@ -81,13 +81,18 @@ TEST_F(NativeFiles, RemovingAFolderFails) {
   ExpectError(folder_ / "sub", [&] { files_->Remove(folder_ / "sub"); });
 }
 
-TEST_F(NativeFiles, ExistsForFilesFoldersAndDanglingLinks) {
+TEST_F(NativeFiles, ExistsForFilesAndFolders) {
   EXPECT_FALSE(files_->Exists(folder_ / "a"));
   EXPECT_TRUE(files_->Exists(Make("a", "")));
   EXPECT_FALSE(files_->Exists(folder_ / "a/b"));
   EXPECT_TRUE(files_->Exists(folder_.Path().string()));
   EXPECT_FALSE(files_->Exists(folder_ / std::string(5000, 'x')));
-  std::filesystem::create_symlink("none", folder_.Path() / "link");
+}
+
+TEST_F(NativeFiles, ExistsForALinkToNowhere) {
+  std::error_code failed;
+  std::filesystem::create_symlink("none", folder_.Path() / "link", failed);
+  if (failed) GTEST_SKIP() << "no links here";
   EXPECT_TRUE(files_->Exists(folder_ / "link"));
 }
 
@@ -130,7 +135,10 @@ TEST_F(NativeFiles, FailedCopyLeavesNothing) {
 TEST_F(NativeFiles, FolderOfABareNameIsTheCurrentFolder) {
   files_->SyncFolderOf("name");
   files_->SyncFolderOf(folder_ / "name");
+#ifndef _WIN32
+  // Windows brings a name to the medium when it is given, and has no such call.
   ExpectError(folder_ / "none/", [&] { files_->SyncFolderOf(folder_ / "none/name"); });
+#endif
 }
 
 TEST(TemporaryName, LiesBesideItsTargetAndIsNeverTheSame) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "tests/support/setting.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin {
@@ -186,28 +187,6 @@ TEST(ProjApi, AHandleLastsUntilItWasFreedAsOftenAsMade) {
   pjFree(geographic);
 }
 
-/// Sets an environment variable for the length of a scope.
-class Environment {
- public:
-  Environment(const char* name, const std::string& value) : name_(name) {
-    if (const char* before = std::getenv(name)) before_ = before;
-    setenv(name, value.c_str(), 1);
-  }
-  ~Environment() {
-    if (before_) {
-      setenv(name_, before_->c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-
- private:
-  const char* name_;
-  std::optional<std::string> before_;
-};
-
 struct Result {
   std::int32_t code = -1;
   double x = -1.7;
@@ -229,8 +208,8 @@ Result ConvertAnew() {
 }
 
 TEST(ProjApi, PrintsNothing) {
-  const Environment debug("PROJ_DEBUG", "5");
-  const Environment data("PROJ_DATA", "/nonexistent");
+  const test::Setting debug("PROJ_DEBUG", "5");
+  const test::Setting data("PROJ_DATA", "/nonexistent");
   ::testing::internal::CaptureStderr();
   ::testing::internal::CaptureStdout();
   ConvertAnew();
@@ -242,8 +221,8 @@ TEST(ProjApi, PrintsNothing) {
 TEST(ProjApi, NeedsNoDatabaseAndNoConfiguration) {
   const Result before = ConvertAnew();
   ASSERT_EQ(before.code, 0);
-  const Environment data("PROJ_DATA", "/nonexistent");
-  const Environment lib("PROJ_LIB", "/nonexistent");
+  const test::Setting data("PROJ_DATA", "/nonexistent");
+  const test::Setting lib("PROJ_LIB", "/nonexistent");
   EXPECT_EQ(ConvertAnew(), before);
 }
 
@@ -251,8 +230,8 @@ TEST(ProjApi, AConfigurationOfTheUsersChangesNothing) {
   const Result before = ConvertAnew();
   const test::TempFolder folder;
   std::ofstream(folder / "proj.ini") << "[general]\ntmerc_default_algo = evenden_snyder\n";
-  const Environment data("PROJ_DATA", folder.Path().string());
-  const Environment lib("PROJ_LIB", folder.Path().string());
+  const test::Setting data("PROJ_DATA", folder.Path().string());
+  const test::Setting lib("PROJ_LIB", folder.Path().string());
   EXPECT_EQ(ConvertAnew(), before);
 }
 

@@ -9,8 +9,8 @@ FolderState StateOf(const fs::path& folder) {
   FolderState state;
   state["."] = {"", fs::last_write_time(folder), fs::status(folder).permissions()};
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    state[entry.path().filename().string()] = {
-        entry.is_regular_file() ? FileBytes(entry.path().string()) : "", entry.last_write_time(),
+    state[Utf8Of(entry.path().filename())] = {
+        entry.is_regular_file() ? FileBytes(Utf8Of(entry.path())) : "", entry.last_write_time(),
         entry.status().permissions()};
   }
   return state;

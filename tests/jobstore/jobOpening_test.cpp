@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -7,7 +6,6 @@
 #include "jobstore/sqliteDefs.h"
 #include "tests/jobstore/folderState.h"
 #include "tests/jobstore/jobStates.h"
-#include "tests/jobstore/ordinaryUser.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -50,21 +48,6 @@ TEST(JobOpening, NothingAfterAZeroByteOfThePathIsDropped) {
   const std::string path = SmallJob(folder);
   EXPECT_GT(OpenResult(path), 0);
   EXPECT_EQ(OpenResult(path + std::string("\0tail", 5)), kCannotOpen);
-}
-
-TEST(JobOpening, APipeIsRefusedInsteadOfWaitedFor) {
-  const test::TempFolder folder;
-  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-  EXPECT_EQ(OpenResult(folder / "pipe"), kCannotOpen);
-}
-
-TEST(JobOpening, AFileWithoutPermissionIsANegativeHandle) {
-  const test::TempFolder folder;
-  const std::string path = SmallJob(folder);
-  std::filesystem::permissions(path, std::filesystem::perms::none);
-  const test::OrdinaryUser user;
-  if (!user.CanTell(path)) GTEST_SKIP() << "permissions cannot be made to bind";
-  EXPECT_EQ(OpenResult(path), kCannotOpen);
 }
 
 TEST(JobOpening, AnEmptyFileIsNoJobAndStaysEmpty) {

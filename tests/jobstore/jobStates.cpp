@@ -82,7 +82,7 @@ void Settle(const std::string& draft, const fs::path& path, const std::string& m
 std::string MakeJob(const fs::path& folder, JobState state, const std::string& name) {
   const TempFolder workshop;
   const std::string draft = workshop / "draft.sqlite";
-  const fs::path path = folder / name;
+  const fs::path path = folder / PathOf(name);
   JobBuilder builder(draft);
   AddEpochs(builder, kStateEpochs);
   const bool logged = state == JobState::kWriteAheadLog || state == JobState::kWriteAheadIndexed;
@@ -117,7 +117,7 @@ std::string MakeJob(const fs::path& folder, JobState state, const std::string& n
       MakeLogged(draft, path, true);
       break;
   }
-  return path.string();
+  return Utf8Of(path);
 }
 
 }  // namespace kestrin::test

@@ -1,12 +1,25 @@
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
+#ifndef _WIN32
+#include <unistd.h>
+
+#include <cstdlib>
+#endif
+
 namespace kestrin::test {
+
+#ifdef _WIN32
+
+/// The mark "read-only" binds everybody there.
+class OrdinaryUser {
+ public:
+  bool CanTell(const std::filesystem::path& file) const { return std::filesystem::exists(file); }
+};
+
+#else
 
 /// Drops the superuser's rights, which no permission binds, for its scope; of no
 /// effect for anybody else.
@@ -32,5 +45,7 @@ class OrdinaryUser {
   bool wasSuperuser_;
   bool bound_ = true;
 };
+
+#endif
 
 }  // namespace kestrin::test

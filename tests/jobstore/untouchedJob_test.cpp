@@ -102,8 +102,13 @@ TEST_P(UntouchedJob, IsReadRightWhereNothingMayBeWritten) {
 
 TEST_P(UntouchedJob, NamesWithUriCharactersAreFileNames) {
   const test::TempFolder folder;
-  for (const char* name : {"what?mode=rwc&x.sqlite", "100% #1.sqlite", "%41.sqlite",
-                           " ends in blank ", "Süd Acker 北.sqlite", "file:a.sqlite", ":memory:"}) {
+  for (const char* name :
+       {"100% #1.sqlite", "%41.sqlite", "Süd Acker 北.sqlite", "a&mode=rwc.sqlite",
+#ifndef _WIN32
+        // Names that Windows does not know.
+        "what?mode=rwc&x.sqlite", " ends in blank ", "file:a.sqlite", ":memory:"
+#endif
+       }) {
     const std::string path = MakeJob(folder.Path(), GetParam().state, name);
     const auto before = test::StateOf(folder.Path());
     Job job(path);
@@ -113,8 +118,8 @@ TEST_P(UntouchedJob, NamesWithUriCharactersAreFileNames) {
   }
 }
 
-TEST_P(UntouchedJob, IsFoundByARelativePathAndThroughALink) {
-  const test::TempFolder folder, links;
+TEST_P(UntouchedJob, IsFoundByARelativePath) {
+  const test::TempFolder folder;
   const std::string path = MakeJob(folder.Path(), GetParam().state);
   const auto before = test::StateOf(folder.Path());
   {
@@ -122,7 +127,16 @@ TEST_P(UntouchedJob, IsFoundByARelativePathAndThroughALink) {
     ASSERT_TRUE(job.IsOpen());
     ExpectAllEpochs(job);
   }
-  fs::create_symlink(path, links / "link.sqlite");
+  EXPECT_EQ(test::StateOf(folder.Path()), before);
+}
+
+TEST_P(UntouchedJob, IsFoundThroughALink) {
+  const test::TempFolder folder, links;
+  const std::string path = MakeJob(folder.Path(), GetParam().state);
+  const auto before = test::StateOf(folder.Path());
+  std::error_code failed;
+  fs::create_symlink(path, links / "link.sqlite", failed);
+  if (failed) GTEST_SKIP() << "no links here";
   Job job(links / "link.sqlite");
   ASSERT_TRUE(job.IsOpen());
   ExpectAllEpochs(job);

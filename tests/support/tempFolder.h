@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "jobstore/utf8Path.h"
+
 namespace kestrin::test {
 
 /// A fresh folder, removed with all it holds at the end of the scope.
@@ -14,8 +16,10 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::filesystem::path& Path() const { return path_; }
-  /// Path of an entry of the folder.
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
+  /// Path of an entry of the folder, with the system's own separators.
+  std::string operator/(const std::string& name) const {
+    return WithOwnSeparators(Utf8Of(path_ / PathOf(name)));
+  }
 
  private:
   std::filesystem::path path_;

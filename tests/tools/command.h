@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,7 @@ namespace kestrin::test {
 
 /// How a command ended and what it said.
 struct CommandResult {
-  int code = -1;  ///< exit code; 1000 plus the signal that killed it
+  int code = -1;  ///< exit code; on POSIX systems 1000 plus the signal that killed it
   std::string out;
   std::string err;
 };
@@ -26,6 +25,7 @@ class Command {
   Command(const Command&) = delete;
   Command& operator=(const Command&) = delete;
 
+  /// On Windows only SIGINT, as Ctrl-Break, and SIGKILL.
   void Send(int signal) const;
   /// Whether it has ended already.
   bool Ended();
@@ -33,15 +33,15 @@ class Command {
 
  private:
   TempFolder kept_;
-  pid_t process_ = -1;
-  int status_ = 0;
-  bool ended_ = false;
+  struct Process;
+  std::unique_ptr<Process> process_;
 };
 
 CommandResult RunCommand(const std::vector<std::string>& words, const std::string& folder,
                          const std::vector<std::string>& environment = {});
 
-/// Runs a program with a terminal as its stderr and returns what it drew there.
+/// Runs a program with a terminal as its stderr and returns what it drew there; not
+/// on Windows.
 std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder);
 
 }  // namespace kestrin::test

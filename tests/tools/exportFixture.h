@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "export/exportPaths.h"
 #include "tests/support/tempFolder.h"
 #include "tests/tools/command.h"
 #include "tools/sample/sampleJob.h"
@@ -20,14 +22,19 @@ class ExportCommand : public ::testing::Test {
                     std::vector<std::string> environment = {}) const {
     arguments.insert(arguments.begin(), KESTRIN_EXPORT);
     environment.insert(environment.begin(), {"TZ=UTC", "LC_ALL=C"});
-    return RunCommand(arguments, folder_.Path().string(), environment);
+    CommandResult result = RunCommand(arguments, folder_.Path().string(), environment);
+    // So that the tests tell of paths in one way on every system.
+    for (std::string* text : {&result.out, &result.err}) {
+      std::replace(text->begin(), text->end(), kSeparator, '/');
+    }
+    return result;
   }
 
   /// A small sample job; the name may lead through folders, which are made.
   std::string Sample(const std::string& name, std::int64_t rows = 600,
                      const std::string& profile = "planter") const {
     const std::string path = folder_ / name;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::filesystem::create_directories(PathOf(path).parent_path());
     MakeSampleJob(path, {.profile = profile, .rows = rows});
     return path;
   }
@@ -35,12 +42,15 @@ class ExportCommand : public ::testing::Test {
   bool HasSet(const std::string& base) const {
     return Exists(base + ".shp") && Exists(base + ".shx") && Exists(base + ".dbf");
   }
-  bool Exists(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+  bool Exists(const std::string& name) const {
+    return std::filesystem::exists(PathOf(folder_ / name));
+  }
   /// How many files lie below a folder, folders not counted.
   int FilesBelow(const std::string& name) const {
     int files = 0;
     if (!Exists(name)) return 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_ / name)) {
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(PathOf(folder_ / name))) {
       files += entry.is_regular_file() ? 1 : 0;
     }
     return files;

@@ -1,7 +1,9 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <atomic>
 #include <stdexcept>
 
-#include "tests/tools/exportFixture.h"
 #include "tools/export/progressBar.h"
 #include "tools/export/workers.h"
 
@@ -50,23 +52,6 @@ TEST(WorkOff, ThrowsTheFirstFailureAndStartsNothingMore) {
   };
   EXPECT_THROW(WorkOff(100, 1, work), std::runtime_error);
   EXPECT_EQ(started, 3);
-}
-
-class ProgressBar : public test::ExportCommand {};
-
-TEST_F(ProgressBar, IsDrawnOnATerminalAndWipedAtTheEnd) {
-  const std::string job = Sample("North.sqlite", 3000);
-  const std::string drawn =
-      test::RunOnTerminal({KESTRIN_EXPORT, "--kind", "wire", job}, folder_.Path().string());
-  EXPECT_THAT(drawn, HasSubstr("of 3000 rows  wire North"));
-  EXPECT_TRUE(drawn.ends_with("\r\033[K")) << drawn;
-}
-
-TEST_F(ProgressBar, IsNotDrawnWhenQuiet) {
-  const std::string job = Sample("North.sqlite", 3000);
-  EXPECT_EQ(test::RunOnTerminal({KESTRIN_EXPORT, "--quiet", "--kind", "wire", job},
-                                folder_.Path().string()),
-            "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "export/exportKinds.h"
+#include "jobstore/utf8Path.h"
 #include "tools/export/exitCode.h"
 
 namespace kestrin {
@@ -65,6 +66,10 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
     return app.exit(error) == 0 ? kAllMade : kWrongUsage;
   }
   options.kinds = KindsNamed(kinds);
+  // Where the system takes more than one separator, the rules of naming know its own.
+  options.out = WithOwnSeparators(options.out);
+  options.base = WithOwnSeparators(options.base);
+  for (std::string& path : options.jobPaths) path = WithOwnSeparators(path);
   return std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "jobstore/utf8Path.h"
 #include "tools/sample/jobWriter.h"
 #include "tools/sample/profiles.h"
 #include "tools/sample/recorder.h"
@@ -32,7 +33,7 @@ class HalfMade {
  private:
   void Remove() const {
     std::error_code ignored;
-    fs::remove(path_, ignored);
+    fs::remove(PathOf(path_), ignored);
   }
 
   std::string path_;
@@ -46,7 +47,7 @@ void Record(const std::string& path, const SampleOptions& options) {
 }
 
 void RefuseExisting(const std::string& path, const SampleOptions& options) {
-  if (!options.force && fs::exists(fs::symlink_status(path))) {
+  if (!options.force && fs::exists(fs::symlink_status(PathOf(path)))) {
     throw SampleError("is there already");
   }
 }
@@ -70,7 +71,7 @@ void MakeSampleJob(const std::string& path, const SampleOptions& options) {
     const HalfMade half(path);
     Record(half.Path(), options);
     RefuseExisting(path, options);
-    fs::rename(half.Path(), path);
+    fs::rename(PathOf(half.Path()), PathOf(path));
   } catch (const SampleError& error) {
     throw SampleError(path + ": " + error.what());
   } catch (const fs::filesystem_error& error) {

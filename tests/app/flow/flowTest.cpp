@@ -1,4 +1,5 @@
 #include "tests/app/flow/flowTest.h"
+#include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
 namespace {
@@ -19,7 +20,7 @@ const ExportCommands::Kinds FlowTest::kKinds{{{"wire", "_WIRE", MakeSet},
 
 FlowTest::FlowTest()
     : flow({window, window, window, picture, files, window, window, window}, {1, 2, 3}, kKinds) {
-  flow.Form_Load("/opt/kestrin", 0);
+  flow.Form_Load(WithOwnSeparators("/opt/kestrin"), 0);
   window.Take();
 }
 

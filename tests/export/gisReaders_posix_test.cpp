@@ -1,5 +1,3 @@
-#ifndef _WIN32
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -158,5 +156,3 @@ INSTANTIATE_TEST_SUITE_P(Types, GisReaders,
 
 }  // namespace
 }  // namespace kestrin
-
-#endif

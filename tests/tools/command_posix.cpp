@@ -29,12 +29,19 @@ int CodeOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 +
 
 }  // namespace
 
+struct Command::Process {
+  pid_t id = -1;
+  int status = 0;
+  bool ended = false;
+};
+
 Command::Command(const std::vector<std::string>& words, const std::string& folder,
-                 const std::vector<std::string>& environment) {
+                 const std::vector<std::string>& environment)
+    : process_(std::make_unique<Process>()) {
   const std::string out = kept_ / "out", err = kept_ / "err";
-  process_ = fork();
-  if (process_ < 0) throw std::runtime_error("cannot fork");
-  if (process_ > 0) return;
+  process_->id = fork();
+  if (process_->id < 0) throw std::runtime_error("cannot fork");
+  if (process_->id > 0) return;
   for (const std::string& setting : environment) {
     const std::size_t equals = setting.find('=');
     setenv(setting.substr(0, equals).c_str(), setting.c_str() + equals + 1, 1);
@@ -50,17 +57,18 @@ Command::~Command() {
   Wait();
 }
 
-void Command::Send(int signal) const { kill(process_, signal); }
+void Command::Send(int signal) const { kill(process_->id, signal); }
 
 bool Command::Ended() {
-  if (!ended_) ended_ = waitpid(process_, &status_, WNOHANG) == process_;
-  return ended_;
+  Process& process = *process_;
+  if (!process.ended) process.ended = waitpid(process.id, &process.status, WNOHANG) == process.id;
+  return process.ended;
 }
 
 CommandResult Command::Wait() {
-  if (!ended_) waitpid(process_, &status_, 0);
-  ended_ = true;
-  return {CodeOf(status_), FileBytes(kept_ / "out"), FileBytes(kept_ / "err")};
+  if (!process_->ended) waitpid(process_->id, &process_->status, 0);
+  process_->ended = true;
+  return {CodeOf(process_->status), FileBytes(kept_ / "out"), FileBytes(kept_ / "err")};
 }
 
 CommandResult RunCommand(const std::vector<std::string>& words, const std::string& folder,

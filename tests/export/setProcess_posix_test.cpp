@@ -1,5 +1,3 @@
-#ifndef _WIN32
-
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -164,5 +162,3 @@ TEST(SetProcess, FolderWrittenByManyThreadsAtOnce) {
 
 }  // namespace
 }  // namespace kestrin
-
-#endif

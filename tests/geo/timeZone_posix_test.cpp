@@ -2,44 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "geo/monthNames.h"
+#include "tests/support/setting.h"
 #include "tests/support/tempFolder.h"
+
+/// Here zone and language are told by the environment.
 
 namespace kestrin {
 namespace {
 
-/// Sets an environment variable for the length of a scope.
-class Setting {
- public:
-  Setting(const char* name, const char* value) : name_(name) {
-    const char* before = std::getenv(name);
-    had_ = before != nullptr;
-    if (had_) before_ = before;
-    setenv(name, value, 1);
-  }
-  ~Setting() {
-    if (had_) {
-      setenv(name_, before_.c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-  Setting(const Setting&) = delete;
-  Setting& operator=(const Setting&) = delete;
-
- private:
-  const char* name_;
-  std::string before_;
-  bool had_ = false;
-};
-
 std::int32_t OffsetIn(const char* zone) {
-  const Setting setting("TZ", zone);
+  const test::Setting setting("TZ", zone);
   return TimeZoneOffset();
 }
 
@@ -63,7 +40,7 @@ TEST(UserMonthNames, AreEnglishInTheCLocaleAndInAnUnknownOne) {
   const MonthNames english{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                            "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
   for (const char* locale : {"C", "xx_XX.no-such"}) {
-    const Setting setting("LC_ALL", locale);
+    const test::Setting setting("LC_ALL", locale);
     EXPECT_EQ(UserMonthNames(), english) << locale;
   }
 }
@@ -75,8 +52,8 @@ std::optional<MonthNames> NamesIn(const std::string& language) {
   const std::string locale = language + ".UTF-8";
   const std::string make = "localedef -i " + language + " -f UTF-8 '" + (folder / locale) + "'";
   if (std::system((make + " >/dev/null 2>&1").c_str()) != 0) return std::nullopt;
-  const Setting place("LOCPATH", folder.Path().c_str());
-  const Setting setting("LC_ALL", locale.c_str());
+  const test::Setting place("LOCPATH", folder.Path().string());
+  const test::Setting setting("LC_ALL", locale);
   return UserMonthNames();
 }
 
@@ -92,12 +69,6 @@ TEST(UserMonthNames, HaveNoPadding) {
   if (!japanese) GTEST_SKIP() << "no languages to install";
   EXPECT_EQ(japanese->at(0), "1月");
   EXPECT_EQ(japanese->at(11), "12月");
-}
-
-TEST(UserMonthNames, LeaveTheProcessLocaleAlone) {
-  const std::string before = setlocale(LC_ALL, nullptr);
-  UserMonthNames();
-  EXPECT_EQ(setlocale(LC_ALL, nullptr), before);
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+# kestrin_windows_resources(program title [icon]): manifest, version and icon.
+function(kestrin_windows_resources program title)
+  set(TITLE ${title})
+  set(PROGRAM ${program})
+  set(ICON "")
+  if(ARGN)
+    set(ICON "1 ICON \"${ARGN}\"")
+  endif()
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/${program}_resources)
+  foreach(file program.rc program.manifest)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/windows/${file}.in ${folder}/${file} @ONLY)
+  endforeach()
+  set_source_files_properties(${folder}/program.rc PROPERTIES OBJECT_DEPENDS
+                                                              ${folder}/program.manifest)
+  target_sources(${program} PRIVATE ${folder}/program.rc)
+endfunction()

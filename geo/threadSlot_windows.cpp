@@ -1,0 +1,24 @@
+#include "geo/threadSlot.h"
+
+#ifdef _WIN32
+
+#include <windows.h>
+
+#include <new>
+
+namespace kestrin {
+
+ThreadSlot::ThreadSlot(Destroy destroy) : index_(FlsAlloc(destroy)) {
+  if (index_ == FLS_OUT_OF_INDEXES) throw std::bad_alloc();
+}
+
+// Destroys what is left in any thread.
+ThreadSlot::~ThreadSlot() { FlsFree(index_); }
+
+void* ThreadSlot::Get() const { return FlsGetValue(index_); }
+
+void ThreadSlot::Set(void* value) const { FlsSetValue(index_, value); }
+
+}  // namespace kestrin
+
+#endif

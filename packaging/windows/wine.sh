@@ -1,0 +1,133 @@
+# Sourced by check-wine: a Wine of its own, and what is run in it.
+
+out=build/windows
+bin=$out/bin
+work=$PWD/$out/wine-work
+version=$(sed -n 's/^project(Kestrin VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+stage=$PWD/$out/Kestrin-$version-win64
+
+export WINEPREFIX=$PWD/$out/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export LC_ALL=C.UTF-8 TZ=UTC
+unset DISPLAY WAYLAND_DISPLAY
+
+end_wine() {
+  WINEPREFIX=$WINEPREFIX wineserver -k 2>/dev/null || true
+  [ -z "${xvfb-}" ] || kill "$window_manager" "$xvfb" 2>/dev/null || true
+  rm -f "$steps_log"
+}
+[ -z "${steps_log-}" ] || trap end_wine EXIT
+
+# A path as Windows programs take it.
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+# wine_run SECONDS PROGRAM ARGUMENT...: ends it when it takes too long, and starts in
+# the folder that is Windows' own drive.
+wine_run() {
+  local seconds=$1 program
+  program=$(realpath "$2")
+  shift 2
+  (cd "$WINEPREFIX/drive_c" && timeout --kill-after 5 "$seconds" wine "$program" "$@" </dev/null)
+}
+
+linux_tools() {
+  [ -e build/release/CMakeCache.txt ] || cmake --preset release -DKESTRIN_WERROR=ON
+  cmake --build --preset release --target kestrin-export kestrin-sample
+}
+
+prepare_wine() {
+  local prefix gcc
+  prefix=$(packaging/windows/prefix)
+  gcc=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
+  # The test programs find the libraries where they were built.
+  WINEPATH="$(windows_path "$prefix/bin");$(windows_path "$gcc")"
+  WINEPATH+=";$(windows_path /usr/x86_64-w64-mingw32/lib)"
+  rm -rf "$work"
+  mkdir -p "$work/stick"
+  if [ ! -e "$WINEPREFIX/ready" ]; then
+    rm -rf "$WINEPREFIX"
+    timeout 180 wineboot --init
+    # Without them captions fall back to a face with serifs.
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    # A stick and a card reader without a card, as drives.
+    local drive
+    for drive in e f; do
+      timeout 60 wine reg add 'HKLM\Software\Wine\Drives' /v "$drive:" /d floppy /f
+    done
+    wineserver -k
+    touch "$WINEPREFIX/ready"
+  fi
+  touch "$work/stick/stick.sqlite"
+  ln -sfn "$work/stick" "$WINEPREFIX/dosdevices/e:"
+  ln -sfn "$work/no-card" "$WINEPREFIX/dosdevices/f:"
+}
+export WINEPATH
+# The offscreen platform has no fonts of its own. Wine hands Qt's settings on under
+# these names.
+export WINEQT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\liberation'
+export WINEQT_FORCE_STDERR_LOGGING=1
+export KESTRIN_STICK=E KESTRIN_EMPTY_READER=F
+
+# Every sample job, exported here and there.
+compare_sets() {
+  local linux=build/release/bin profile job here there
+  mkdir -p "$work/jobs" "$work/here" "$work/there"
+  for profile in $("$linux/kestrin-sample" --list-profiles); do
+    job=$work/jobs/$profile.sqlite
+    "$linux/kestrin-sample" --rows 3000 --profile "$profile" "$job"
+    here=$work/here/$profile
+    there=$work/there/$profile
+    "$linux/kestrin-export" --quiet --kind all --base "$here" "$job"
+    wine_run 120 "$stage/kestrin-export.exe" --quiet --kind all --base "$(windows_path "$there")" \
+      "$(windows_path "$job")"
+  done
+  packaging/windows/compare-sets "$work/here" "$work/there" | tee "$work/compared"
+}
+
+# The installer without questions: what it lays out runs, and what the user made stays.
+check_installer() {
+  bash -euo pipefail -c ". packaging/windows/wine.sh && install_and_remove"
+}
+install_and_remove() {
+  local folder=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Kestrin
+  rm -rf "$folder"
+  wine_run 120 "$PWD/$out/Kestrin-$version-setup.exe" /S
+  diff -r "$stage" "$folder" -x uninstall.exe
+  local job
+  job=$work/jobs/planter.sqlite
+  WINEPATH='' wine_run 60 "$folder/kestrin-export.exe" --quiet --kind wire --out \
+    "$(windows_path "$folder/TrevaskData")" "$(windows_path "$job")"
+  find "$folder/TrevaskData" -name '*_WIRE.shp' | grep -q .
+  wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin' >/dev/null
+  # It goes on as a copy of itself and is waited for.
+  wine_run 60 "$folder/uninstall.exe" /S
+  local i
+  for ((i = 0; i < 100; ++i)); do
+    [ -e "$folder/uninstall.exe" ] || break
+    sleep 0.2
+  done
+  find "$folder/TrevaskData" -name '*_WIRE.shp' | grep -q .
+  [ "$(ls "$folder")" = TrevaskData ]
+  ! wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin' 2>/dev/null
+}
+
+# on_display COMMAND...: with a screen and a window manager, without which each
+# window's closing takes its time.
+on_display() {
+  if [ -z "${xvfb-}" ]; then
+    local number=$work/display
+    rm -f "$number"
+    Xvfb -displayfd 8 -screen 0 1024x768x24 8>"$number" >/dev/null 2>&1 &
+    xvfb=$!
+    until [ -s "$number" ]; do sleep 0.1; done
+    DISPLAY=:$(cat "$number")
+    export DISPLAY
+    openbox >/dev/null 2>&1 &
+    window_manager=$!
+  fi
+  "$@"
+}
+
+take_pictures() {
+  local pictures=$PWD/docs/screenshots
+  cp "$work/session/"*.png "$pictures/"
+}
