@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/floors.h"
 #include "bench/measures.h"
 #include "export/boomExport.h"
 #include "export/boomRecords.h"
@@ -20,44 +21,12 @@
 namespace kestrin {
 namespace {
 
+using bench::Database;
+using bench::ProjectPoints;
 using bench::SecondsOf;
+using bench::SilentHost;
 
 constexpr std::int64_t kPointsPerEpoch = 2 * kSectionSlots;
-
-class Database {
- public:
-  explicit Database(const std::string& path) {
-    Check(sqlite3_open(path.c_str(), &database_) == SQLITE_OK);
-  }
-  ~Database() { sqlite3_close(database_); }
-  Database(const Database&) = delete;
-  Database& operator=(const Database&) = delete;
-
-  void Execute(const std::string& sql) {
-    Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-  }
-
-  /// Reads the columns that the export uses of every row it asks for.
-  void ScanEpochs() {
-    sqlite3_stmt* rows = nullptr;
-    const std::string_view text = BoomEpochs::Text();
-    Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
-                             nullptr) == SQLITE_OK);
-    while (sqlite3_step(rows) == SQLITE_ROW) {
-      benchmark::DoNotOptimize(sqlite3_column_int(rows, 0) + sqlite3_column_int(rows, 1));
-      benchmark::DoNotOptimize(sqlite3_column_double(rows, 2) + sqlite3_column_double(rows, 3) +
-                               sqlite3_column_double(rows, 4));
-    }
-    sqlite3_finalize(rows);
-  }
-
- private:
-  void Check(bool good) const {
-    if (!good) throw std::runtime_error(sqlite3_errmsg(database_));
-  }
-
-  sqlite3* database_ = nullptr;
-};
 
 /// A table filled with `count` rows i = 0, 1, ... of the values given.
 std::string Fill(const std::string& table, std::int64_t count, const std::string& values) {
@@ -89,25 +58,6 @@ void MakeJob(const std::string& path, std::int64_t rows, std::int64_t rates) {
                        " * 0.01, 0, 0"));
 }
 
-/// As many points as there are from the plane to degrees, by one PROJ object.
-void ProjectPoints(std::int64_t points) {
-  PJ_CONTEXT* context = proj_context_create();
-  PJ* utm = proj_create(context, "+proj=utm +zone=15 +ellps=GRS80");
-  for (std::int64_t i = 0; i < points; ++i) {
-    const double east = 460'000 + static_cast<double>(i % 1000);
-    benchmark::DoNotOptimize(proj_trans(utm, PJ_INV, proj_coord(east, 5'010'000, 1, 0)));
-  }
-  proj_destroy(utm);
-  proj_context_destroy(context);
-}
-
-class SilentHost : public RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
-
 void BoomExport(benchmark::State& state) {
   const bench::ScratchFolder folder;
   const std::string job = folder / "job.sqlite";
@@ -129,7 +79,7 @@ void BoomExport(benchmark::State& state) {
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
-    scan += SecondsOf([&] { Database(job).ScanEpochs(); });
+    scan += SecondsOf([&] { Database(job).Scan(BoomEpochs::Text(), {5, 6}); });
     projection += SecondsOf([&] { ProjectPoints(points); });
     bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
   }

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/floors.h"
 #include "bench/measures.h"
 #include "export/pointExport.h"
 #include "export/pointTable.h"
@@ -22,6 +23,10 @@
 
 namespace kestrin {
 namespace {
+
+using bench::Database;
+using bench::ProjectPoints;
+using bench::SilentHost;
 
 /// What an action takes by the clock and of processors, its child processes included.
 struct Cost {
@@ -52,40 +57,6 @@ Cost CostOf(Action action) {
   const double before = ProcessorSeconds();
   const double seconds = bench::SecondsOf(action);
   return {seconds, ProcessorSeconds() - before};
-}
-
-/// Reads the columns of every row the point export asks for.
-void ScanEpochs(const std::string& path) {
-  sqlite3* job = nullptr;
-  sqlite3_stmt* rows = nullptr;
-  const std::string_view text = PointEpochs::Text();
-  if (sqlite3_open_v2(path.c_str(), &job, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK ||
-      sqlite3_prepare_v2(job, text.data(), static_cast<int>(text.size()), &rows, nullptr) !=
-          SQLITE_OK) {
-    throw std::runtime_error(sqlite3_errmsg(job));
-  }
-  while (sqlite3_step(rows) == SQLITE_ROW) {
-    int integers = sqlite3_column_int(rows, 0) + sqlite3_column_int(rows, 1);
-    double numbers = 0;
-    for (int column = 2; column < 9; ++column) numbers += sqlite3_column_double(rows, column);
-    integers ^= sqlite3_column_int(rows, 9) ^ sqlite3_column_int(rows, 10);
-    benchmark::DoNotOptimize(integers);
-    benchmark::DoNotOptimize(numbers);
-  }
-  sqlite3_finalize(rows);
-  sqlite3_close(job);
-}
-
-/// As many points as there are rows from the plane to degrees, by one PROJ object.
-void ProjectPoints(std::int64_t rows) {
-  PJ_CONTEXT* context = proj_context_create();
-  PJ* utm = proj_create(context, "+proj=utm +zone=15 +ellps=GRS80");
-  for (std::int64_t i = 0; i < rows; ++i) {
-    const double east = 460'000 + static_cast<double>(i % 1000);
-    benchmark::DoNotOptimize(proj_trans(utm, PJ_INV, proj_coord(east, 5'010'000, 1, 0)));
-  }
-  proj_destroy(utm);
-  proj_context_destroy(context);
 }
 
 /// Columns that stand for the implement and the products in a query: as many as the
@@ -142,13 +113,6 @@ void MakeJob(const std::string& path, std::int64_t rows, std::int64_t sections) 
   sqlite3_close(job);
 }
 
-class SilentHost : public RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
-
 void PointExport(benchmark::State& state) {
   const bench::ScratchFolder folder;
   const std::string job = folder / "job.sqlite";
@@ -170,7 +134,7 @@ void PointExport(benchmark::State& state) {
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(cost.seconds);
     whole += cost;
-    floors += CostOf([&] { ScanEpochs(job); });
+    floors += CostOf([&] { Database(job).Scan(PointEpochs::Text(), {9, 10}); });
     floors += CostOf([&] { ProjectPoints(state.range(0)); });
     floors += CostOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
     if (withOgr2ogr) {

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <numbers>
 
+#include "bench/floors.h"
 #include "bench/measures.h"
 #include "export/polyExport.h"
 #include "jobstore/queries.h"
@@ -18,7 +19,10 @@
 namespace kestrin {
 namespace {
 
+using bench::Database;
+using bench::ProjectPoints;
 using bench::SecondsOf;
+using bench::SilentHost;
 
 class Statement {
  public:
@@ -37,26 +41,6 @@ class Statement {
 
  private:
   sqlite3_stmt* handle_ = nullptr;
-};
-
-class Database {
- public:
-  explicit Database(const std::string& path) {
-    if (sqlite3_open(path.c_str(), &handle_) != SQLITE_OK) throw std::runtime_error(path);
-  }
-  ~Database() { sqlite3_close(handle_); }
-  Database(const Database&) = delete;
-  Database& operator=(const Database&) = delete;
-
-  sqlite3* Handle() { return handle_; }
-  void Execute(const std::string& sql) {
-    if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sqlite3_errmsg(handle_));
-    }
-  }
-
- private:
-  sqlite3* handle_ = nullptr;
 };
 
 struct Place {
@@ -113,36 +97,6 @@ void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int
   job.Execute("COMMIT");
 }
 
-void ScanEpochs(const std::string& path) {
-  Database job(path);
-  Statement rows(job.Handle(), PolyEpochs::Text());
-  while (rows.Step()) {
-    sqlite3_stmt* row = rows.Handle();
-    benchmark::DoNotOptimize(sqlite3_column_int(row, 0) + sqlite3_column_int(row, 1) +
-                             sqlite3_column_int(row, 5));
-    benchmark::DoNotOptimize(sqlite3_column_double(row, 2) + sqlite3_column_double(row, 3) +
-                             sqlite3_column_double(row, 4));
-  }
-}
-
-void ProjectPoints(std::int64_t points) {
-  PJ_CONTEXT* context = proj_context_create();
-  PJ* utm = proj_create(context, "+proj=utm +zone=15 +ellps=GRS80");
-  for (std::int64_t i = 0; i < points; ++i) {
-    const double east = 460'000 + static_cast<double>(i % 1000);
-    benchmark::DoNotOptimize(proj_trans(utm, PJ_INV, proj_coord(east, 5'010'000, 1, 0)));
-  }
-  proj_destroy(utm);
-  proj_context_destroy(context);
-}
-
-class SilentHost : public RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
-
 /// Processor seconds an action takes in this thread, whatever else the machine does.
 template <class Action>
 double CpuSecondsOf(Action action) {
@@ -180,7 +134,7 @@ void PolyExport(benchmark::State& state, Place (*place)(std::int64_t)) {
     state.SetIterationTime(seconds);
     whole += seconds;
     floorsCpu += CpuSecondsOf([&] {
-      scan += SecondsOf([&] { ScanEpochs(job); });
+      scan += SecondsOf([&] { Database(job).Scan(PolyEpochs::Text(), {5}); });
       projection += SecondsOf([&] { ProjectPoints(2 * state.range(0)); });
       bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
     });

@@ -1,5 +1,4 @@
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <stdexcept>
 #include <string>
@@ -7,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/floors.h"
 #include "bench/measures.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -21,48 +21,8 @@
 namespace kestrin {
 namespace {
 
+using bench::Database;
 using bench::SecondsOf;
-
-class Database {
- public:
-  explicit Database(const std::string& path) {
-    Check(sqlite3_open(path.c_str(), &database_) == SQLITE_OK);
-  }
-  ~Database() { sqlite3_close(database_); }
-  Database(const Database&) = delete;
-  Database& operator=(const Database&) = delete;
-
-  void Execute(const std::string& sql) {
-    Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-  }
-
-  /// Reads a query's rows: two integers, then the columns that are doubles, and an
-  /// integer at `integerAt` where there is one.
-  void Scan(std::string_view text, int integerAt = -1, bool firstRowOnly = false) {
-    sqlite3_stmt* rows = nullptr;
-    Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
-                             nullptr) == SQLITE_OK);
-    const int columns = sqlite3_column_count(rows);
-    while (sqlite3_step(rows) == SQLITE_ROW) {
-      for (int column = 0; column < columns; ++column) {
-        if (column < 2 || column == integerAt) {
-          benchmark::DoNotOptimize(sqlite3_column_int(rows, column));
-        } else {
-          benchmark::DoNotOptimize(sqlite3_column_double(rows, column));
-        }
-      }
-      if (firstRowOnly) break;
-    }
-    sqlite3_finalize(rows);
-  }
-
- private:
-  void Check(bool good) const {
-    if (!good) throw std::runtime_error(sqlite3_errmsg(database_));
-  }
-
-  sqlite3* database_ = nullptr;
-};
 
 /// A job driven to and fro at 10 Hz with 16 sections.
 void MakeJob(const std::string& path, std::int64_t rows) {
@@ -147,10 +107,10 @@ void SelectAndPreview(const std::string& path, int kind, BlankPicture& picture) 
 
 void ScanAlone(const std::string& path, const KindScan& scan) {
   Database job(path);
-  job.Scan(EpochCount::Text(), -1, true);
-  job.Scan(NewestEpoch::Text(), -1, true);
+  job.Scan(EpochCount::Text(), {}, true);
+  job.Scan(NewestEpoch::Text(), {}, true);
   job.Scan(PreviewBoomEpochs::Text());
-  job.Scan(scan.text, scan.integerAt);
+  job.Scan(scan.text, {scan.integerAt});
 }
 
 void Preview(benchmark::State& state) {

@@ -2,6 +2,7 @@
 #include <proj.h>
 #include <sqlite3.h>
 
+#include "bench/floors.h"
 #include "bench/measures.h"
 #include "export/wireExport.h"
 #include "jobstore/queries.h"
@@ -14,45 +15,10 @@
 namespace kestrin {
 namespace {
 
+using bench::Database;
+using bench::ProjectPoints;
 using bench::SecondsOf;
-
-class Database {
- public:
-  explicit Database(const std::string& path) {
-    Check(sqlite3_open(path.c_str(), &database_) == SQLITE_OK);
-  }
-  ~Database() { sqlite3_close(database_); }
-  Database(const Database&) = delete;
-  Database& operator=(const Database&) = delete;
-
-  void Execute(const std::string& sql) {
-    Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK);
-  }
-
-  /// Reads the columns of every row the wire export asks for; returns how many.
-  std::int64_t ScanEpochs() {
-    sqlite3_stmt* rows = nullptr;
-    const std::string_view text = WireEpochs::Text();
-    Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
-                             nullptr) == SQLITE_OK);
-    std::int64_t count = 0;
-    while (sqlite3_step(rows) == SQLITE_ROW) {
-      benchmark::DoNotOptimize(sqlite3_column_int(rows, 0) + sqlite3_column_int(rows, 1) +
-                               sqlite3_column_int(rows, 4));
-      benchmark::DoNotOptimize(sqlite3_column_double(rows, 2) + sqlite3_column_double(rows, 3));
-      ++count;
-    }
-    sqlite3_finalize(rows);
-    return count;
-  }
-
- private:
-  void Check(bool good) const {
-    if (!good) throw std::runtime_error(sqlite3_errmsg(database_));
-  }
-
-  sqlite3* database_ = nullptr;
-};
+using bench::SilentHost;
 
 /// A job driven to and fro at 10 Hz in stretches of 500 epochs.
 void MakeJob(const std::string& path, std::int64_t rows) {
@@ -70,25 +36,6 @@ void MakeJob(const std::string& path, std::int64_t rows) {
       "i / 500 * 9.1 + i % 7 * 0.01, abs(i % 1000 - 500) * 0.31, 0.5, 0.1, 0, 0, 3.1, "
       "8192 + CASE WHEN i % 500 = 0 THEN 16384 ELSE 0 END, 7 FROM n");
 }
-
-/// As many points as there are rows from the plane to degrees, by one PROJ object.
-void ProjectPoints(std::int64_t rows) {
-  PJ_CONTEXT* context = proj_context_create();
-  PJ* utm = proj_create(context, "+proj=utm +zone=15 +ellps=GRS80");
-  for (std::int64_t i = 0; i < rows; ++i) {
-    const double east = 460'000 + static_cast<double>(i % 1000);
-    benchmark::DoNotOptimize(proj_trans(utm, PJ_INV, proj_coord(east, 5'010'000, 1, 0)));
-  }
-  proj_destroy(utm);
-  proj_context_destroy(context);
-}
-
-class SilentHost : public RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
 
 void WireExport(benchmark::State& state) {
   const bench::ScratchFolder folder;
@@ -110,7 +57,7 @@ void WireExport(benchmark::State& state) {
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
-    scan += SecondsOf([&] { benchmark::DoNotOptimize(Database(job).ScanEpochs()); });
+    scan += SecondsOf([&] { Database(job).Scan(WireEpochs::Text(), {4}); });
     projection += SecondsOf([&] { ProjectPoints(state.range(0)); });
     bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
   }
