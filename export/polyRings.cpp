@@ -45,14 +45,17 @@ struct RingWriter::Set {
   ShapefileSet shapes;
   AttributeRecord record{kFields};
 
-  void AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane);
+  void AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane, RunHost& host);
 };
 
-void RingWriter::Set::AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane) {
+void RingWriter::Set::AddVertices(std::span<const UtmPoint> points, const WorkingPlane& plane,
+                                  RunHost& host) {
   constexpr std::size_t kTogether = 64;
   std::array<double, kTogether> x{};
   std::array<double, kTogether> y{};
   for (std::size_t i = 0; i < points.size(); i += kTogether) {
+    // A whole field can be one ring.
+    if (i > 0) host.Yield();
     const std::size_t count = std::min(kTogether, points.size() - i);
     for (std::size_t k = 0; k < count; ++k) {
       x[k] = points[i + k].easting;
@@ -74,7 +77,7 @@ void RingWriter::Write(const Ring& ring) {
     set_.reset(new Set{{run_.files, basePath_, ShapeType::kPolygon, kFields, run_.options}});
   }
   set_->shapes.BeginRecord();
-  set_->AddVertices(ring.Points(), plane_);
+  set_->AddVertices(ring.Points(), plane_, run_.host);
   set_->shapes.EndRecord();
   set_->record.Clear();
   set_->record.Add(IntegerText(set_->shapes.RecordCount() - 1).View(), Keep::kRight);

@@ -98,6 +98,16 @@ TEST_F(PolyExport, CountsAndYieldsOncePerRowReadAlsoForSkippedOnes) {
   EXPECT_EQ(host_.yields, 3);
 }
 
+TEST_F(PolyExport, YieldsWhileALongRingIsWrittenAndLeavesNothingWhenCancelledThere) {
+  DriveNorth(Job(), 100);
+  host_.cancelAt = 101;
+  EXPECT_THROW(Export(base_), RunCancelled);
+  EXPECT_EQ(host_.rows, 100);
+  for (const char* extension : {".shp", ".shx", ".dbf"}) {
+    EXPECT_FALSE(std::filesystem::exists(base_ + extension));
+  }
+}
+
 TEST_F(PolyExport, MarkedRowsBeginAPolygonEvenOnTheSpot) {
   Job();
   DriveNorth(*builder_);
