@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
+// A leftover of 16-bit Windows, and a name of ours.
+#undef Yield
 
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
