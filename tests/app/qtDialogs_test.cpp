@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTest>
@@ -79,6 +80,10 @@ class FileDialogs : public QtDialogsTest {
  protected:
   FileDialogs() { std::ofstream(There()) << "x"; }
   std::string There() const { return folder_ / "there.shp"; }
+  /// A path as the dialogs give it to the program, which Qt itself always writes with "/".
+  static std::string Native(const QString& path) {
+    return QDir::toNativeSeparators(path).toStdString();
+  }
 
   test::TempFolder folder_;
 };
@@ -96,9 +101,10 @@ TEST_F(FileDialogs, SavingProposesANameAndAsksNoOverwriteQuestion) {
   WhenShown<QFileDialog>([this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Save Shape");
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
-    EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder_.Path().string());
+    EXPECT_EQ(Native(dialog.directory().absolutePath()), folder_.Path().string());
     EXPECT_EQ(dialog.nameFilters(), QStringList{"Shape Files (*.shp)"});
-    EXPECT_EQ(dialog.selectedFiles(), QStringList{QString::fromStdString(There())});
+    ASSERT_EQ(dialog.selectedFiles().size(), 1);
+    EXPECT_EQ(Native(dialog.selectedFiles().first()), There());
     QMetaObject::invokeMethod(&dialog, "accept");
   });
   const auto chosen = dialogs_.SaveFile(
@@ -112,7 +118,7 @@ TEST_F(FileDialogs, OpeningTakesAFileThatExists) {
     EXPECT_EQ(dialog.windowTitle(), "Select Job");
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
     EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
-    EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder_.Path().string());
+    EXPECT_EQ(Native(dialog.directory().absolutePath()), folder_.Path().string());
     EXPECT_EQ(dialog.nameFilters(), QStringList{"Job Files (*.sqlite)"});
   });
   EXPECT_EQ(dialogs_.OpenFile(
