@@ -123,6 +123,8 @@ on_display() {
     export DISPLAY
     openbox >/dev/null 2>&1 &
     window_manager=$!
+    # A desktop that Wine began without a display stays without one.
+    wineserver -k || true
   fi
   "$@"
 }
