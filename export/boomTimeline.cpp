@@ -4,15 +4,10 @@
 #include <string_view>
 
 #include "export/exportRun.h"
+#include "jobstore/blanks.h"
 
 namespace kestrin {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 bool AllEmpty(const ProductNames& names) {
   return std::all_of(names.begin(), names.end(), [](const auto& name) { return name.empty(); });
@@ -36,7 +31,7 @@ void ForEachRow(Job& job, RunHost& host, Take take) {
 }  // namespace
 
 ImplementSetup SetupOf(const ImplementRow& row) {
-  ImplementSetup setup{std::string(Trimmed(row.name)), {}};
+  ImplementSetup setup{std::string(TrimmedBlanks(row.name)), {}};
   for (const Section& section : row.sections) {
     if (section.width >= 0) {
       setup.sections.push_back({section.width / 2, section.xOffset, section.yOffset});

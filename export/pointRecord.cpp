@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "export/numberText.h"
+#include "jobstore/blanks.h"
 
 namespace kestrin {
 namespace {
@@ -12,10 +13,7 @@ namespace {
 std::string_view NameOf(std::string_view text) {
   const std::size_t end = text.find('\0');
   if (end == std::string_view::npos) return text;
-  text = text.substr(0, end);
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  return TrimmedBlanks(text.substr(0, end));
 }
 
 /// Puts one field after the other.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "export/exportPaths.h"
+#include "jobstore/blanks.h"
 
 namespace kestrin {
 namespace {
@@ -50,12 +51,6 @@ FormatNumbers NumbersOf(std::string_view version, std::size_t dash) {
 }
 
 }  // namespace
-
-std::string_view TrimmedBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 FormatAge CompareFormat(std::string_view jobVersion) {
   if (EqualIgnoringCase(jobVersion, kOwnFormat)) return FormatAge::kCompatible;

@@ -23,7 +23,4 @@ class FormatNumberError : public std::runtime_error {
 /// Blanks around the text must be gone. Throws FormatNumberError.
 FormatAge CompareFormat(std::string_view jobVersion);
 
-/// The text without the blanks at its ends.
-std::string_view TrimmedBlanks(std::string_view text);
-
 }  // namespace kestrin

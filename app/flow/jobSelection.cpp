@@ -9,6 +9,7 @@
 #include "export/commandColours.h"
 #include "export/exportKinds.h"
 #include "export/shapefileSet.h"
+#include "jobstore/blanks.h"
 #include "jobstore/queries.h"
 #include "preview/previewExtent.h"
 #include "preview/previewKinds.h"

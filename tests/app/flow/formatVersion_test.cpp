@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "jobstore/blanks.h"
+
 namespace kestrin {
 namespace {
 
