@@ -1,5 +1,6 @@
 # How every target is compiled, and how a folder becomes a library: all sources of
-# a folder belong to it, and headers are included from the repository's root.
+# a folder belong to it but those named after another system (<name>_windows.cpp beside
+# <name>_posix.cpp), and headers are included from the repository's root.
 
 add_library(kestrin_compile INTERFACE)
 target_include_directories(kestrin_compile INTERFACE ${PROJECT_SOURCE_DIR})
@@ -10,8 +11,10 @@ target_compile_options(
             # Results are compared to the byte between compilers and machines.
             -ffp-contract=off)
 if(WIN32)
-  # The system's header leaves out what is seldom needed, and the names min and max.
-  target_compile_definitions(kestrin_compile INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX UNICODE)
+  # The system's header leaves out what is seldom needed, and the names min and max; the
+  # C library's has the calls that are safe in threads under the same names as elsewhere.
+  target_compile_definitions(kestrin_compile INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX UNICODE
+                                                       _POSIX_THREAD_SAFE_FUNCTIONS)
 endif()
 if(KESTRIN_WERROR)
   target_compile_options(kestrin_compile INTERFACE -Werror)
@@ -23,9 +26,21 @@ if(KESTRIN_SANITIZE)
   target_link_options(kestrin_compile INTERFACE -fsanitize=${KESTRIN_SANITIZE})
 endif()
 
+# kestrin_sources(variable): the sources of the current folder for this system.
+function(kestrin_sources variable)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(WIN32)
+    set(other_system posix|linux)
+  else()
+    set(other_system windows)
+  endif()
+  list(FILTER sources EXCLUDE REGEX "_(${other_system})(_test)?\\.cpp$")
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # kestrin_library(name dependency...): the static library of the current folder.
 function(kestrin_library name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  kestrin_sources(sources)
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC kestrin_compile ${ARGN})
 endfunction()

@@ -47,11 +47,7 @@ bool HasCharacter(std::string_view text, std::size_t at, std::size_t size) {
 CalendarDate Today() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &now);
-#else
   localtime_r(&now, &local);
-#endif
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
 }
 

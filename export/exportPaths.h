@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -10,11 +11,7 @@
 
 namespace kestrin {
 
-#ifdef _WIN32
-inline constexpr char kSeparator = '\\';
-#else
-inline constexpr char kSeparator = '/';
-#endif
+inline constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 inline constexpr std::string_view kJobExtension = ".sqlite";
 inline constexpr std::string_view kShapeExtension = ".shp";

@@ -1,10 +1,10 @@
 #pragma once
 
-#ifdef _WIN32
-
 #include <cstdint>
 #include <optional>
 #include <string>
+
+/// Windows only.
 
 namespace kestrin {
 
@@ -19,5 +19,3 @@ std::optional<std::wstring> NativePath(const std::string& path);
 std::string ReasonOf(std::uint32_t code);
 
 }  // namespace kestrin
-
-#endif

@@ -3,14 +3,12 @@
 #include <cstdint>
 #include <random>
 
+#include "export/exportPaths.h"
+
 namespace kestrin {
 namespace {
 
-#ifdef _WIN32
-constexpr std::string_view kFolderEnds = "\\/:";
-#else
-constexpr std::string_view kFolderEnds = "/";
-#endif
+constexpr std::string_view kFolderEnds = kSeparator == '\\' ? "\\/:" : "/";
 
 void AppendHex(std::string& text, std::uint32_t value) {
   for (int shift = 28; shift >= 0; shift -= 4) text += "0123456789abcdef"[(value >> shift) & 15];

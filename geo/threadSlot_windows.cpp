@@ -1,7 +1,5 @@
 #include "geo/threadSlot.h"
 
-#ifdef _WIN32
-
 #include <windows.h>
 
 #include <new>
@@ -20,5 +18,3 @@ void* ThreadSlot::Get() const { return FlsGetValue(index_); }
 void ThreadSlot::Set(void* value) const { FlsSetValue(index_, value); }
 
 }  // namespace kestrin
-
-#endif

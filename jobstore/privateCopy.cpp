@@ -1,46 +1,13 @@
 #include "jobstore/privateCopy.h"
 
-#include <random>
-#include <string>
-
+#include "jobstore/privateFolder.h"
 #include "jobstore/superJournal.h"
-
-#ifndef _WIN32
-#include <cerrno>
-#include <cstdlib>
-#endif
 
 namespace kestrin {
 namespace fs = std::filesystem;
-namespace {
-
-/// A new folder in the system's temporary one; empty, with the reason in `error`,
-/// when none can be made.
-fs::path MakeFolder(std::error_code& error) {
-  const fs::path root = fs::temp_directory_path(error);
-  if (error) return {};
-#ifdef _WIN32
-  // The temporary folder is the user's own there.
-  std::random_device random;
-  for (int attempt = 0; attempt < 100; ++attempt) {
-    const fs::path folder = root / ("kestrin-job-" + std::to_string(random()));
-    if (fs::create_directory(folder, error)) return folder;
-    if (error) return {};
-  }
-  error = std::make_error_code(std::errc::file_exists);
-  return {};
-#else
-  std::string name = (root / "kestrin-job-XXXXXX").string();
-  if (mkdtemp(name.data()) != nullptr) return name;
-  error.assign(errno, std::generic_category());
-  return {};
-#endif
-}
-
-}  // namespace
 
 PrivateCopy::PrivateCopy(const fs::path& job) {
-  folder_ = MakeFolder(error_);
+  folder_ = MakePrivateFolder(error_);
   if (error_) return;
   Copy(job, "");
   for (const char* suffix : {"-journal", "-wal"}) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#ifndef _WIN32
-
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -41,5 +39,3 @@ inline std::vector<std::string> Behind(const std::string& mark, const std::strin
 }
 
 }  // namespace kestrin::test
-
-#endif

@@ -25,7 +25,7 @@ class Command {
   Command(const Command&) = delete;
   Command& operator=(const Command&) = delete;
 
-  /// On Windows only SIGINT, as Ctrl-Break, and SIGKILL.
+  /// On Windows only SIGINT, to all on this process's console, and SIGKILL.
   void Send(int signal) const;
   /// Whether it has ended already.
   bool Ended();

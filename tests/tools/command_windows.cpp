@@ -94,9 +94,8 @@ Command::Command(const std::vector<std::string>& words, const std::string& folde
   start.hStdError = err.Handle();
   std::wstring line = CommandLine(words);
   std::wstring settings = Environment(environment);
-  constexpr DWORD kFlags = CREATE_UNICODE_ENVIRONMENT | CREATE_NEW_PROCESS_GROUP;
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, kFlags, settings.data(),
-                      Wide(folder).c_str(), &start, &process_->information)) {
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_UNICODE_ENVIRONMENT,
+                      settings.data(), Wide(folder).c_str(), &start, &process_->information)) {
     Fail(words.front());
   }
 }
@@ -109,7 +108,9 @@ Command::~Command() {
 
 void Command::Send(int signal) const {
   if (signal == SIGINT) {
-    GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process_->information.dwProcessId);
+    // Everybody on the console gets it, this process too.
+    SetConsoleCtrlHandler([](DWORD) { return TRUE; }, TRUE);
+    if (!GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0)) Fail("Ctrl-C");
   } else {
     TerminateProcess(process_->information.hProcess, kKilled);
   }

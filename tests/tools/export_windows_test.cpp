@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <chrono>
+#include <csignal>
 #include <thread>
 
 #include "tests/tools/exportFixture.h"
@@ -50,6 +51,17 @@ TEST_F(ExportOnWindows, ASetOpenInAGisIsNamedAndStays) {
   EXPECT_THAT(run.err, HasSubstr("x_WIRE.dbf"));
   EXPECT_TRUE(HasSet("x_WIRE"));
   EXPECT_TRUE(test::FileBytes(folder_ / "x_WIRE.shp") == before);
+}
+
+TEST_F(ExportOnWindows, StoppedByCtrlCLeavesNothingHalfMade) {
+  if (GetConsoleCP() == 0) GTEST_SKIP() << "no console here";
+  const auto command = StartLong();
+  command->Send(SIGINT);
+  const CommandResult run = command->Wait();
+  EXPECT_EQ(run.code, 128 + SIGINT);
+  EXPECT_EQ(run.err, "kestrin-export: stopped\n");
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(FilesBelow("sets"), 0);
 }
 
 TEST_F(ExportOnWindows, KilledLeavesNoShapes) {

@@ -1,5 +1,3 @@
-#ifndef _WIN32
-
 #include <gtest/gtest.h>
 
 #include "export/polyExport.h"
@@ -108,5 +106,3 @@ TEST_F(PolyReaders, ShapelibReadsTheSameTable) {
 
 }  // namespace
 }  // namespace kestrin
-
-#endif

@@ -1,26 +1,10 @@
-#include "geo/timeZone.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#else
 #include <algorithm>
 #include <chrono>
 #include <ctime>
-#endif
+
+#include "geo/timeZone.h"
 
 namespace kestrin {
-
-#ifdef _WIN32
-
-std::int32_t TimeZoneOffset() {
-  TIME_ZONE_INFORMATION zone;
-  const DWORD season = GetTimeZoneInformation(&zone);
-  if (season != TIME_ZONE_ID_STANDARD && season != TIME_ZONE_ID_DAYLIGHT) return 0;
-  return -static_cast<std::int32_t>(zone.Bias);
-}
-
-#else
-
 namespace {
 
 std::int32_t MinutesEastAt(std::chrono::sys_days day) {
@@ -42,7 +26,5 @@ std::int32_t TimeZoneOffset() {
   // that the zone tables carry for it is the wrong way round for some countries.
   return std::min(MinutesEastAt(year / January / 1), MinutesEastAt(year / July / 1));
 }
-
-#endif
 
 }  // namespace kestrin

@@ -1,5 +1,3 @@
-#ifdef _WIN32
-
 #include <windows.h>
 
 #include <algorithm>
@@ -182,5 +180,3 @@ class WindowsFileSystem : public FileSystem {
 std::unique_ptr<FileSystem> NativeFileSystem() { return std::make_unique<WindowsFileSystem>(); }
 
 }  // namespace kestrin
-
-#endif

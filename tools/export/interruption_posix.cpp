@@ -1,7 +1,7 @@
-#include "tools/export/interruption.h"
-
 #include <atomic>
 #include <csignal>
+
+#include "tools/export/interruption.h"
 
 namespace kestrin {
 namespace {
@@ -11,13 +11,6 @@ std::atomic<int> stopSignal{0};
 static_assert(std::atomic<int>::is_always_lock_free);
 
 extern "C" void NoteStop(int signal) { stopSignal.store(signal, std::memory_order_relaxed); }
-
-#ifdef _WIN32
-
-// Windows takes the handler away by itself when it is called.
-void Note(int signal) { std::signal(signal, NoteStop); }
-
-#else
 
 void Note(int signal) {
   struct sigaction action {};
@@ -29,18 +22,14 @@ void Note(int signal) {
   sigaction(signal, &action, nullptr);
 }
 
-#endif
-
 }  // namespace
 
 void HandleSignals() {
   Note(SIGINT);
   Note(SIGTERM);
-#ifndef _WIN32
   Note(SIGHUP);
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-#endif
 }
 
 int StopSignal() noexcept { return stopSignal.load(std::memory_order_relaxed); }

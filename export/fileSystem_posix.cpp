@@ -1,5 +1,3 @@
-#ifndef _WIN32
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -218,5 +216,3 @@ class PosixFileSystem : public FileSystem {
 std::unique_ptr<FileSystem> NativeFileSystem() { return std::make_unique<PosixFileSystem>(); }
 
 }  // namespace kestrin
-
-#endif

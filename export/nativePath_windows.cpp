@@ -1,7 +1,5 @@
 #include "export/nativePath.h"
 
-#ifdef _WIN32
-
 #include <windows.h>
 
 namespace kestrin {
@@ -52,5 +50,3 @@ std::string ReasonOf(std::uint32_t code) {
 }
 
 }  // namespace kestrin
-
-#endif

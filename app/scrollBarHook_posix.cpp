@@ -1,7 +1,5 @@
 #include "app/platform/scrollBarHook.h"
 
-#ifndef _WIN32
-
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
 
@@ -36,5 +34,3 @@ void ScrollBar::Unhook() {
 }
 
 }  // namespace kestrin
-
-#endif
