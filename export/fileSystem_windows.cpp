@@ -32,6 +32,23 @@ bool MeansAbsent(DWORD code) {
   return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
 }
 
+/// Calls until the system no longer says that somebody else has the file, for half a
+/// second at most: virus scanners and indexers look into every new file for a moment.
+/// Returns the last call's code.
+template <class Attempt>
+DWORD Patiently(Attempt attempt) {
+  constexpr int kTries = 10;
+  constexpr DWORD kPause = 50;
+  for (int tries = 1;; ++tries) {
+    const DWORD code = attempt();
+    const bool mayPass = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;
+    if (!mayPass || tries == kTries) return code;
+    Sleep(kPause);
+  }
+}
+
+DWORD CodeOf(BOOL worked) { return worked ? ERROR_SUCCESS : GetLastError(); }
+
 /// A file held with the right to delete it, if it is there; closed at the end of its
 /// scope. What another program has open without leave to delete it is refused.
 class Deletable {
@@ -39,7 +56,7 @@ class Deletable {
   explicit Deletable(const std::string& path)
       : handle_(CreateFileW(Wide(path).c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING,
                             FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr)),
-        code_(handle_ == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS) {}
+        code_(CodeOf(handle_ != INVALID_HANDLE_VALUE)) {}
   ~Deletable() {
     if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
   }
@@ -105,21 +122,27 @@ class WindowsFileSystem : public FileSystem {
 
   void Rename(const std::string& from, const std::string& to) override {
     constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    if (!MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), kFlags)) {
-      FailAsTarget(to, GetLastError());
-    }
+    const std::wstring source = Wide(from), target = Wide(to);
+    const DWORD code =
+        Patiently([&] { return CodeOf(MoveFileExW(source.c_str(), target.c_str(), kFlags)); });
+    if (code != ERROR_SUCCESS) FailAsTarget(to, code);
   }
 
   void Remove(const std::string& path) override {
-    if (!DeleteFileW(Wide(path).c_str()) && !MeansAbsent(GetLastError())) Fail(path);
+    const std::wstring wide = Wide(path);
+    const DWORD code = Patiently([&] { return CodeOf(DeleteFileW(wide.c_str())); });
+    if (code != ERROR_SUCCESS && !MeansAbsent(code)) Fail(path, code);
   }
 
   void RemoveAll(std::span<const std::string> paths) override {
     // Held until all are marked: a program that asks for one meanwhile is late.
     std::vector<std::unique_ptr<Deletable>> held;
     for (const std::string& path : paths) {
-      held.push_back(std::make_unique<Deletable>(path));
-      const DWORD code = held.back()->Code();
+      held.emplace_back();
+      const DWORD code = Patiently([&] {
+        held.back() = std::make_unique<Deletable>(path);
+        return held.back()->Code();
+      });
       if (code != ERROR_SUCCESS && !MeansAbsent(code)) Fail(path, code);
     }
     for (const std::string& path : paths) Remove(path);
@@ -153,7 +176,11 @@ class WindowsFileSystem : public FileSystem {
     try {
       CopyNew(from, wide);
       // Without MOVEFILE_REPLACE_EXISTING an existing file stays and the move fails.
-      if (!MoveFileExW(wide.c_str(), Wide(to).c_str(), MOVEFILE_WRITE_THROUGH)) Fail(to);
+      const std::wstring target = Wide(to);
+      const DWORD code = Patiently([&] {
+        return CodeOf(MoveFileExW(wide.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH));
+      });
+      if (code != ERROR_SUCCESS) Fail(to, code);
     } catch (...) {
       DeleteFileW(wide.c_str());
       throw;

@@ -153,6 +153,16 @@ on_display() {
   "$@"
 }
 
+# The job sheet on a real queue, through Windows' own way of printing.
+print_sheet() {
+  local code=0
+  (program=$(realpath "$bin/app_test.exe") run=$(realpath tests/app/cups/run)
+    cd "$WINEPREFIX/drive_c" && "$run" timeout --kill-after 5 120 wine "$program" -platform windows) ||
+    code=$?
+  # 77: there can be no queue here.
+  [ "$code" = 0 ] || [ "$code" = 77 ]
+}
+
 take_pictures() {
   local pictures=$PWD/docs/screenshots
   cp "$work/session/"*.png "$pictures/"

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <chrono>
 #include <fstream>
+#include <optional>
+#include <thread>
 
 #include "export/exportPaths.h"
 #include "export/fileSystem.h"
@@ -74,6 +77,25 @@ TEST_F(WindowsFiles, ATargetInUseIsAClearErrorAndStays) {
   }
   files_->Rename(from, to);
   EXPECT_EQ(test::FileBytes(to), "new");
+}
+
+TEST_F(WindowsFiles, WhatIsInUseForAMomentIsWaitedFor) {
+  for (const bool rename : {true, false}) {
+    const std::string from = Make("from", "new");
+    const std::string to = Make("to");
+    std::optional<InUse> scanner(std::in_place, to);
+    const std::jthread done([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(80));
+      scanner.reset();
+    });
+    if (rename) {
+      files_->Rename(from, to);
+      EXPECT_EQ(test::FileBytes(to), "new");
+    } else {
+      files_->RemoveAll(std::vector<std::string>{to});
+      EXPECT_FALSE(files_->Exists(to));
+    }
+  }
 }
 
 TEST_F(WindowsFiles, ASetOfWhichOneFileIsInUseStaysWhole) {
