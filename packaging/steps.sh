@@ -4,12 +4,20 @@
 steps_log=$(mktemp)
 trap 'rm -f "$steps_log"' EXIT
 
-# step TITLE COMMAND...: runs the command; its output is shown only when it fails.
+# step TITLE COMMAND...: runs the command; its output is shown only when it fails. Not to
+# be part of a condition itself: a shell function then ends at its first failure.
 step() {
-  local title=$1 started=$SECONDS
+  local title=$1 started=$SECONDS code
   shift
   printf '%s ... ' "$title"
-  if "$@" >"$steps_log" 2>&1 </dev/null; then
+  set +e
+  (
+    set -e
+    "$@"
+  ) >"$steps_log" 2>&1 </dev/null
+  code=$?
+  set -e
+  if [ "$code" = 0 ]; then
     printf 'ok (%d s)\n' $((SECONDS - started))
   else
     printf 'FAILED\n'

@@ -46,13 +46,17 @@ linux_tools() {
   cmake --build --preset release --target kestrin-export kestrin-sample
 }
 
-prepare_wine() {
-  local prefix gcc
+# The test programs find the libraries where they were built.
+find_libraries() {
+  local gcc
   prefix=$(packaging/windows/prefix)
   gcc=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
-  # The test programs find the libraries where they were built.
   WINEPATH="$(windows_path "$prefix/bin");$(windows_path "$gcc")"
   WINEPATH+=";$(windows_path /usr/x86_64-w64-mingw32/lib)"
+  export WINEPATH
+}
+
+prepare_wine() {
   rm -rf "$work"
   mkdir -p "$work/stick"
   if [ ! -e "$WINEPREFIX/ready" ]; then
@@ -72,7 +76,6 @@ prepare_wine() {
   ln -sfn "$work/stick" "$WINEPREFIX/dosdevices/e:"
   ln -sfn "$work/no-card" "$WINEPREFIX/dosdevices/f:"
 }
-export WINEPATH
 # The offscreen platform has no fonts of its own. Wine hands Qt's settings on under
 # these names.
 export WINEQT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\liberation'
@@ -81,12 +84,13 @@ export KESTRIN_STICK=E KESTRIN_EMPTY_READER=F
 
 # The maths functions here and there, over millions of arguments.
 compare_maths() {
-  local prefix source=packaging/windows/compare-maths.c
-  prefix=$(packaging/windows/prefix)
+  local source=packaging/windows/compare-maths.c
   gcc -O2 -fno-builtin "$source" -o "$work/compare-maths" -lm
   x86_64-w64-mingw32-gcc-posix -O2 -fno-builtin -D__USE_MINGW_ANSI_STDIO=1 "$source" \
     -o "$work/compare-maths.exe" "$prefix/lib/libm-glibc.dll.a"
-  diff <("$work/compare-maths") <(wine_run 120 "$work/compare-maths.exe" | tr -d '\r')
+  "$work/compare-maths" >"$work/maths-here"
+  wine_run 120 "$work/compare-maths.exe" | tr -d '\r' >"$work/maths-there"
+  diff "$work/maths-here" "$work/maths-there"
 }
 
 # Every sample job, exported here and there.
@@ -108,9 +112,6 @@ compare_sets() {
 }
 
 # The installer without questions: what it lays out runs, and what the user made stays.
-check_installer() {
-  bash -euo pipefail -c ". packaging/windows/wine.sh && install_and_remove"
-}
 install_and_remove() {
   local folder=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Kestrin
   rm -rf "$folder"
