@@ -23,7 +23,12 @@ QMessageBox::StandardButton ShowBox(QWidget& window, QMessageBox::Icon icon,
 }
 
 std::optional<std::string> Choose(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  // The system's own dialog may make the chosen folder the program's, and a stick that a
+  // program is at home on cannot be taken out.
+  const QString home = QDir::currentPath();
+  const int answer = dialog.exec();
+  QDir::setCurrent(home);
+  if (answer != QDialog::Accepted) return std::nullopt;
   const QStringList files = dialog.selectedFiles();
   if (files.isEmpty()) return std::nullopt;
   return QDir::toNativeSeparators(files.front()).toStdString();

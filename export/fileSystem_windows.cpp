@@ -54,9 +54,17 @@ DWORD CodeOf(BOOL worked) { return worked ? ERROR_SUCCESS : GetLastError(); }
 class Deletable {
  public:
   explicit Deletable(const std::string& path)
-      : handle_(CreateFileW(Wide(path).c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING,
+      : handle_(CreateFileW(Wide(path).c_str(), DELETE | FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                            OPEN_EXISTING,
                             FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr)),
-        code_(CodeOf(handle_ != INVALID_HANDLE_VALUE)) {}
+        code_(CodeOf(handle_ != INVALID_HANDLE_VALUE)) {
+    // The mark counts only when the file is to go.
+    BY_HANDLE_FILE_INFORMATION file{};
+    if (code_ == ERROR_SUCCESS && GetFileInformationByHandle(handle_, &file) &&
+        (file.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
+      code_ = ERROR_ACCESS_DENIED;
+    }
+  }
   ~Deletable() {
     if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
   }
@@ -182,7 +190,7 @@ class WindowsFileSystem : public FileSystem {
       });
       if (code != ERROR_SUCCESS) Fail(to, code);
     } catch (...) {
-      DeleteFileW(wide.c_str());
+      Patiently([&] { return CodeOf(DeleteFileW(wide.c_str())); });
       throw;
     }
   }
@@ -193,9 +201,13 @@ class WindowsFileSystem : public FileSystem {
     if (!CopyFileW(Wide(from).c_str(), to.c_str(), TRUE)) Fail(from);
     // A copy takes over the attributes: what is read-only could not be flushed.
     SetFileAttributesW(to.c_str(), FILE_ATTRIBUTE_NORMAL);
-    const HANDLE handle = CreateFileW(to.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) Fail(from);
+    HANDLE handle = INVALID_HANDLE_VALUE;
+    const DWORD code = Patiently([&] {
+      handle = CreateFileW(to.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+      return CodeOf(handle != INVALID_HANDLE_VALUE);
+    });
+    if (code != ERROR_SUCCESS) Fail(from, code);
     WindowsFile file(from, handle);
     file.Sync();
     file.Close();

@@ -31,8 +31,10 @@ std::wstring Absolute(const std::wstring& path) {
 
 std::optional<std::wstring> NativePath(const std::string& path) {
   auto wide = Wide(path);
-  if (!wide || wide->size() < kUsualLimit || wide->starts_with(LR"(\\?\)")) return wide;
+  if (!wide || wide->empty() || wide->starts_with(LR"(\\?\)")) return wide;
+  // The limit is on the whole path, however little of it is said.
   const std::wstring whole = Absolute(*wide);
+  if (whole.size() < kUsualLimit) return wide;
   if (whole.starts_with(LR"(\\)")) return LR"(\\?\UNC\)" + whole.substr(2);
   return LR"(\\?\)" + whole;
 }

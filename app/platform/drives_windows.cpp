@@ -17,18 +17,6 @@ std::string Utf8(const fs::path& path) {
 
 fs::path Path(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
-/// Keeps the system from asking for a medium while drives are looked at.
-class QuietErrors {
- public:
-  QuietErrors() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
-  ~QuietErrors() { SetThreadErrorMode(before_, nullptr); }
-  QuietErrors(const QuietErrors&) = delete;
-  QuietErrors& operator=(const QuietErrors&) = delete;
-
- private:
-  DWORD before_ = 0;
-};
-
 /// Whether a volume is there and its root can be reached.
 bool IsReady(const wchar_t* root) {
   return GetVolumeInformationW(root, nullptr, 0, nullptr, nullptr, nullptr, nullptr, 0) != 0 &&
@@ -37,8 +25,11 @@ bool IsReady(const wchar_t* root) {
 
 class WindowsDrives final : public Drives {
  public:
+  // A drive without its medium is told to the program, here and wherever a stick is pulled
+  // later, and not to the user in a box of the system's own.
+  WindowsDrives() { SetErrorMode(SEM_FAILCRITICALERRORS); }
+
   std::vector<Drive> List() override {
-    const QuietErrors quiet;
     std::vector<Drive> drives;
     const DWORD letters = GetLogicalDrives();
     for (int i = 0; i < 26; ++i) {
@@ -52,7 +43,6 @@ class WindowsDrives final : public Drives {
   }
 
   std::vector<std::string> FilesIn(const std::string& folder) override {
-    const QuietErrors quiet;
     std::vector<std::string> names;
     std::error_code failed;
     for (fs::directory_iterator entry(Path(folder), failed), end; !failed && entry != end;

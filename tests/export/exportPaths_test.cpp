@@ -77,6 +77,19 @@ TEST(MakePath, UnderstandsDriveLetters) {
   EXPECT_THAT(files.made, ElementsAre("C:", "C:\\data", "C:\\data\\North"));
 }
 
+TEST(MakePath, LeavesServerAndShareAlone) {
+  test::MemoryFiles files;
+  MakePath(files, R"(\\NAS\sets\North\2006)", '\\');
+  EXPECT_THAT(files.made, ElementsAre(R"(\\NAS\sets\North)", R"(\\NAS\sets\North\2006)"));
+  files.made.clear();
+  MakePath(files, R"(\\?\C:\data)", '\\');
+  EXPECT_THAT(files.made, ElementsAre(R"(\\?\C:\data)"));
+  files.made.clear();
+  MakePath(files, R"(\\NAS\sets\)", '\\');
+  MakePath(files, R"(\\NAS)", '\\');
+  EXPECT_THAT(files.made, IsEmpty());
+}
+
 TEST(MakePath, DropsOneTrailingSeparator) {
   test::MemoryFiles files;
   MakePath(files, "a/b/", '/');

@@ -112,6 +112,15 @@ TEST_F(WindowsFiles, ASetOfWhichOneFileIsInUseStaysWhole) {
   }
 }
 
+TEST_F(WindowsFiles, ASetOfWhichOneFileIsWriteProtectedStaysWhole) {
+  for (const char* each : {"set.shp", "set.shx", "set.dbf"}) Make(each);
+  SetFileAttributesW(NativePath(folder_ / "set.dbf")->c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(Reason(folder_ / "set.dbf", [&] { RemoveSet(*files_, folder_ / "set"); }),
+            ReasonOf(ERROR_ACCESS_DENIED));
+  EXPECT_TRUE(SetExists(*files_, folder_ / "set"));
+  SetFileAttributesW(NativePath(folder_ / "set.dbf")->c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
 TEST_F(WindowsFiles, ASetThatIsReadWithLeaveToDeleteItIsReplaced) {
   for (const char* each : {"set.shp", "set.shx", "set.dbf"}) Make(each);
   {
@@ -150,6 +159,17 @@ TEST_F(WindowsFiles, FoldersAndSetsFarBeyond260CharactersAreMade) {
   EXPECT_TRUE(files_->Exists(folder + "copy"));
   RemoveSet(*files_, folder + "set");
   EXPECT_FALSE(files_->Exists(folder + "set.shp"));
+}
+
+TEST_F(WindowsFiles, APathThatIsLongBehindAFolderFarDownIsMarkedToo) {
+  const std::string deep = folder_ / std::string(100, 'x');
+  files_->MakeFolder(deep);
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(deep);
+  const auto shortPath = NativePath("sets"), longPath = NativePath(std::string(140, 'y'));
+  std::filesystem::current_path(before);
+  EXPECT_EQ(shortPath, L"sets");
+  EXPECT_TRUE(longPath->starts_with(LR"(\\?\)"));
 }
 
 TEST_F(WindowsFiles, LettersOfAnyScriptAreKept) {

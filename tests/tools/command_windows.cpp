@@ -20,8 +20,10 @@ std::wstring Wide(const std::string& text) {
   throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), what);
 }
 
-/// A word as the C library of the program takes it apart again.
+/// A word as the C library of the program takes it apart again; only what is not in
+/// quotation marks can be a pattern there.
 std::wstring Quoted(const std::wstring& word) {
+  if (!word.empty() && word.find_first_of(L" \t\"") == std::wstring::npos) return word;
   std::wstring quoted = L"\"";
   std::size_t backslashes = 0;
   for (const wchar_t letter : word) {

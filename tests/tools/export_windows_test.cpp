@@ -53,6 +53,23 @@ TEST_F(ExportOnWindows, ASetOpenInAGisIsNamedAndStays) {
   EXPECT_TRUE(test::FileBytes(folder_ / "x_WIRE.shp") == before);
 }
 
+TEST_F(ExportOnWindows, PatternsAreExpanded) {
+  Sample("a.sqlite", 20);
+  Sample("Süd.sqlite", 20);
+  const CommandResult run = Run({"--kind", "wire", "*.sqlite"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, HasSubstr("a_2025Jun3_WIRE.shp: 20 epochs\n"));
+  EXPECT_THAT(run.out, HasSubstr("Süd_2025Jun3_WIRE.shp: 20 epochs\n"));
+}
+
+TEST_F(ExportOnWindows, NamesThatDifferInCaseAreOneTarget) {
+  Sample("one/North.sqlite", 20);
+  Sample("two/NORTH.sqlite", 20);
+  const CommandResult run = Run({"--kind", "wire", "one/North.sqlite", "two/NORTH.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_THAT(run.err, HasSubstr("its sets would take the names of those of one/North.sqlite"));
+}
+
 TEST_F(ExportOnWindows, StoppedByCtrlCLeavesNothingHalfMade) {
   if (GetConsoleCP() == 0) GTEST_SKIP() << "no console here";
   const auto command = StartLong();

@@ -34,7 +34,11 @@ BOOL WINAPI NoteStop(DWORD event) {
 
 }  // namespace
 
-void HandleSignals() { SetConsoleCtrlHandler(NoteStop, TRUE); }
+void HandleSignals() {
+  SetConsoleCtrlHandler(NoteStop, TRUE);
+  // A stick that was pulled is an error to report, not a box that asks for it.
+  SetErrorMode(SEM_FAILCRITICALERRORS);
+}
 
 int StopSignal() noexcept { return stopSignal.load(std::memory_order_relaxed); }
 

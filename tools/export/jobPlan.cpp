@@ -8,6 +8,7 @@
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "tools/export/obstacles.h"
+#include "tools/export/targetKey.h"
 
 namespace kestrin {
 namespace {
@@ -57,7 +58,7 @@ void RefuseSharedTargets(std::vector<JobPlan>& plans) {
   std::map<std::string, const JobPlan*> taken;
   for (JobPlan& plan : plans) {
     if (!plan.obstacle.empty()) continue;
-    const auto [holder, isNew] = taken.emplace(plan.basePath, &plan);
+    const auto [holder, isNew] = taken.emplace(TargetKey(plan.basePath), &plan);
     if (!isNew) {
       plan.obstacle = "its sets would take the names of those of " + holder->second->jobPath;
     }

@@ -5,7 +5,13 @@
 
 namespace kestrin {
 
-bool IsTerminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+// Nothing needs to be set here.
+struct Terminal::State {};
+
+Terminal::Terminal() = default;
+Terminal::~Terminal() = default;
+
+bool Terminal::CanRedraw() const { return isatty(STDERR_FILENO) != 0; }
 
 int TerminalColumns() {
   winsize size{};

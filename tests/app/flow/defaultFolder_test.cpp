@@ -46,6 +46,12 @@ TEST_F(DefaultFolder, AJobInASubfolderDoesNotCount) {
   EXPECT_EQ(Find(), "/opt/kestrin/");
 }
 
+TEST_F(DefaultFolder, LettersCaseDoesNotCountAndWhatStandsBesideAJobIsNone) {
+  window.drives = {{"/media/a", kRemovable, kReady}, {"/media/b", kRemovable, kReady}};
+  window.filesIn = {{"/media/a/", {"._x.sqlite", ".sqlite"}}, {"/media/b/", {"X.SQLite"}}};
+  EXPECT_EQ(Find(), "/media/b/");
+}
+
 TEST_F(DefaultFolder, ARootThatEndsInASeparatorGetsNoSecondOne) {
   window.drives = {{"E:\\", kRemovable, kReady}};
   window.filesIn = {{"E:\\", {"x.sqlite"}}};

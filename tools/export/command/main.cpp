@@ -11,10 +11,11 @@
 int main(int argc, char** argv) {
   using namespace kestrin;
   try {
+    const Terminal terminal;
     ExportOptions options;
     if (const auto code = ParseCommandLine(argc, argv, options)) return *code;
     HandleSignals();
-    Console console(stdout, stderr, !options.quiet && IsTerminal(stderr), !options.quiet);
+    Console console(stdout, stderr, !options.quiet && terminal.CanRedraw(), !options.quiet);
     return RunExports(options, console);
   } catch (const RunCancelled&) {
     std::fputs("kestrin-export: stopped\n", stderr);
