@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "export/fileSystem.h"
-#include "export/nativePath.h"
+#include "export/systemReason.h"
 #include "export/temporaryName.h"
+#include "jobstore/nativePath.h"
 
 namespace kestrin {
 namespace {

@@ -5,9 +5,10 @@
 #include <string_view>
 #include <system_error>
 
+#include "jobstore/immutableUri.h"
+#include "jobstore/jobFile.h"
 #include "jobstore/jobHardening.h"
 #include "jobstore/readOnlyVfs.h"
-#include "jobstore/utf8Path.h"
 
 namespace kestrin {
 namespace fs = std::filesystem;
@@ -15,32 +16,6 @@ namespace {
 
 /// How long a console that is just completing a transaction is waited for.
 constexpr int kBusyMilliseconds = 1000;
-
-/// The library's spelling of a path: UTF-8 everywhere.
-std::string LibraryText(const fs::path& path) {
-  const auto text = path.generic_u8string();
-  return {text.begin(), text.end()};
-}
-
-/// A file URI of an absolute path. Every byte that is not plain is escaped, so '?',
-/// '#' and '%' in a name stay part of it.
-std::string ImmutableUri(const fs::path& path) {
-  constexpr std::string_view kPlain =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/:";
-  constexpr std::string_view kHex = "0123456789ABCDEF";
-  const std::string text = LibraryText(path);
-  // An empty authority, then a path with its root: "C:/..." has none of its own.
-  std::string uri = text.starts_with('/') ? "file://" : "file:///";
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (kPlain.find(c) != std::string_view::npos) {
-      uri += c;
-    } else {
-      uri += {'%', kHex[byte >> 4], kHex[byte & 15]};
-    }
-  }
-  return uri + "?immutable=1";
-}
 
 /// The parts of a database header that decide how it is opened.
 struct Header {
@@ -73,7 +48,7 @@ struct Way {
 Way InPlace(const fs::path& job) { return {.name = LibraryText(job)}; }
 
 Way Immutable(const fs::path& job) {
-  return {.name = ImmutableUri(job), .flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
+  return {.name = ImmutableUri(LibraryText(job)), .flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
 }
 
 /// The exclusive mode is what keeps the log's index in memory; without locks it
@@ -128,16 +103,6 @@ void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
   if (code != SQLITE_OK) opened.database.reset();
 }
 
-/// The file itself, links followed: journal and log lie beside that one. Empty when
-/// there is no regular file (opening a pipe would wait for ever).
-fs::path JobFile(const std::string& path) {
-  std::error_code error;
-  if (path.find('\0') != std::string::npos) return {};
-  fs::path job = fs::canonical(PathOf(path), error);
-  if (error || !fs::is_regular_file(job, error)) return {};
-  return job;
-}
-
 OpenedJob OpenRepaired(const fs::path& job) {
   OpenedJob opened;
   opened.copy = std::make_unique<PrivateCopy>(job);
@@ -164,7 +129,8 @@ OpenedJob OpenAny(const fs::path& job, const Header& header) {
 
 OpenedJob OpenJobFile(const std::string& path) {
   OpenedJob opened;
-  const fs::path job = JobFile(path);
+  // The system would take the path to end at a zero byte.
+  const fs::path job = path.find('\0') == std::string::npos ? JobFile(path) : fs::path();
   if (job.empty()) {
     opened.result = SQLITE_CANTOPEN;
     return opened;

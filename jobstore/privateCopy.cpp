@@ -1,5 +1,6 @@
 #include "jobstore/privateCopy.h"
 
+#include "jobstore/jobFile.h"
 #include "jobstore/privateFolder.h"
 #include "jobstore/superJournal.h"
 
@@ -23,7 +24,7 @@ PrivateCopy::~PrivateCopy() {
 
 void PrivateCopy::Copy(const fs::path& job, const char* suffix) {
   const fs::path copy = Beside(Path(), suffix);
-  if (!fs::copy_file(Beside(job, suffix), copy, error_)) return;
+  if (!CopyTo(Beside(job, suffix), copy, error_)) return;
   // A read-only medium hands its permissions on to the copy.
   fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write, error_);
 }
@@ -32,13 +33,6 @@ fs::path Beside(const fs::path& job, const char* suffix) {
   fs::path path = job;
   path += suffix;
   return path;
-}
-
-std::uintmax_t SizeOf(const fs::path& file) {
-  std::error_code error;
-  if (!fs::is_regular_file(file, error)) return 0;
-  const std::uintmax_t size = fs::file_size(file, error);
-  return error ? 0 : size;
 }
 
 }  // namespace kestrin

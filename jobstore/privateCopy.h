@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -30,8 +29,5 @@ class PrivateCopy {
 /// The path of the file that SQLite keeps beside a database: suffix "-wal",
 /// "-journal".
 std::filesystem::path Beside(const std::filesystem::path& job, const char* suffix);
-
-/// Size in bytes of a regular file; 0 for one that is missing or none.
-std::uintmax_t SizeOf(const std::filesystem::path& file);
 
 }  // namespace kestrin

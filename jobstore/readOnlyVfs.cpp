@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <initializer_list>
+
 namespace kestrin {
 namespace {
 
@@ -48,19 +50,24 @@ struct Registered {
   bool usable = false;
 };
 
-sqlite3_vfs* WithoutLocks() {
-  sqlite3_vfs* vfs = sqlite3_vfs_find("unix-none");
-  return vfs != nullptr ? vfs : sqlite3_vfs_find("win32-none");
+/// The first of these layers that this system has.
+sqlite3_vfs* FirstOf(std::initializer_list<const char*> names) {
+  for (const char* name : names) {
+    if (sqlite3_vfs* vfs = sqlite3_vfs_find(name)) return vfs;
+  }
+  return nullptr;
 }
 
 }  // namespace
 
 const char* ReadOnlyVfs(FileLocks locks) {
+  // The usual layer of Windows cuts paths at 1,040 bytes.
   if (locks == FileLocks::kShared) {
-    static Registered shared(sqlite3_vfs_find(nullptr), "kestrin-job");
+    static Registered shared(FirstOf({"win32-longpath", nullptr}), "kestrin-job");
     return shared.Name();
   }
-  static Registered none(WithoutLocks(), "kestrin-job-unlocked");
+  static Registered none(FirstOf({"unix-none", "win32-longpath-none", "win32-none"}),
+                         "kestrin-job-unlocked");
   return none.Name();
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "jobstore/jobFile.h"
 #include "jobstore/utf8Path.h"
 
 namespace kestrin {
@@ -34,8 +35,8 @@ std::string ReadAt(std::ifstream& file, std::uintmax_t offset, std::size_t size)
 
 void DropSuperJournal(const std::filesystem::path& journal) {
   std::error_code ignored;
-  const std::uintmax_t size = std::filesystem::file_size(journal, ignored);
-  if (ignored || size < kTail + kPageNumber) return;
+  const std::uintmax_t size = SizeOf(journal);
+  if (size < kTail + kPageNumber) return;
   std::ifstream file(journal, std::ios::binary);
   const std::string tail = ReadAt(file, size - kTail, kTail);
   if (tail.size() != kTail || std::string_view(tail).substr(8) != kMark) return;

@@ -8,8 +8,9 @@
 
 #include "export/exportPaths.h"
 #include "export/fileSystem.h"
-#include "export/nativePath.h"
 #include "export/shapefileSet.h"
+#include "export/systemReason.h"
+#include "jobstore/nativePath.h"
 #include "tests/support/tempFolder.h"
 
 /// What only Windows does: files that are in use stay, and long paths need care.
@@ -161,17 +162,6 @@ TEST_F(WindowsFiles, FoldersAndSetsFarBeyond260CharactersAreMade) {
   EXPECT_FALSE(files_->Exists(folder + "set.shp"));
 }
 
-TEST_F(WindowsFiles, APathThatIsLongBehindAFolderFarDownIsMarkedToo) {
-  const std::string deep = folder_ / std::string(100, 'x');
-  files_->MakeFolder(deep);
-  const auto before = std::filesystem::current_path();
-  std::filesystem::current_path(deep);
-  const auto shortPath = NativePath("sets"), longPath = NativePath(std::string(140, 'y'));
-  std::filesystem::current_path(before);
-  EXPECT_EQ(shortPath, L"sets");
-  EXPECT_TRUE(longPath->starts_with(LR"(\\?\)"));
-}
-
 TEST_F(WindowsFiles, LettersOfAnyScriptAreKept) {
   const std::string base = folder_ / "Süd 北 🚜";
   WriteSet(base);
@@ -188,16 +178,6 @@ TEST_F(WindowsFiles, BothSeparatorsAndADrivesRootAreFolders) {
   files_->MakeFolder("C:");
   files_->MakeFolder("C:\\");
   EXPECT_TRUE(files_->Exists("C:\\"));
-}
-
-TEST(NativePath, IsMarkedOnlyWhenLong) {
-  EXPECT_EQ(NativePath("C:\\a/b"), L"C:\\a/b");
-  const std::string name(250, 'x');
-  const std::wstring wide(250, L'x');
-  EXPECT_EQ(NativePath("C:/a/../b/" + name), L"\\\\?\\C:\\b\\" + wide);
-  EXPECT_EQ(NativePath("\\\\server\\share\\" + name), L"\\\\?\\UNC\\server\\share\\" + wide);
-  EXPECT_EQ(NativePath("\\\\?\\C:\\" + name), L"\\\\?\\C:\\" + wide);
-  EXPECT_EQ(NativePath("\xff"), std::nullopt);
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 #undef Yield
 
 #include "jobstore/job.h"
+#include "jobstore/jobFile.h"
 #include "jobstore/queries.h"
+#include "tests/jobstore/jobStates.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -69,17 +71,123 @@ TEST(JobOnAStick, HeldByAnotherProgramAloneIsANegativeHandle) {
   EXPECT_EQ(Epochs(path), 2);
 }
 
-TEST(JobPath, OfAnyScriptAndBeyond260CharactersIsOpened) {
+TEST(JobPath, OfAnyScriptIsOpened) {
   const test::TempFolder folder;
   EXPECT_EQ(Epochs(MakeJob(folder / "Süd Acker 北 🚜.sqlite")), 2);
-  const std::string path = MakeJob(folder / "job.sqlite");
-  std::wstring deep = LR"(\\?\)" + folder.Path().wstring();
-  for (int level = 0; level < 5; ++level) {
-    deep += L'\\' + std::wstring(60, L'x');
-    ASSERT_TRUE(CreateDirectoryW(deep.c_str(), nullptr));
+}
+
+constexpr test::JobState kJobStates[] = {
+    test::JobState::kAtRest,        test::JobState::kJournalKept,
+    test::JobState::kJournalEmpty,  test::JobState::kCutOff,
+    test::JobState::kWriteAhead,    test::JobState::kWriteAheadEmpty,
+    test::JobState::kWriteAheadLog, test::JobState::kWriteAheadIndexed};
+
+/// A folder below `folder` whose path is marked as long and has `levels` more of 60
+/// characters.
+std::wstring DeepFolder(const test::TempFolder& folder, int levels, wchar_t character) {
+  std::wstring deep = LR"(\\?\)" + Wide(folder / "deep");
+  CreateDirectoryW(deep.c_str(), nullptr);
+  for (int level = 0; level < levels; ++level) {
+    deep += L'\\' + std::wstring(60, character);
+    EXPECT_TRUE(CreateDirectoryW(deep.c_str(), nullptr));
   }
-  ASSERT_TRUE(CopyFileW(Wide(path).c_str(), (deep + L"\\job.sqlite").c_str(), TRUE));
-  EXPECT_EQ(Epochs(Utf8Of(deep.substr(4)) + "\\job.sqlite"), 2);
+  return deep;
+}
+
+/// What a job made in `folder` consists of, laid into another one; returns the job there.
+std::wstring LayInto(const std::wstring& to, const std::string& job) {
+  for (const wchar_t* suffix : {L"", L"-journal", L"-wal", L"-shm"}) {
+    CopyFileW((Wide(job) + suffix).c_str(), (to + L"\\job.sqlite" + suffix).c_str(), TRUE);
+  }
+  return to + L"\\job.sqlite";
+}
+
+TEST(JobPath, BeyondTheUsualLimitIsOpenedHoweverTheJobWasLeft) {
+  for (const test::JobState state : kJobStates) {
+    const test::TempFolder folder;
+    const std::wstring job =
+        LayInto(DeepFolder(folder, 5, L'x'), test::MakeJob(folder.Path(), state));
+    EXPECT_EQ(Epochs(Utf8Of(job)), test::kStateEpochs) << static_cast<int>(state);
+    EXPECT_EQ(Epochs(Utf8Of(job.substr(4))), test::kStateEpochs) << static_cast<int>(state);
+  }
+}
+
+TEST(JobPath, BeyondAThousandBytesIsOpened) {
+  const test::TempFolder folder;
+  const std::wstring deep = DeepFolder(folder, 7, L'北');
+  for (const test::JobState state : {test::JobState::kAtRest, test::JobState::kWriteAheadLog}) {
+    const test::TempFolder workshop;
+    const std::wstring job = LayInto(deep, test::MakeJob(workshop.Path(), state));
+    EXPECT_GT(Utf8Of(job).size(), 1040U);
+    EXPECT_EQ(Epochs(Utf8Of(job)), test::kStateEpochs);
+    for (const wchar_t* suffix : {L"", L"-wal"}) DeleteFileW((job + suffix).c_str());
+  }
+}
+
+TEST(JobPath, MarkedAsLongIsOpenedThoughItIsShort) {
+  for (const test::JobState state : kJobStates) {
+    const test::TempFolder folder;
+    const std::string path = test::MakeJob(folder.Path(), state);
+    EXPECT_EQ(Epochs(R"(\\?\)" + WithOwnSeparators(path)), test::kStateEpochs);
+  }
+}
+
+TEST(JobPath, OfAFileIsAbsoluteAndWithoutTheMark) {
+  const test::TempFolder folder;
+  const std::string path = MakeJob(folder / "job.sqlite");
+  const std::string whole = WithOwnSeparators(path);
+  EXPECT_EQ(Utf8Of(JobFile(path)), whole);
+  EXPECT_EQ(Utf8Of(JobFile(R"(\\?\)" + whole)), whole);
+  EXPECT_TRUE(JobFile(Utf8Of(folder.Path())).empty());
+  EXPECT_TRUE(JobFile(folder / "missing").empty());
+  EXPECT_TRUE(JobFile("\xff").empty());
+}
+
+TEST(JobPath, IsHandedToTheLibraryWithSlashesUnlessItIsMarked) {
+  EXPECT_EQ(LibraryText(PathOf(R"(C:\jobs\job)")), "C:/jobs/job");
+  EXPECT_EQ(LibraryText(PathOf(R"(\\NAS\jobs\job)")), "//NAS/jobs/job");
+  EXPECT_EQ(LibraryText(PathOf(R"(\\?\UNC\NAS\jobs\job)")), R"(\\?\UNC\NAS\jobs\job)");
+}
+
+TEST(JobSize, IsThatOfNowWhileAnotherProgramWrites) {
+  const test::TempFolder folder;
+  const std::string path = folder / "job.sqlite-wal";
+  const HANDLE console = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                     CREATE_NEW, 0, nullptr);
+  ASSERT_NE(console, INVALID_HANDLE_VALUE);
+  EXPECT_EQ(SizeOf(PathOf(path)), 0U);
+  DWORD written = 0;
+  EXPECT_TRUE(WriteFile(console, "12345", 5, &written, nullptr));
+  EXPECT_EQ(SizeOf(PathOf(path)), 5U);
+  CloseHandle(console);
+}
+
+TEST(JobSize, IsReadThoughAnotherProgramHasTheFileAlone) {
+  const test::TempFolder folder;
+  const std::string path = MakeJob(folder / "job.sqlite");
+  const std::uintmax_t size = test::FileBytes(path).size();
+  const HANDLE alone = OpenFor(path, GENERIC_READ | GENERIC_WRITE, 0);
+  EXPECT_EQ(SizeOf(PathOf(path)), size);
+  CloseHandle(alone);
+}
+
+TEST(JobSize, OfAFolderOrAMissingFileIsZero) {
+  const test::TempFolder folder;
+  EXPECT_EQ(SizeOf(folder.Path()), 0U);
+  EXPECT_EQ(SizeOf(PathOf(folder / "missing")), 0U);
+}
+
+TEST(JobCopy, NeverReplacesAFileAndTellsOfAFullDisk) {
+  const test::TempFolder folder;
+  const std::string path = MakeJob(folder / "job.sqlite");
+  std::error_code error;
+  EXPECT_FALSE(CopyTo(PathOf(path), PathOf(path), error));
+  EXPECT_TRUE(error);
+  EXPECT_TRUE(CopyTo(PathOf(path), PathOf(folder / "copy"), error));
+  EXPECT_FALSE(error);
+  // What a copy is refused with when there is no room for it.
+  EXPECT_EQ(std::error_code(ERROR_DISK_FULL, std::system_category()),
+            std::errc::no_space_on_device);
 }
 
 TEST(JobPath, OfADeviceIsRefusedInsteadOfWaitedFor) {

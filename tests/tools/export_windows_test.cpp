@@ -2,8 +2,10 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <thread>
 
+#include "jobstore/nativePath.h"
 #include "tests/tools/exportFixture.h"
 
 namespace kestrin {
@@ -51,6 +53,20 @@ TEST_F(ExportOnWindows, ASetOpenInAGisIsNamedAndStays) {
   EXPECT_THAT(run.err, HasSubstr("x_WIRE.dbf"));
   EXPECT_TRUE(HasSet("x_WIRE"));
   EXPECT_TRUE(test::FileBytes(folder_ / "x_WIRE.shp") == before);
+}
+
+TEST_F(ExportOnWindows, JobAndSetsMayLieOnTheNetwork) {
+  const char* share = std::getenv("KESTRIN_SHARE");
+  if (share == nullptr) GTEST_SKIP() << "no share here";
+  const std::string job = std::string(share) + R"(\North.sqlite)";
+  const std::string sets = std::string(share) + R"(\sets)";
+  ASSERT_TRUE(
+      CopyFileW(NativePath(Sample("North.sqlite", 20))->c_str(), NativePath(job)->c_str(), FALSE));
+  const CommandResult run = Run({"--kind", "wire", "--out", sets, job});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  const std::string shapes = sets + R"(\North\2025Jun3\North_2025Jun3_WIRE.shp)";
+  EXPECT_NE(GetFileAttributesW(NativePath(shapes)->c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(ExportOnWindows, PatternsAreExpanded) {

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "export/nativePath.h"
+#include "jobstore/nativePath.h"
 #include "tools/export/targetKey.h"
 
 namespace kestrin {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -14,8 +13,11 @@ namespace kestrin {
 /// UTF-8.
 std::optional<std::wstring> NativePath(const std::string& path);
 
-/// What the system says about one of its error codes, in the user's language, in
-/// UTF-8 and without the end of the sentence.
-std::string ReasonOf(std::uint32_t code);
+/// A path in full, as the system reads it from here; a device's begins with `\\.\`.
+std::wstring AbsolutePath(const std::wstring& path);
+
+/// An absolute path without the mark of a long one, where it means the same file
+/// without it.
+std::wstring UsualPath(const std::wstring& path);
 
 }  // namespace kestrin
