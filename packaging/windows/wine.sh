@@ -12,7 +12,7 @@ unset DISPLAY WAYLAND_DISPLAY
 
 end_wine() {
   WINEPREFIX=$WINEPREFIX wineserver -k 2>/dev/null || true
-  [ -z "${xvfb-}" ] || kill "$window_manager" "$xvfb" 2>/dev/null || true
+  [ -z "${xvfb-}" ] || kill ${window_manager:+"$window_manager"} "$xvfb" 2>/dev/null || true
   rm -f "$steps_log"
 }
 [ -z "${steps_log-}" ] || trap end_wine EXIT
@@ -141,9 +141,12 @@ on_display() {
   if [ -z "${xvfb-}" ]; then
     local number=$work/display
     rm -f "$number"
-    Xvfb -displayfd 8 -screen 0 1024x768x24 8>"$number" >/dev/null 2>&1 &
+    Xvfb -displayfd 8 -screen 0 1024x768x24 8>"$number" >"$work/xvfb" 2>&1 &
     xvfb=$!
-    until [ -s "$number" ]; do sleep 0.1; done
+    until [ -s "$number" ]; do
+      kill -0 "$xvfb" 2>/dev/null || { cat "$work/xvfb"; echo "Failed: Xvfb does not start"; exit 1; } >&2
+      sleep 0.1
+    done
     DISPLAY=:$(cat "$number")
     export DISPLAY
     openbox >/dev/null 2>&1 &
