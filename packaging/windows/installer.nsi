@@ -3,6 +3,7 @@
 ; entry in the list of programs, and a way out again that leaves the user's data.
 Target amd64-unicode
 !include "MUI2.nsh"
+!include "LogicLib.nsh"
 
 Name "Kestrin ${VERSION}"
 OutFile "${OUT}"
@@ -24,7 +25,28 @@ SetCompressor /SOLID lzma
 
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin"
 
+; Asked before anything is touched: Windows does not let go of a program that runs, and
+; half an installation would be left.
+!define RUNNING "Kestrin is running. Close it and try again."
+!macro Leave
+  MessageBox MB_OK|MB_ICONSTOP "${RUNNING}" /SD IDOK
+  SetErrorLevel 2
+  Abort "${RUNNING}"
+!macroend
+!macro LeaveIfRunning PROGRAM
+  ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
+    ClearErrors
+    FileOpen $0 "$INSTDIR\${PROGRAM}" a
+    ${If} ${Errors}
+      !insertmacro Leave
+    ${EndIf}
+    FileClose $0
+  ${EndIf}
+!macroend
+
 Section "Kestrin"
+  !insertmacro LeaveIfRunning "kestrin.exe"
+  !insertmacro LeaveIfRunning "kestrin-export.exe"
   SetOutPath "$INSTDIR"
   File /r "${STAGE}\*"
   WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -39,14 +61,17 @@ Section "Kestrin"
 SectionEnd
 
 Section "Uninstall"
+  !insertmacro LeaveIfRunning "kestrin-export.exe"
+  ClearErrors
+  Delete "$INSTDIR\kestrin.exe"
+  ${If} ${Errors}
+    !insertmacro Leave
+  ${EndIf}
+  ; Only what was installed: TrevaskData beside the program, and whatever else lies
+  ; there, is the user's.
+  !include "${LIST}"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Kestrin.lnk"
   DeleteRegKey HKCU "${UNINSTALL}"
-  ; Only what was installed: TrevaskData beside the program is the user's.
-  Delete "$INSTDIR\*.exe"
-  Delete "$INSTDIR\*.dll"
-  Delete "$INSTDIR\README.txt"
-  RMDir /r "$INSTDIR\platforms"
-  RMDir /r "$INSTDIR\styles"
-  RMDir /r "$INSTDIR\licences"
-  RMDir "$INSTDIR"
 SectionEnd

@@ -111,28 +111,55 @@ compare_sets() {
   diff -rq "$work/here" "$work/there"
 }
 
-# The installer without questions: what it lays out runs, and what the user made stays.
+# The installer without questions: what it lays out runs, a program that runs is not
+# touched, and what the user made or put there stays.
 install_and_remove() {
-  local folder=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Kestrin
+  local folder setup=$PWD/$out/Kestrin-$version-setup.exe
+  local entry='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin'
+  folder=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Kestrin
   rm -rf "$folder"
-  wine_run 120 "$PWD/$out/Kestrin-$version-setup.exe" /S
+  wine_run 120 "$setup" /S
   diff -r "$stage" "$folder" -x uninstall.exe
+
+  (cd "$folder" && WINEPATH='' exec wine kestrin.exe) &
+  local running=$!
+  timeout 60 xdotool search --sync --onlyvisible --name '^Kestrin$'
+  # What an installation would overwrite, and a removal delete.
+  echo changed >"$folder/README.txt"
+  local code=0
+  wine_run 60 "$setup" /S || code=$?
+  [ "$code" = 2 ]
+  code=0
+  # Told its folder, it stays where it is and says how it ended.
+  wine_run 60 "$folder/uninstall.exe" /S "_?=$(windows_path "$folder")" || code=$?
+  [ "$code" = 2 ]
+  [ "$(cat "$folder/README.txt")" = changed ]
+  diff -r "$stage" "$folder" -x uninstall.exe -x TrevaskData -x README.txt
+  wine reg query "$entry"
+  kill "$running"
+  wait "$running" || true
+  wine_run 120 "$setup" /S
+  diff -r "$stage" "$folder" -x uninstall.exe -x TrevaskData
+
   local job
   job=$work/jobs/planter.sqlite
   WINEPATH='' wine_run 60 "$folder/kestrin-export.exe" --quiet --kind wire --out \
     "$(windows_path "$folder/TrevaskData")" "$(windows_path "$job")"
   find "$folder/TrevaskData" -name '*_WIRE.shp' | grep -q .
-  wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin' >/dev/null
+  wine reg query "$entry"
+  touch "$folder/mine.exe" "$folder/platforms/mine.dll"
   # It goes on as a copy of itself and is waited for.
   wine_run 60 "$folder/uninstall.exe" /S
   local i
   for ((i = 0; i < 100; ++i)); do
-    [ -e "$folder/uninstall.exe" ] || break
+    wine reg query "$entry" || break
     sleep 0.2
   done
   find "$folder/TrevaskData" -name '*_WIRE.shp' | grep -q .
+  rm "$folder/mine.exe" "$folder/platforms/mine.dll"
+  rmdir "$folder/platforms"
   [ "$(ls "$folder")" = TrevaskData ]
-  ! wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrin' 2>/dev/null
+  ! wine reg query "$entry"
 }
 
 # on_display COMMAND...: with a screen and a window manager, without which each
