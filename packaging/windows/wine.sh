@@ -75,12 +75,15 @@ prepare_wine() {
   touch "$work/stick/stick.sqlite"
   ln -sfn "$work/stick" "$WINEPREFIX/dosdevices/e:"
   ln -sfn "$work/no-card" "$WINEPREFIX/dosdevices/f:"
+  # A share of a server, which Wine looks for here.
+  mkdir -p "$work/share" "$WINEPREFIX/dosdevices/unc/nas"
+  ln -sfn "$work/share" "$WINEPREFIX/dosdevices/unc/nas/jobs"
 }
 # The offscreen platform has no fonts of its own. Wine hands Qt's settings on under
 # these names.
 export WINEQT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\liberation'
 export WINEQT_FORCE_STDERR_LOGGING=1
-export KESTRIN_STICK=E KESTRIN_EMPTY_READER=F
+export KESTRIN_STICK=E KESTRIN_EMPTY_READER=F KESTRIN_SHARE='\\nas\jobs'
 
 # The maths functions here and there, over millions of arguments.
 compare_maths() {
