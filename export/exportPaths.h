@@ -44,8 +44,8 @@ std::string ExportFolder(std::string_view dataFolder, std::string_view fileSafeN
 /// File name of a job's sets without kind suffix: file-safe name + "_" + date text.
 std::string SetName(std::string_view fileSafeName, std::string_view dateText);
 
-/// Creates every missing folder of a path, from the left; one trailing separator
-/// is ignored. Throws FileError.
+/// Creates every missing folder of a path, from the left; one trailing separator is
+/// ignored, and so are the server and share of a network path. Throws FileError.
 void MakePath(FileSystem& files, std::string_view path, char separator = kSeparator);
 
 }  // namespace kestrin

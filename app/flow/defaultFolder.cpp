@@ -1,19 +1,15 @@
 #include "app/flow/defaultFolder.h"
 
 #include <algorithm>
-#include <string_view>
+
+#include "export/nameKey.h"
 
 namespace kestrin {
 namespace {
 
-char Lower(char letter) { return letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter; }
-
-/// Sticks do not tell the case of letters apart. What begins with a dot is what some
-/// systems leave beside each file, under its name.
-bool IsJobFile(std::string_view name) {
-  if (name.starts_with('.') || name.size() < kJobExtension.size()) return false;
-  const std::string_view extension = name.substr(name.size() - kJobExtension.size());
-  return std::ranges::equal(extension, kJobExtension, {}, Lower);
+/// Letters' case counts where it does in names.
+bool IsJobFile(const std::string& name) {
+  return NameKey(name).ends_with(NameKey(std::string(kJobExtension)));
 }
 
 }  // namespace

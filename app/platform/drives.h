@@ -28,7 +28,8 @@ class Drives {
 };
 
 /// The real drives. `systemRoot` stands before "/proc" and "/sys" where those tell
-/// of them; the mounted volumes' own paths are taken as they are.
+/// of them; the mounted volumes' own paths are taken as they are. On Windows the system
+/// asks the user for no missing medium any more, which is for the whole process.
 std::unique_ptr<Drives> NativeDrives(const std::string& systemRoot = "");
 
 }  // namespace kestrin

@@ -113,6 +113,14 @@ TEST_F(FileDialogs, SavingProposesANameAndAsksNoOverwriteQuestion) {
   EXPECT_EQ(boxes, 0);
 }
 
+TEST_F(FileDialogs, LeaveTheProgramWhereItWas) {
+  const QString before = QDir::currentPath();
+  WhenShown<QFileDialog>(
+      [this](QFileDialog&) { QDir::setCurrent(QString::fromStdString(folder_.Path().string())); });
+  dialogs_.OpenFile({"Select Job", folder_.Path().string(), "Job Files (*.sqlite)|*.sqlite", ""});
+  EXPECT_EQ(QDir::currentPath(), before);
+}
+
 TEST_F(FileDialogs, OpeningTakesAFileThatExists) {
   WhenShown<QFileDialog>([this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Select Job");

@@ -4,7 +4,7 @@ namespace kestrin {
 
 /// Prepares the process for what the system may send it. From now on Ctrl-C and the
 /// requests to end are only noted, once: a second one ends the process at once. A
-/// closed pipe and a file-size limit become ordinary write errors.
+/// closed pipe, a file-size limit and a pulled stick become ordinary errors.
 void HandleSignals();
 
 /// The signal that asked to stop; 0 when none did. Costs next to nothing; any thread.

@@ -5,10 +5,10 @@
 
 #include "export/exportPaths.h"
 #include "export/exportRun.h"
+#include "export/nameKey.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "tools/export/obstacles.h"
-#include "tools/export/targetKey.h"
 
 namespace kestrin {
 namespace {
@@ -58,7 +58,7 @@ void RefuseSharedTargets(std::vector<JobPlan>& plans) {
   std::map<std::string, const JobPlan*> taken;
   for (JobPlan& plan : plans) {
     if (!plan.obstacle.empty()) continue;
-    const auto [holder, isNew] = taken.emplace(TargetKey(plan.basePath), &plan);
+    const auto [holder, isNew] = taken.emplace(NameKey(plan.basePath), &plan);
     if (!isNew) {
       plan.obstacle = "its sets would take the names of those of " + holder->second->jobPath;
     }

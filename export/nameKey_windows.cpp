@@ -1,14 +1,14 @@
 #include <windows.h>
 
+#include "export/nameKey.h"
 #include "jobstore/nativePath.h"
-#include "tools/export/targetKey.h"
 
 namespace kestrin {
 
 // Names that differ in the case of their letters alone are one name here.
-std::string TargetKey(const std::string& path) {
-  const auto wide = NativePath(path);
-  if (!wide || wide->empty()) return path;
+std::string NameKey(const std::string& name) {
+  const auto wide = NativePath(name);
+  if (!wide || wide->empty()) return name;
   const int size = static_cast<int>(wide->size());
   std::wstring upper(wide->size(), L'\0');
   LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, wide->data(), size, upper.data(), size,

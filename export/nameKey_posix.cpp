@@ -1,0 +1,7 @@
+#include "export/nameKey.h"
+
+namespace kestrin {
+
+std::string NameKey(const std::string& name) { return name; }
+
+}  // namespace kestrin
