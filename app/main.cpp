@@ -1,12 +1,12 @@
 #include <QApplication>
 
-#include "app/mainFrm.h"
-#include "app/realSurroundings.h"
+#include "app/window/mainFrm.h"
+#include "app/window/realSurroundings.h"
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  kestrin::RealSurroundings surroundings;
-  kestrin::MainFrm window(surroundings.Get());
+  kestrin::window::RealSurroundings surroundings;
+  kestrin::window::MainFrm window(surroundings.Get());
   window.show();
   return QApplication::exec();
 }

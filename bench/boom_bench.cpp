@@ -9,8 +9,8 @@
 
 #include "bench/floors.h"
 #include "bench/measures.h"
-#include "export/boomExport.h"
-#include "export/boomRecords.h"
+#include "export/boom/boomExport.h"
+#include "export/boom/records.h"
 #include "jobstore/queries.h"
 #include "tools/sample/jobSchema.h"
 
@@ -26,7 +26,7 @@ using bench::ProjectPoints;
 using bench::SecondsOf;
 using bench::SilentHost;
 
-constexpr std::int64_t kPointsPerEpoch = 2 * kSectionSlots;
+constexpr std::int64_t kPointsPerEpoch = 2 * kestrin::jobstore::kSectionSlots;
 
 /// A table filled with `count` rows i = 0, 1, ... of the values given.
 std::string Fill(const std::string& table, std::int64_t count, const std::string& values) {
@@ -41,10 +41,10 @@ void MakeJob(const std::string& path, std::int64_t rows, std::int64_t rates) {
   const std::string perChange = std::to_string(std::max<std::int64_t>(1, rows / kRateChanges));
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(JobSchema());
+  job.Execute(kestrin::sample::JobSchema());
   job.Execute("INSERT INTO ReferenceLocationChangeTable VALUES (1000, 0, 0.79, -1.63, 300)");
   std::string sections;
-  for (int slot = 0; slot < kSectionSlots; ++slot) {
+  for (int slot = 0; slot < kestrin::jobstore::kSectionSlots; ++slot) {
     sections += ", 0.762, " + std::to_string(0.762 * slot) + ", 0, 0";
   }
   job.Execute("INSERT INTO ImplChangeTable VALUES (1000, 0, 'Planter', 1" + sections + ")");
@@ -65,8 +65,8 @@ void BoomExport(benchmark::State& state) {
   const std::int64_t points = state.range(0) * kPointsPerEpoch;
   MakeJob(job, state.range(0), state.range(1));
   SilentHost host;
-  const auto files = NativeFileSystem();
-  ExportRun run{host, *files, {}};
+  const auto files = kestrin::base::NativeFileSystem();
+  kestrin::exports::ExportRun run{host, *files, {}};
   double whole = 0;
   double scan = 0;
   double projection = 0;
@@ -75,11 +75,11 @@ void BoomExport(benchmark::State& state) {
   for (auto iteration : state) {
     bench::ResetPeakMemory();
     const double before = bench::PeakMemory();
-    const double seconds = SecondsOf([&] { ExportBoomShape(base, job, run); });
+    const double seconds = SecondsOf([&] { kestrin::boom::ExportBoomShape(base, job, run); });
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
-    scan += SecondsOf([&] { Database(job).Scan(BoomEpochs::Text(), {5, 6}); });
+    scan += SecondsOf([&] { Database(job).Scan(kestrin::jobstore::BoomEpochs::Text(), {5, 6}); });
     projection += SecondsOf([&] { ProjectPoints(points); });
     bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
   }
@@ -109,19 +109,19 @@ BENCHMARK(BoomExport)
 void TakeUpEarlierRecords(benchmark::State& state) {
   constexpr int kRates = 100;
   for (auto iteration : state) {
-    BoomRecords records;
+    kestrin::boom::Records records;
     records.StartPeriod(0);
     for (std::int64_t epoch = 0; epoch < state.range(0); ++epoch) {
       const auto number = static_cast<double>(epoch);
       if (epoch == 1) records.StartPeriod(1);
       records.Select({static_cast<double>(epoch * 37 % kRates), 0, 0});
-      for (int section = 0; section < kSectionSlots; ++section) {
+      for (int section = 0; section < kestrin::jobstore::kSectionSlots; ++section) {
         records.Lay({number, section + 0.5, number, section + 0.0});
       }
     }
     benchmark::DoNotOptimize(records.Count());
   }
-  state.SetItemsProcessed(state.iterations() * state.range(0) * kSectionSlots);
+  state.SetItemsProcessed(state.iterations() * state.range(0) * kestrin::jobstore::kSectionSlots);
 }
 BENCHMARK(TakeUpEarlierRecords)->RangeMultiplier(10)->Range(1'000, 1'000'000);
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 
 /// What the exports and previews are measured against: the same rows through SQLite
 /// and as many points through PROJ, each by the shortest way there is.
@@ -76,7 +76,7 @@ inline void ProjectPoints(std::int64_t points) {
 }
 
 /// A host that nobody watches; a benchmark whose export has something to say is void.
-class SilentHost : public RunHost {
+class SilentHost : public base::RunHost {
  public:
   void CountRow() override {}
   void Yield() override {}

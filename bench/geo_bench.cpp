@@ -69,7 +69,7 @@ void UtmToGeoPoint(benchmark::State& state) {
   for (auto _ : state) {
     double y = kNorthing;
     double x = kEasting + Metres(++i);
-    benchmark::DoNotOptimize(UtmToGeo(y, x, kZone));
+    benchmark::DoNotOptimize(kestrin::geo::UtmToGeo(y, x, kZone));
     Seen(x, y);
   }
 }
@@ -96,7 +96,7 @@ void GeoToUtmPoint(benchmark::State& state) {
   for (auto _ : state) {
     double y = kLatitude;
     double x = kLongitude + Metres(++i) * 1e-5;
-    benchmark::DoNotOptimize(GeoToUtm(y, x, kZone));
+    benchmark::DoNotOptimize(kestrin::geo::GeoToUtm(y, x, kZone));
     Seen(x, y);
   }
 }
@@ -104,18 +104,19 @@ BENCHMARK(GeoToUtmPoint);
 
 /// The points of a call share its handles: near proj_trans itself.
 void TransformThousandPoints(benchmark::State& state) {
-  const std::int32_t utm = pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
-  const std::int32_t geographic = pjInitPlus("+proj=latlong +datum=NAD83");
+  const std::int32_t utm = kestrin::geo::pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
+  const std::int32_t geographic = kestrin::geo::pjInitPlus("+proj=latlong +datum=NAD83");
   std::array<double, 1000> x;
   std::array<double, 1000> y;
   std::array<double, 1000> z{};
   for (auto _ : state) {
     for (std::size_t i = 0; i < x.size(); ++i) x[i] = kEasting + Metres(i);
     y.fill(kNorthing);
-    benchmark::DoNotOptimize(pjTransform(utm, geographic, 1000, 1, x.data(), y.data(), z.data()));
+    benchmark::DoNotOptimize(
+        kestrin::geo::pjTransform(utm, geographic, 1000, 1, x.data(), y.data(), z.data()));
   }
-  pjFree(geographic);
-  pjFree(utm);
+  kestrin::geo::pjFree(geographic);
+  kestrin::geo::pjFree(utm);
   state.SetItemsProcessed(state.iterations() * 1000);
 }
 BENCHMARK(TransformThousandPoints);
@@ -124,11 +125,12 @@ BENCHMARK(TransformThousandPoints);
 /// point, two handles freed.
 void HandlesOfOneConversion(benchmark::State& state) {
   for (auto _ : state) {
-    const std::int32_t utm = pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
-    const std::int32_t geographic = pjInitPlus("+proj=latlong +datum=NAD83");
-    benchmark::DoNotOptimize(pjTransform(utm, geographic, 0, 1, nullptr, nullptr, nullptr));
-    pjFree(geographic);
-    pjFree(utm);
+    const std::int32_t utm = kestrin::geo::pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
+    const std::int32_t geographic = kestrin::geo::pjInitPlus("+proj=latlong +datum=NAD83");
+    benchmark::DoNotOptimize(
+        kestrin::geo::pjTransform(utm, geographic, 0, 1, nullptr, nullptr, nullptr));
+    kestrin::geo::pjFree(geographic);
+    kestrin::geo::pjFree(utm);
   }
 }
 BENCHMARK(HandlesOfOneConversion);

@@ -31,7 +31,8 @@ class BenchJob {
         ") INSERT INTO GpsDataTable SELECT "
         "1042, n * 100, n * 0.37, n * 0.73, 1.5, 0.1, 0.01, 0.02, 2.3, 8192, "
         "65535 FROM i";
-    for (const std::string& sql : {std::string("PRAGMA synchronous=OFF"), JobSchema(), fill}) {
+    for (const std::string& sql :
+         {std::string("PRAGMA synchronous=OFF"), kestrin::sample::JobSchema(), fill}) {
       sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr);
     }
     sqlite3_close(database);
@@ -54,7 +55,8 @@ void ScanWithLibrary(benchmark::State& state) {
     sqlite3_stmt* statement = nullptr;
     sqlite3_open_v2(job.Path().c_str(), &database, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX,
                     nullptr);
-    sqlite3_prepare_v2(database, std::string(PointEpochs::Text()).c_str(), -1, &statement, nullptr);
+    sqlite3_prepare_v2(database, std::string(kestrin::jobstore::PointEpochs::Text()).c_str(), -1,
+                       &statement, nullptr);
     while (sqlite3_step(statement) == SQLITE_ROW) {
       for (const int column : {0, 1, 9, 10}) {
         benchmark::DoNotOptimize(sqlite3_column_int(statement, column));
@@ -72,9 +74,9 @@ void ScanWithLibrary(benchmark::State& state) {
 void ScanWithQuery(benchmark::State& state) {
   const BenchJob file(state.range(0));
   for ([[maybe_unused]] const auto iteration : state) {
-    Job job(file.Path());
-    Query<PointEpochs> epochs(job);
-    EpochRow row;
+    kestrin::jobstore::Job job(file.Path());
+    kestrin::jobstore::Query<kestrin::jobstore::PointEpochs> epochs(job);
+    kestrin::jobstore::EpochRow row;
     while (epochs.Next(row)) benchmark::DoNotOptimize(row);
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));

@@ -10,8 +10,8 @@
 
 #include "bench/floors.h"
 #include "bench/measures.h"
-#include "export/pointExport.h"
-#include "export/pointTable.h"
+#include "export/point/pointExport.h"
+#include "export/point/table.h"
 #include "geo/localOffsets.h"
 #include "jobstore/queries.h"
 #include "tools/sample/sampleJob.h"
@@ -61,10 +61,10 @@ Cost CostOf(Action action) {
 
 /// Columns that stand for the implement and the products in a query: as many as the
 /// point table has, and never changing.
-std::string OtherColumns(Job& job) {
+std::string OtherColumns(kestrin::jobstore::Job& job) {
   std::string columns;
-  const auto fields = PointFields(CountPointGroups(job));
-  for (std::size_t i = kImplementField; i < fields.size(); ++i) {
+  const auto fields = kestrin::point::FieldsOf(kestrin::point::CountGroups(job));
+  for (std::size_t i = kestrin::point::kImplementField; i < fields.size(); ++i) {
     columns += (fields[i].type == 'C' ? "'Planter16' As " : "0.762 As ") + fields[i].name + ", ";
   }
   return columns;
@@ -72,10 +72,11 @@ std::string OtherColumns(Job& job) {
 
 /// A layer of the same rows about the job's first reference location.
 void DescribeLayer(const std::string& vrt, const std::string& jobPath) {
-  Job job(jobPath);
-  ReferenceRow reference;
-  if (!ReadFirst<References>(job, reference)) throw std::runtime_error("no reference");
-  const WorkingPlane plane(reference);
+  kestrin::jobstore::Job job(jobPath);
+  kestrin::jobstore::ReferenceRow reference;
+  if (!kestrin::jobstore::ReadFirst<kestrin::jobstore::References>(job, reference))
+    throw std::runtime_error("no reference");
+  const kestrin::geo::WorkingPlane plane(reference);
   const std::string easting = std::to_string(plane.Origin().easting);
   const std::string northing = std::to_string(plane.Origin().northing);
   std::ofstream(vrt) << "<OGRVRTDataSource><OGRVRTLayer name='points'><SrcDataSource>" << jobPath
@@ -100,9 +101,9 @@ void MakeWithOgr2ogr(const std::string& vrt, const std::string& shp) {
 
 /// A sample job of 1 or 16 sections.
 void MakeJob(const std::string& path, std::int64_t rows, std::int64_t sections) {
-  SampleOptions options;
+  kestrin::sample::SampleOptions options;
   options.rows = rows;
-  MakeSampleJob(path, options);
+  kestrin::sample::MakeSampleJob(path, options);
   if (sections > 1) return;
   sqlite3* job = nullptr;
   if (sqlite3_open(path.c_str(), &job) != SQLITE_OK ||
@@ -121,8 +122,8 @@ void PointExport(benchmark::State& state) {
   DescribeLayer(folder / "points.vrt", job);
   const bool withOgr2ogr = HasOgr2ogr();
   SilentHost host;
-  const auto files = NativeFileSystem();
-  ExportRun run{host, *files, {}};
+  const auto files = kestrin::base::NativeFileSystem();
+  kestrin::exports::ExportRun run{host, *files, {}};
   Cost whole;
   Cost floors;
   Cost ogr2ogr;
@@ -130,11 +131,11 @@ void PointExport(benchmark::State& state) {
   for (auto iteration : state) {
     bench::ResetPeakMemory();
     const double before = bench::PeakMemory();
-    const Cost cost = CostOf([&] { ExportPointShape(base, job, run); });
+    const Cost cost = CostOf([&] { kestrin::point::ExportPointShape(base, job, run); });
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(cost.seconds);
     whole += cost;
-    floors += CostOf([&] { Database(job).Scan(PointEpochs::Text(), {9, 10}); });
+    floors += CostOf([&] { Database(job).Scan(kestrin::jobstore::PointEpochs::Text(), {9, 10}); });
     floors += CostOf([&] { ProjectPoints(state.range(0)); });
     floors += CostOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
     if (withOgr2ogr) {

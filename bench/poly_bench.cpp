@@ -8,7 +8,7 @@
 
 #include "bench/floors.h"
 #include "bench/measures.h"
-#include "export/polyExport.h"
+#include "export/coverage/coverageExport.h"
 #include "jobstore/queries.h"
 #include "tools/sample/jobSchema.h"
 
@@ -75,7 +75,7 @@ Place Spiral(std::int64_t row) {
 void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int64_t)) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(JobSchema());
+  job.Execute(kestrin::sample::JobSchema());
   job.Execute(
       "BEGIN; INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, "
       "altitude) VALUES (1000, 0, 0.79, -1.63, 300);"
@@ -116,8 +116,8 @@ void PolyExport(benchmark::State& state, Place (*place)(std::int64_t)) {
   const std::string base = folder / "job_POLY";
   MakeJob(job, state.range(0), place);
   SilentHost host;
-  const auto files = NativeFileSystem();
-  ExportRun run{host, *files, {}};
+  const auto files = kestrin::base::NativeFileSystem();
+  kestrin::exports::ExportRun run{host, *files, {}};
   double whole = 0;
   double scan = 0;
   double projection = 0;
@@ -128,13 +128,14 @@ void PolyExport(benchmark::State& state, Place (*place)(std::int64_t)) {
   for (auto iteration : state) {
     bench::ResetPeakMemory();
     const double before = bench::PeakMemory();
-    const double seconds =
-        SecondsOf([&] { wholeCpu += CpuSecondsOf([&] { ExportPolyShape(base, job, run); }); });
+    const double seconds = SecondsOf([&] {
+      wholeCpu += CpuSecondsOf([&] { kestrin::coverage::ExportPolyShape(base, job, run); });
+    });
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
     floorsCpu += CpuSecondsOf([&] {
-      scan += SecondsOf([&] { Database(job).Scan(PolyEpochs::Text(), {5}); });
+      scan += SecondsOf([&] { Database(job).Scan(kestrin::jobstore::PolyEpochs::Text(), {5}); });
       projection += SecondsOf([&] { ProjectPoints(2 * state.range(0)); });
       bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
     });

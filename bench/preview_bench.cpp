@@ -28,10 +28,10 @@ using bench::SecondsOf;
 void MakeJob(const std::string& path, std::int64_t rows) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(JobSchema());
+  job.Execute(kestrin::sample::JobSchema());
   job.Execute("INSERT INTO ReferenceLocationChangeTable VALUES (1000, 0, 0.79, -1.63, 300)");
   std::string sections;
-  for (int slot = 0; slot < kSectionSlots; ++slot) {
+  for (int slot = 0; slot < kestrin::jobstore::kSectionSlots; ++slot) {
     sections += ", 0.762, " + std::to_string(0.762 * slot) + ", 0, 0";
   }
   job.Execute("INSERT INTO ImplChangeTable VALUES (1000, 0, 'Planter', 1" + sections + ")");
@@ -43,7 +43,7 @@ void MakeJob(const std::string& path, std::int64_t rows) {
 }
 
 /// Counts the calls.
-class BlankPicture : public Picture {
+class BlankPicture : public kestrin::preview::Picture {
  public:
   double Width() const override { return 504; }
   double Height() const override { return 504; }
@@ -53,13 +53,17 @@ class BlankPicture : public Picture {
   void SetFillColor(std::uint32_t) override {}
   void RemovePicture() override {}
   void Clear() override {}
-  void Polyline(std::span<const PicturePoint> points) override { Count(points.data()); }
-  void Polygon(std::span<const PicturePoint> points) override { Count(points.data()); }
-  void Line(PicturePoint from, PicturePoint to) override {
+  void Polyline(std::span<const kestrin::preview::PicturePoint> points) override {
+    Count(points.data());
+  }
+  void Polygon(std::span<const kestrin::preview::PicturePoint> points) override {
+    Count(points.data());
+  }
+  void Line(kestrin::preview::PicturePoint from, kestrin::preview::PicturePoint to) override {
     benchmark::DoNotOptimize(to);
     Count(from);
   }
-  void Circle(PicturePoint centre, std::int32_t) override { Count(centre); }
+  void Circle(kestrin::preview::PicturePoint centre, std::int32_t) override { Count(centre); }
   void Refresh() override {}
 
   std::int64_t calls = 0;
@@ -72,7 +76,7 @@ class BlankPicture : public Picture {
   }
 };
 
-class CountingHost : public RunHost {
+class CountingHost : public kestrin::base::RunHost {
  public:
   void CountRow() override { ++rows; }
   void Yield() override {}
@@ -85,31 +89,31 @@ struct KindScan {
   std::string_view text;
   int integerAt;
 };
-constexpr KindScan kScans[]{{PreviewWireEpochs::Text(), 4},
-                            {PreviewBoomEpochs::Text(), -1},
-                            {PreviewPolyEpochs::Text(), 4},
-                            {PreviewPointEpochs::Text(), -1}};
+constexpr KindScan kScans[]{{kestrin::jobstore::PreviewWireEpochs::Text(), 4},
+                            {kestrin::jobstore::PreviewBoomEpochs::Text(), -1},
+                            {kestrin::jobstore::PreviewPolyEpochs::Text(), 4},
+                            {kestrin::jobstore::PreviewPointEpochs::Text(), -1}};
 
 void SelectAndPreview(const std::string& path, int kind, BlankPicture& picture) {
   {
-    Job job(path);
-    CountRow count;
-    KeyRow newest;
-    ReadFirst<EpochCount>(job, count);
-    ReadFirst<NewestEpoch>(job, newest);
+    kestrin::jobstore::Job job(path);
+    kestrin::jobstore::CountRow count;
+    kestrin::jobstore::KeyRow newest;
+    kestrin::jobstore::ReadFirst<kestrin::jobstore::EpochCount>(job, count);
+    kestrin::jobstore::ReadFirst<kestrin::jobstore::NewestEpoch>(job, newest);
     benchmark::DoNotOptimize(newest);
   }
   CountingHost host;
-  PreviewState state;
-  FindPreviewExtent(path, state, picture, host);
-  DrawPreview(kind, state, picture, host);
+  kestrin::preview::PreviewState state;
+  kestrin::preview::FindPreviewExtent(path, state, picture, host);
+  kestrin::preview::DrawPreview(kind, state, picture, host);
 }
 
 void ScanAlone(const std::string& path, const KindScan& scan) {
   Database job(path);
-  job.Scan(EpochCount::Text(), {}, true);
-  job.Scan(NewestEpoch::Text(), {}, true);
-  job.Scan(PreviewBoomEpochs::Text());
+  job.Scan(kestrin::jobstore::EpochCount::Text(), {}, true);
+  job.Scan(kestrin::jobstore::NewestEpoch::Text(), {}, true);
+  job.Scan(kestrin::jobstore::PreviewBoomEpochs::Text());
   job.Scan(scan.text, {scan.integerAt});
 }
 

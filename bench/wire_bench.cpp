@@ -4,7 +4,7 @@
 
 #include "bench/floors.h"
 #include "bench/measures.h"
-#include "export/wireExport.h"
+#include "export/wire/wireExport.h"
 #include "jobstore/queries.h"
 #include "tools/sample/jobSchema.h"
 
@@ -24,7 +24,7 @@ using bench::SilentHost;
 void MakeJob(const std::string& path, std::int64_t rows) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(JobSchema());
+  job.Execute(kestrin::sample::JobSchema());
   job.Execute(
       "INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, altitude) "
       "VALUES (1000, 0, 0.79, -1.63, 300)");
@@ -43,8 +43,8 @@ void WireExport(benchmark::State& state) {
   const std::string base = folder / "job_WIRE";
   MakeJob(job, state.range(0));
   SilentHost host;
-  const auto files = NativeFileSystem();
-  ExportRun run{host, *files, {}};
+  const auto files = kestrin::base::NativeFileSystem();
+  kestrin::exports::ExportRun run{host, *files, {}};
   double whole = 0;
   double scan = 0;
   double projection = 0;
@@ -53,11 +53,11 @@ void WireExport(benchmark::State& state) {
   for (auto iteration : state) {
     bench::ResetPeakMemory();
     const double before = bench::PeakMemory();
-    const double seconds = SecondsOf([&] { ExportWireShape(base, job, run); });
+    const double seconds = SecondsOf([&] { kestrin::wire::ExportWireShape(base, job, run); });
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
-    scan += SecondsOf([&] { Database(job).Scan(WireEpochs::Text(), {4}); });
+    scan += SecondsOf([&] { Database(job).Scan(kestrin::jobstore::WireEpochs::Text(), {4}); });
     projection += SecondsOf([&] { ProjectPoints(state.range(0)); });
     bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
   }

@@ -1,6 +1,7 @@
-# How every target is compiled, and how a folder becomes a library: all sources of
-# a folder belong to it but those named after another system (<name>_windows.cpp beside
-# <name>_posix.cpp), and headers are included from the repository's root.
+# How every target is compiled, and how a folder becomes a library: all sources of a
+# folder and of the rooms named with it belong to it but those named after another system
+# (<name>_windows.cpp beside <name>_posix.cpp), and headers are included from the
+# repository's root.
 
 add_library(kestrin_compile INTERFACE)
 target_include_directories(kestrin_compile INTERFACE ${PROJECT_SOURCE_DIR})
@@ -26,9 +27,14 @@ if(KESTRIN_SANITIZE)
   target_link_options(kestrin_compile INTERFACE -fsanitize=${KESTRIN_SANITIZE})
 endif()
 
-# kestrin_sources(variable): the sources of the current folder for this system.
+# kestrin_sources(variable [room...]): the sources of the current folder, and of rooms in
+# it, for this system.
 function(kestrin_sources variable)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  set(patterns *.cpp *.h)
+  foreach(room ${ARGN})
+    list(APPEND patterns ${room}/*.cpp ${room}/*.h)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   if(WIN32)
     set(other_system posix|linux)
   else()
@@ -38,11 +44,13 @@ function(kestrin_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
-# kestrin_library(name dependency...): the static library of the current folder.
+# kestrin_library(name [ROOMS room...] [NEEDS library...]): the static library of the
+# current folder and its rooms.
 function(kestrin_library name)
-  kestrin_sources(sources)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ROOMS;NEEDS")
+  kestrin_sources(sources ${arg_ROOMS})
   add_library(${name} STATIC ${sources})
-  target_link_libraries(${name} PUBLIC kestrin_compile ${ARGN})
+  target_link_libraries(${name} PUBLIC kestrin_compile ${arg_NEEDS})
 endfunction()
 
 # kestrin_resources(program title [icon]): what Windows reads from a program before it

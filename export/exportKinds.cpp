@@ -1,17 +1,17 @@
 #include "export/exportKinds.h"
 
-#include "export/boomExport.h"
-#include "export/pointExport.h"
-#include "export/polyExport.h"
-#include "export/wireExport.h"
+#include "export/boom/boomExport.h"
+#include "export/coverage/coverageExport.h"
+#include "export/point/pointExport.h"
+#include "export/wire/wireExport.h"
 
-namespace kestrin {
+namespace kestrin::exports {
 
 const std::array<ExportKind, kKindCount> kExportKinds{{
-    {"wire", "_WIRE", ExportWireShape},
-    {"boom", "_BOOM", ExportBoomShape},
-    {"poly", "_POLY", ExportPolyShape},
-    {"point", "_POINT", ExportPointShape},
+    {"wire", "_WIRE", wire::ExportWireShape},
+    {"boom", "_BOOM", boom::ExportBoomShape},
+    {"poly", "_POLY", coverage::ExportPolyShape},
+    {"point", "_POINT", point::ExportPointShape},
 }};
 
-}  // namespace kestrin
+}  // namespace kestrin::exports

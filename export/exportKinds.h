@@ -6,7 +6,7 @@
 
 #include "export/exportRun.h"
 
-namespace kestrin {
+namespace kestrin::exports {
 
 /// One of the four kinds of shapefile sets. Everywhere, also on screen, they come
 /// in this order.
@@ -22,4 +22,4 @@ inline constexpr int kKindCount = 4;
 /// Wire, boom, polygon, point.
 extern const std::array<ExportKind, kKindCount> kExportKinds;
 
-}  // namespace kestrin
+}  // namespace kestrin::exports

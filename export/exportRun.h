@@ -4,17 +4,17 @@
 #include <stdexcept>
 #include <string>
 
-#include "export/fileSystem.h"
-#include "export/shapefileSet.h"
-#include "jobstore/runHost.h"
+#include "base/fileSystem.h"
+#include "base/runHost.h"
+#include "shapefile/shapefileSet.h"
 
-namespace kestrin {
+namespace kestrin::exports {
 
 /// What every export works with besides its two paths.
 struct ExportRun {
-  RunHost& host;
-  FileSystem& files;
-  SetOptions options;
+  base::RunHost& host;
+  base::FileSystem& files;
+  shapefile::SetOptions options;
 };
 
 /// How an export ended. Failures of the job were shown through the host; file
@@ -45,4 +45,4 @@ inline std::string NotPreparedText(std::int32_t result) {
   return "Error creating statement: " + std::to_string(result);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::exports

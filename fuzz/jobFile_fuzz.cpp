@@ -63,38 +63,39 @@ bool WriteBeside(std::string_view& input, std::string_view suffix) {
 }
 
 template <class Q, class... Numbers>
-void Walk(Job& job, const Numbers&... numbers) {
-  Query<Q> query(job, numbers...);
+void Walk(jobstore::Job& job, const Numbers&... numbers) {
+  jobstore::Query<Q> query(job, numbers...);
   typename Q::Row row{};
   for (int rows = 0; rows < kRowsPerQuery && query.Next(row); ++rows) {
   }
 }
 
-void WalkAll(Job& job) {
-  Walk<VersionTableCount>(job);
-  Walk<NewestVersion>(job);
-  Walk<EpochCount>(job);
-  Walk<NewestEpoch>(job);
-  Walk<References>(job);
-  Walk<ReferencesWithAltitude>(job);
-  Walk<Implements>(job);
-  Walk<DesiredRates>(job);
-  Walk<ActualRates>(job);
-  Walk<Products>(job);
-  Walk<BoomStatusMaximum>(job);
-  for (int section = 0; section < kSectionSlots; ++section) Walk<SectionWidthMaximum>(job, section);
-  Walk<DesiredRateMaxima>(job);
-  Walk<ActualRateMaxima>(job);
-  Walk<WireEpochs>(job);
-  Walk<PolyEpochs>(job);
-  Walk<PointEpochs>(job);
-  Walk<BoomEpochs>(job);
-  Walk<BoomEpochs>(job, GpsKey{100, 1});
-  Walk<BoomEpochs>(job, GpsKey{100, 1}, GpsKey{101, 2});
-  Walk<PreviewBoomEpochs>(job);
-  Walk<PreviewWireEpochs>(job);
-  Walk<PreviewPolyEpochs>(job);
-  Walk<PreviewPointEpochs>(job);
+void WalkAll(jobstore::Job& job) {
+  Walk<jobstore::VersionTableCount>(job);
+  Walk<jobstore::NewestVersion>(job);
+  Walk<jobstore::EpochCount>(job);
+  Walk<jobstore::NewestEpoch>(job);
+  Walk<jobstore::References>(job);
+  Walk<jobstore::ReferencesWithAltitude>(job);
+  Walk<jobstore::Implements>(job);
+  Walk<jobstore::DesiredRates>(job);
+  Walk<jobstore::ActualRates>(job);
+  Walk<jobstore::Products>(job);
+  Walk<jobstore::BoomStatusMaximum>(job);
+  for (int section = 0; section < jobstore::kSectionSlots; ++section)
+    Walk<jobstore::SectionWidthMaximum>(job, section);
+  Walk<jobstore::DesiredRateMaxima>(job);
+  Walk<jobstore::ActualRateMaxima>(job);
+  Walk<jobstore::WireEpochs>(job);
+  Walk<jobstore::PolyEpochs>(job);
+  Walk<jobstore::PointEpochs>(job);
+  Walk<jobstore::BoomEpochs>(job);
+  Walk<jobstore::BoomEpochs>(job, jobstore::GpsKey{100, 1});
+  Walk<jobstore::BoomEpochs>(job, jobstore::GpsKey{100, 1}, jobstore::GpsKey{101, 2});
+  Walk<jobstore::PreviewBoomEpochs>(job);
+  Walk<jobstore::PreviewWireEpochs>(job);
+  Walk<jobstore::PreviewPolyEpochs>(job);
+  Walk<jobstore::PreviewPointEpochs>(job);
 }
 
 std::size_t EntriesBesideJob() {
@@ -115,7 +116,7 @@ void Run(std::string_view input) {
   Write(JobPath(), input);
   const std::size_t entries = EntriesBesideJob();
   {
-    Job job(JobPath());
+    jobstore::Job job(JobPath());
     if (job.IsOpen()) WalkAll(job);
   }
   // Whatever the bytes are: nothing comes or goes beside the job.

@@ -43,7 +43,7 @@ sqlite3* MakeDraft(const fs::path& path) {
   }
   // Small pages: the fewer the bytes, the more a change to one of them means.
   Execute(database, "PRAGMA page_size=512; PRAGMA cache_size=3");
-  Execute(database, JobSchema());
+  Execute(database, sample::JobSchema());
   Execute(database, Rows("60"));
   Execute(database,
           "INSERT INTO ReferenceLocationChangeTable VALUES(100, 1, 0.7, -1.5, 9);"

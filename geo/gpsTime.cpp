@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 using std::chrono::days;
@@ -23,7 +23,7 @@ std::int32_t DaysOf(std::int32_t gpsWeek) {
 
 }  // namespace
 
-LocalDateTime LocalTimeOf(GpsKey key, std::int32_t zoneOffset) {
+LocalDateTime LocalTimeOf(jobstore::GpsKey key, std::int32_t zoneOffset) {
   const LocalDateTime time = kWeekZero + days{DaysOf(key.gpsWeek)} +
                              std::chrono::seconds{key.gpsMsec / 1000} +
                              std::chrono::seconds{zoneOffset};
@@ -39,4 +39,4 @@ std::string DateText(LocalDateTime time, const MonthNames& months) {
   return padding + yearText + months[month - 1] + std::to_string(static_cast<unsigned>(date.day()));
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

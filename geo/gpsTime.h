@@ -7,7 +7,7 @@
 
 #include "jobstore/gpsKey.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// A local date and time without zone, to the second.
 using LocalDateTime = std::chrono::local_seconds;
@@ -20,10 +20,10 @@ using MonthNames = std::array<std::string, 12>;
 /// east but is added as seconds: dates in file names have always been made so.
 /// Throws std::overflow_error when the week's days exceed 32 bits, and when the
 /// time lies outside the years 1 to 9999, which no date text could name.
-LocalDateTime LocalTimeOf(GpsKey key, std::int32_t zoneOffset);
+LocalDateTime LocalTimeOf(jobstore::GpsKey key, std::int32_t zoneOffset);
 
 /// Year in four digits, abbreviated month name and day of the month without a
 /// leading zero, run together: "2006Jun15". Of any time that LocalTimeOf gives.
 std::string DateText(LocalDateTime time, const MonthNames& months);
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

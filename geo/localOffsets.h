@@ -7,7 +7,7 @@
 #include "jobstore/changeCursor.h"
 #include "jobstore/queries.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// Metres in the plane of the working UTM zone.
 struct UtmPoint {
@@ -28,7 +28,7 @@ struct GeoPoint {
 /// origin of the local offsets.
 class WorkingPlane {
  public:
-  explicit WorkingPlane(const ReferenceRow& first)
+  explicit WorkingPlane(const jobstore::ReferenceRow& first)
       : zone_(UtmZoneOf(first.latitude, first.longitude)) {
     MoveOrigin(first);
   }
@@ -38,7 +38,7 @@ class WorkingPlane {
 
   /// Takes another reference location as origin. A location that cannot be
   /// projected passes on whatever values the projection left.
-  void MoveOrigin(const ReferenceRow& reference) {
+  void MoveOrigin(const jobstore::ReferenceRow& reference) {
     double northing = reference.latitude;
     double easting = reference.longitude;
     GeoToUtm(northing, easting, zone_);
@@ -75,7 +75,7 @@ class WorkingPlane {
 template <class Q>
 class LocalOffsets {
  public:
-  explicit LocalOffsets(Job& job) : references_(job), plane_(references_.Current()) {}
+  explicit LocalOffsets(jobstore::Job& job) : references_(job), plane_(references_.Current()) {}
 
   bool Prepared() const { return references_.Prepared(); }
   std::int32_t Handle() const { return references_.Handle(); }
@@ -84,19 +84,20 @@ class LocalOffsets {
   /// positions and nothing is exported.
   bool HasReference() const { return references_.HasCurrent(); }
 
-  const ReferenceRow& Reference() const { return references_.Current(); }
+  const jobstore::ReferenceRow& Reference() const { return references_.Current(); }
   const WorkingPlane& Plane() const { return plane_; }
 
   /// Moves on to a GPS row's time, projecting each reference location passed.
-  void AdvanceTo(GpsKey time) {
-    references_.AdvanceTo(time, [this](const ReferenceRow& row) { plane_.MoveOrigin(row); });
+  void AdvanceTo(jobstore::GpsKey time) {
+    references_.AdvanceTo(time,
+                          [this](const jobstore::ReferenceRow& row) { plane_.MoveOrigin(row); });
   }
 
-  UtmPoint At(const EpochRow& epoch) const { return plane_.At(epoch.east, epoch.north); }
+  UtmPoint At(const jobstore::EpochRow& epoch) const { return plane_.At(epoch.east, epoch.north); }
 
  private:
-  ChangeCursor<Q> references_;
+  jobstore::ChangeCursor<Q> references_;
   WorkingPlane plane_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -8,7 +8,7 @@
 
 #include "geo/proj_api.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 constexpr double kRadiansPerDegree = 0.0174532925199433;
@@ -152,4 +152,4 @@ void UtmToGeo(std::span<double> northings, std::span<double> eastings, std::int1
   }
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -7,7 +7,7 @@
 /// NAD83, north and east positive) to UTM metres (GRS80) and back. No datum step
 /// lies between the two.
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// The UTM zone of a position, with the exceptions of southern Norway and
 /// Svalbard. Longitude 180 gives zone 61: there is no wrap-around. A longitude
@@ -28,4 +28,4 @@ int UtmToGeo(double& northing, double& easting, std::int16_t zone);
 /// that fails stays as it was, the others do not mind. Costs less than as many calls.
 void UtmToGeo(std::span<double> northings, std::span<double> eastings, std::int16_t zone);
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -5,7 +5,7 @@
 
 #include "geo/systemMonthNames.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
 MonthNames UserMonthNames() {
   MonthNames names{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -20,4 +20,4 @@ MonthNames UserMonthNames() {
   return names;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

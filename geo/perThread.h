@@ -4,7 +4,7 @@
 #include "geo/threadSlot.h"
 #endif
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// The calling thread's own T: made when first asked for, gone when the thread ends.
 template <class T>
@@ -20,4 +20,4 @@ T& PerThread() {
 #endif
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
@@ -63,4 +63,4 @@ std::optional<CoordinateSystem> ParseDefinition(std::string_view text) {
   return CoordinateSystem{zone};
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// A system of coordinates on NAD83: degrees of its own meridian, or a UTM zone.
 struct CoordinateSystem {
@@ -24,4 +24,4 @@ struct CoordinateSystem {
 /// could move the result, so it is refused, not passed over.
 std::optional<CoordinateSystem> ParseDefinition(std::string_view text);
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

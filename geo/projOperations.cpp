@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 /// The file system that PROJ is shown: one without a file. It would look for its
@@ -58,4 +58,4 @@ PJ* ProjOperations::Make(int zone) {
   return proj_create(context_, definition.c_str());
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -7,7 +7,7 @@
 using PJ = struct PJconsts;
 using PJ_CONTEXT = struct pj_ctx;
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// PROJ's own objects, one for each UTM zone asked for, made once and kept: to make
 /// one costs a hundred times what it costs to convert a point with it. At most 60
@@ -33,4 +33,4 @@ class ProjOperations {
   std::array<PJ*, CoordinateSystem::kZones + 1> operations_{};
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

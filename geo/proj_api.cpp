@@ -12,7 +12,7 @@
 #include "geo/projDefinition.h"
 #include "geo/projOperations.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 constexpr int kGeographic = CoordinateSystem::kGeographic;
@@ -155,4 +155,4 @@ std::int32_t pjTransform(std::int32_t source, std::int32_t destination, std::int
 
 void pjFree(std::int32_t handle) { ThisThread().handles.Free(handle); }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

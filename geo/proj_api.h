@@ -13,7 +13,7 @@
 /// Depends on no PROJ database, no PROJ configuration and no environment variable,
 /// and prints nothing.
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// A handle for a definition text, or 0 when the text cannot be understood. The
 /// caller frees it, once for every time it was given out: equal definitions have
@@ -32,4 +32,4 @@ std::int32_t pjTransform(std::int32_t source, std::int32_t destination, std::int
 /// Gives a handle back; a number that is no handle is passed over.
 void pjFree(std::int32_t handle);
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

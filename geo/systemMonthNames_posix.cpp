@@ -3,7 +3,7 @@
 
 #include "geo/systemMonthNames.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 constexpr nl_item kItems[] = {ABMON_1, ABMON_2, ABMON_3, ABMON_4,  ABMON_5,  ABMON_6,
@@ -22,4 +22,4 @@ MonthNames SystemMonthNames() {
   return names;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

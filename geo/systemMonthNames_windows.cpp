@@ -2,7 +2,7 @@
 
 #include "geo/systemMonthNames.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 std::string NameOf(std::size_t month) {
@@ -25,4 +25,4 @@ MonthNames SystemMonthNames() {
   return names;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

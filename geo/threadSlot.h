@@ -1,6 +1,6 @@
 #pragma once
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// A pointer for each thread, handed to `destroy` when its thread ends, and at the
 /// end of the program at the latest. Windows only.
@@ -20,4 +20,4 @@ class ThreadSlot {
   unsigned long index_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -4,7 +4,7 @@
 
 #include <new>
 
-namespace kestrin {
+namespace kestrin::geo {
 
 ThreadSlot::ThreadSlot(Destroy destroy) : index_(FlsAlloc(destroy)) {
   if (index_ == FLS_OUT_OF_INDEXES) throw std::bad_alloc();
@@ -17,4 +17,4 @@ void* ThreadSlot::Get() const { return FlsGetValue(index_); }
 
 void ThreadSlot::Set(void* value) const { FlsSetValue(index_, value); }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -4,7 +4,7 @@
 
 #include "geo/timeZone.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 std::int32_t MinutesEastAt(std::chrono::sys_days day) {
@@ -27,4 +27,4 @@ std::int32_t TimeZoneOffset() {
   return std::min(MinutesEastAt(year / January / 1), MinutesEastAt(year / July / 1));
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -2,7 +2,7 @@
 
 #include "geo/timeZone.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
 std::int32_t TimeZoneOffset() {
   TIME_ZONE_INFORMATION zone;
@@ -11,4 +11,4 @@ std::int32_t TimeZoneOffset() {
   return -static_cast<std::int32_t>(zone.Bias);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -1,8 +1,8 @@
 #include "geo/weekFirstOffsets.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
-void WeekFirstOffsets::AdvanceTo(GpsKey time) {
+void WeekFirstOffsets::AdvanceTo(jobstore::GpsKey time) {
   if (time.gpsWeek > Reference().time.gpsWeek) {
     while (HasNext() && NextTime().gpsWeek <= time.gpsWeek) TakeNext();
   }
@@ -12,4 +12,4 @@ void WeekFirstOffsets::AdvanceTo(GpsKey time) {
   }
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -6,7 +6,7 @@
 
 #include "geo/localOffsets.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 
 /// Local offsets the way the boom sections follow a job's reference locations:
 /// week by week first, then millisecond by millisecond.
@@ -18,23 +18,23 @@ namespace kestrin {
 class WeekFirstOffsets {
  public:
   /// The reference locations in time order, one at least.
-  explicit WeekFirstOffsets(std::vector<ReferenceRow> references)
+  explicit WeekFirstOffsets(std::vector<jobstore::ReferenceRow> references)
       : references_(std::move(references)), plane_(references_.front()) {}
 
   const WorkingPlane& Plane() const { return plane_; }
-  const ReferenceRow& Reference() const { return references_[current_]; }
+  const jobstore::ReferenceRow& Reference() const { return references_[current_]; }
 
   /// Moves on to an epoch's time, projecting each reference location passed.
-  void AdvanceTo(GpsKey time);
+  void AdvanceTo(jobstore::GpsKey time);
 
  private:
   bool HasNext() const { return current_ + 1 < references_.size(); }
-  GpsKey NextTime() const { return references_[current_ + 1].time; }
+  jobstore::GpsKey NextTime() const { return references_[current_ + 1].time; }
   void TakeNext() { plane_.MoveOrigin(references_[++current_]); }
 
-  std::vector<ReferenceRow> references_;
+  std::vector<jobstore::ReferenceRow> references_;
   std::size_t current_ = 0;
   WorkingPlane plane_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -5,7 +5,7 @@
 #include "jobstore/gpsKey.h"
 #include "jobstore/job.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 /// When the last row of a change table comes into force.
 enum class LastChange {
@@ -61,4 +61,4 @@ class ChangeCursor {
   bool exhausted_ = true;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 /// A text that can be a template argument, made of a string literal.
 template <std::size_t size>
@@ -36,4 +36,4 @@ template <FixedText... parts>
 inline constexpr std::string_view kJoined{kJoinedCharacters<parts...>.data(),
                                           kJoinedCharacters<parts...>.size() - 1};
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

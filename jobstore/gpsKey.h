@@ -3,7 +3,7 @@
 #include <compare>
 #include <cstdint>
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 /// The time key of a job's row: GPS week (counted from 22 August 1999) and
 /// millisecond of that week. Ordered by week, then millisecond. Keys of a table
@@ -15,4 +15,4 @@ struct GpsKey {
   friend auto operator<=>(const GpsKey&, const GpsKey&) = default;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

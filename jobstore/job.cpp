@@ -1,6 +1,6 @@
 #include "jobstore/job.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 void Columns::Text(int column, std::string& text) const {
   const std::int32_t size = library_.linx_getColSize(statement_, column);
@@ -9,4 +9,4 @@ void Columns::Text(int column, std::string& text) const {
   library_.linx_getText(statement_, column, text);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -4,10 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 #include "jobstore/sqliteDefs.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 /// The columns of a query's current row, by position. Lives as long as its query.
 class Columns {
@@ -33,7 +33,7 @@ class Job {
   explicit Job(const std::string& path) : handle_(library_.linx_sqlite3_open(path)) {}
 
   /// The host, which must outlive the job, hears of every long step meanwhile.
-  Job(const std::string& path, RunHost& host) : Job(path) {
+  Job(const std::string& path, base::RunHost& host) : Job(path) {
     library_.CallDuringSteps(handle_, [&host] { host.YieldInsideStep(); });
   }
   ~Job() { library_.linx_sqlite3_close(handle_); }
@@ -105,4 +105,4 @@ bool ReadFirst(Job& job, typename Q::Row& row, const Numbers&... numbers) {
   return query.Next(row);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -1,6 +1,6 @@
 #include "jobstore/queries.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 GpsKey KeyOf(const Columns& columns) { return {columns.Int(0), columns.Int(1)}; }
@@ -180,4 +180,4 @@ void PreviewPointEpochs::Read(const Columns& columns, Row& row) {
   row.east = columns.Double(3);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -14,7 +14,7 @@
 /// takes the columns by position. No SQL and no column number stands anywhere else.
 /// The tables and what their columns mean: docs/job-file.md.
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 inline constexpr int kSectionSlots = 16;
 inline constexpr int kProductSlots = 3;
@@ -327,4 +327,4 @@ struct PreviewPointEpochs {
   static void Read(const Columns& columns, Row& row);
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "jobstore/jobOpening.h"
-#include "jobstore/sqliteHandles.h"
+#include "jobstore/opening/jobOpening.h"
+#include "jobstore/opening/sqliteHandles.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 /// Objects by handle: handle n lies at index n - 1, so none is 0 or negative.
@@ -42,7 +42,7 @@ class HandleTable {
 };
 
 struct Database {
-  OpenedJob job;
+  opening::OpenedJob job;
   explicit operator bool() const { return job.database != nullptr; }
 };
 
@@ -51,18 +51,18 @@ struct Database {
 struct sqliteDefs::Tables {
   // Statements go before the databases they belong to.
   HandleTable<Database> databases;
-  HandleTable<StatementPtr> statements;
+  HandleTable<opening::StatementPtr> statements;
 
-  const OpenedJob* JobOf(std::int32_t handle) {
+  const opening::OpenedJob* JobOf(std::int32_t handle) {
     const Database* database = databases.Find(handle);
     return database != nullptr && *database ? &database->job : nullptr;
   }
   sqlite3* DatabaseOf(std::int32_t handle) {
-    const OpenedJob* job = JobOf(handle);
+    const opening::OpenedJob* job = JobOf(handle);
     return job != nullptr ? job->database.get() : nullptr;
   }
   sqlite3_stmt* StatementOf(std::int32_t handle) {
-    const StatementPtr* statement = statements.Find(handle);
+    const opening::StatementPtr* statement = statements.Find(handle);
     return statement != nullptr ? statement->get() : nullptr;
   }
 };
@@ -72,19 +72,19 @@ sqliteDefs::sqliteDefs() : tables_(std::make_unique<Tables>()) {}
 sqliteDefs::~sqliteDefs() = default;
 
 std::int32_t sqliteDefs::linx_sqlite3_open(const std::string& path) {
-  Database database{OpenJobFile(path)};
+  Database database{opening::OpenJobFile(path)};
   if (!database) return -database.job.result;
   return tables_->databases.Add(std::move(database));
 }
 
 void sqliteDefs::CallDuringSteps(std::int32_t database, std::function<void()> call) {
-  const OpenedJob* job = tables_->JobOf(database);
+  const opening::OpenedJob* job = tables_->JobOf(database);
   if (job != nullptr) job->budget->CallMeanwhile(std::move(call));
 }
 
 std::int32_t sqliteDefs::linx_sqlite3_prepare(std::int32_t database, const std::string& sql,
                                               const std::int32_t& length) {
-  const OpenedJob* job = tables_->JobOf(database);
+  const opening::OpenedJob* job = tables_->JobOf(database);
   if (job == nullptr) return -SQLITE_MISUSE;
   job->budget->Renew();
   const auto size = static_cast<std::int32_t>(
@@ -92,7 +92,7 @@ std::int32_t sqliteDefs::linx_sqlite3_prepare(std::int32_t database, const std::
   sqlite3_stmt* prepared = nullptr;
   const int result = sqlite3_prepare_v3(job->database.get(), sql.c_str(), size,
                                         SQLITE_PREPARE_NO_VTAB, &prepared, nullptr);
-  StatementPtr statement(prepared);
+  opening::StatementPtr statement(prepared);
   if (result != SQLITE_OK) return -result;
   // A text without a statement in it prepares well, to nothing.
   if (statement == nullptr) return -SQLITE_ERROR;
@@ -147,4 +147,4 @@ void sqliteDefs::linx_sqlite3_close(std::int32_t database) {
   tables_->databases.Remove(database);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-namespace kestrin {
+namespace kestrin::jobstore {
 
 /// The operations through which every job file is read, over SQLite 3.
 ///
@@ -68,4 +68,4 @@ class sqliteDefs {
   std::unique_ptr<Tables> tables_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -6,19 +6,19 @@
 #include "preview/drawJob.h"
 #include "preview/previewImplement.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 class BoomPainter {
  public:
-  using Epochs = PreviewBoomEpochs;
+  using Epochs = jobstore::PreviewBoomEpochs;
 
-  BoomPainter(Job& job, const PictureMap& map, Picture& picture)
+  BoomPainter(jobstore::Job& job, const PictureMap& map, Picture& picture)
       : implement_(job), map_(map), picture_(picture) {}
 
   bool Ready() const { return implement_.HasCurrent(); }
 
-  void Add(const EpochRow& epoch, UtmPoint vehicle) {
+  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
     implement_.ForEachSection(vehicle, epoch.yaw, [this](const GroundLine& line) { Draw(line); });
   }
@@ -44,8 +44,8 @@ class BoomPainter {
 
 }  // namespace
 
-void DrawBoomPreview(const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawBoomPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
   DrawJob<BoomPainter>(state, picture, host);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

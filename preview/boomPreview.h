@@ -1,10 +1,10 @@
 #pragma once
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 #include "preview/picture.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// Draws every section of positive width at every epoch as a line across the
 /// vehicle's heading, whether it was switched on or not, and the last one once more
@@ -13,6 +13,6 @@ namespace kestrin {
 /// Clears the picture first and refreshes it at the end. Draws nothing without a
 /// job path; ends silently, with what was drawn, when the job cannot be read.
 /// Counts and yields once per GPS row.
-void DrawBoomPreview(const PreviewState& state, Picture& picture, RunHost& host);
+void DrawBoomPreview(const PreviewState& state, Picture& picture, base::RunHost& host);
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "base/runHost.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
-#include "jobstore/runHost.h"
 #include "preview/picture.h"
 #include "preview/pictureMap.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// The walk that all previews have in common: clears the picture, then hands a
 /// painter every GPS row of the job with the vehicle's position, and refreshes.
@@ -17,20 +17,20 @@ namespace kestrin {
 /// Picture&), and has Ready() (whether what it reads of the job is there),
 /// Add(const EpochRow&, UtmPoint) and Finish().
 template <class Painter>
-void DrawJob(const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawJob(const PreviewState& state, Picture& picture, base::RunHost& host) {
   if (state.jobPath.empty()) return;
   picture.RemovePicture();
   picture.Clear();
   if (!HasArea(picture)) return;
   {
-    Job job(state.jobPath, host);
+    jobstore::Job job(state.jobPath, host);
     if (!job.IsOpen()) return;
-    LocalOffsets<References> offsets(job);
+    geo::LocalOffsets<jobstore::References> offsets(job);
     if (!offsets.HasReference()) return;
     Painter painter(job, PictureMap(state.extent, picture), picture);
-    Query<typename Painter::Epochs> epochs(job);
+    jobstore::Query<typename Painter::Epochs> epochs(job);
     if (!painter.Ready() || !epochs.Prepared()) return;
-    for (EpochRow epoch; epochs.Next(epoch);) {
+    for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
       host.CountRow();
       host.Yield();
       offsets.AdvanceTo(epoch.time);
@@ -41,4 +41,4 @@ void DrawJob(const PreviewState& state, Picture& picture, RunHost& host) {
   picture.Refresh();
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

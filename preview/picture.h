@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// A point of a picture in whole picture units: x to the right, y downwards, the
 /// top left corner at 0, 0.
@@ -49,4 +49,4 @@ class Picture {
   virtual void Refresh() = 0;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace kestrin {
+namespace kestrin::preview {
 
 bool GroundPoint::IsFinite() const { return std::isfinite(x) && std::isfinite(y); }
 
@@ -16,4 +16,4 @@ PictureMap::PictureMap(const PreviewExtent& extent, const Picture& picture)
   top_ = picture.Height() / 2;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -7,7 +7,7 @@
 #include "preview/picture.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// A point or a line of the ground, in metres of the working plane.
 struct GroundPoint {
@@ -70,4 +70,4 @@ class PictureMap {
   double top_ = 0;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -2,20 +2,21 @@
 
 #include "preview/drawJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 constexpr std::int32_t kRadius = 3;
 
 class PointPainter {
  public:
-  using Epochs = PreviewPointEpochs;
+  using Epochs = jobstore::PreviewPointEpochs;
 
-  PointPainter(Job&, const PictureMap& map, Picture& picture) : map_(map), picture_(picture) {}
+  PointPainter(jobstore::Job&, const PictureMap& map, Picture& picture)
+      : map_(map), picture_(picture) {}
 
   bool Ready() const { return true; }
 
-  void Add(const EpochRow&, UtmPoint vehicle) {
+  void Add(const jobstore::EpochRow&, geo::UtmPoint vehicle) {
     const GroundPoint ground{vehicle.easting, vehicle.northing};
     if (!map_.Covers(ground)) return;
     if (const auto point = map_.At(ground)) picture_.Circle(*point, kRadius);
@@ -30,8 +31,8 @@ class PointPainter {
 
 }  // namespace
 
-void DrawPointPreview(const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawPointPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
   DrawJob<PointPainter>(state, picture, host);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -6,7 +6,7 @@
 #include "preview/drawJob.h"
 #include "preview/previewImplement.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 /// The two ends of the swath at an epoch, in the picture.
@@ -19,9 +19,9 @@ struct SwathEnds {
 
 class PolyPainter {
  public:
-  using Epochs = PreviewPolyEpochs;
+  using Epochs = jobstore::PreviewPolyEpochs;
 
-  PolyPainter(Job& job, const PictureMap& map, Picture& picture)
+  PolyPainter(jobstore::Job& job, const PictureMap& map, Picture& picture)
       : implement_(job),
         map_(map),
         picture_(picture),
@@ -30,7 +30,7 @@ class PolyPainter {
 
   bool Ready() const { return implement_.HasCurrent(); }
 
-  void Add(const EpochRow& epoch, UtmPoint vehicle) {
+  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
     const std::optional<SwathEnds> ends = EndsAt(vehicle, epoch.yaw);
     // Without movement to be seen a row counts for nothing, not even as a break.
@@ -48,7 +48,7 @@ class PolyPainter {
   void Finish() {}
 
  private:
-  std::optional<SwathEnds> EndsAt(UtmPoint vehicle, double yaw) const {
+  std::optional<SwathEnds> EndsAt(geo::UtmPoint vehicle, double yaw) const {
     const GroundLine line =
         Heading(yaw).Across({vehicle.easting, vehicle.northing}, implement_.Width());
     const auto a = map_.At(line.from);
@@ -86,8 +86,8 @@ class PolyPainter {
 
 }  // namespace
 
-void DrawPolyPreview(const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawPolyPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
   DrawJob<PolyPainter>(state, picture, host);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 #include "preview/picture.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// Draws the covered swath as filled quadrilaterals between one epoch and the next,
 /// with an outline along both sides and an edge at either end of each run. The
@@ -14,6 +14,6 @@ namespace kestrin {
 /// Clears the picture first and refreshes it at the end. Draws nothing without a
 /// job path; ends silently, with what was drawn, when the job cannot be read.
 /// Counts and yields once per GPS row.
-void DrawPolyPreview(const PreviewState& state, Picture& picture, RunHost& host);
+void DrawPolyPreview(const PreviewState& state, Picture& picture, base::RunHost& host);
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

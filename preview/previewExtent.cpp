@@ -8,7 +8,7 @@
 #include "preview/pictureMap.h"
 #include "preview/previewImplement.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 /// The bounds of the points taken in so far.
@@ -71,16 +71,17 @@ PreviewExtent FitToPicture(PreviewExtent extent, double width, double height) {
   return extent;
 }
 
-Bounds BoundsOf(Job& job, LocalOffsets<References>& offsets, RunHost& host) {
+Bounds BoundsOf(jobstore::Job& job, geo::LocalOffsets<jobstore::References>& offsets,
+                base::RunHost& host) {
   Bounds bounds;
   PreviewImplement implement(job);
-  Query<PreviewBoomEpochs> epochs(job);
-  for (EpochRow epoch; epochs.Next(epoch);) {
+  jobstore::Query<jobstore::PreviewBoomEpochs> epochs(job);
+  for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
     host.CountRow();
     host.Yield();
     offsets.AdvanceTo(epoch.time);
     implement.AdvanceTo(epoch.time);
-    const UtmPoint vehicle = offsets.At(epoch);
+    const geo::UtmPoint vehicle = offsets.At(epoch);
     bounds.Widen({vehicle.easting, vehicle.northing});
     implement.ForEachSection(vehicle, epoch.yaw, [&bounds](const GroundLine& line) {
       bounds.Widen(line.from);
@@ -93,7 +94,7 @@ Bounds BoundsOf(Job& job, LocalOffsets<References>& offsets, RunHost& host) {
 }  // namespace
 
 void FindPreviewExtent(const std::string& jobPath, PreviewState& state, Picture& picture,
-                       RunHost& host) {
+                       base::RunHost& host) {
   if (jobPath.empty()) return;
   // The argument may be the state's own path.
   std::string path = jobPath;
@@ -101,9 +102,9 @@ void FindPreviewExtent(const std::string& jobPath, PreviewState& state, Picture&
   picture.RemovePicture();
   picture.Clear();
 
-  Job job(path, host);
+  jobstore::Job job(path, host);
   if (!job.IsOpen()) return;
-  LocalOffsets<References> offsets(job);
+  geo::LocalOffsets<jobstore::References> offsets(job);
   if (!offsets.HasReference()) return;
   const Bounds bounds = BoundsOf(job, offsets, host);
   if (!bounds.Empty()) {
@@ -114,4 +115,4 @@ void FindPreviewExtent(const std::string& jobPath, PreviewState& state, Picture&
   state.jobPath = std::move(path);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

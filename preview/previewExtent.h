@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 #include "preview/picture.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// Finds the ground that the vehicle and its implement covered and the scale at
 /// which it fits the picture with a margin; draws nothing, but clears the picture.
@@ -17,6 +17,6 @@ namespace kestrin {
 /// empty; a job without GPS rows leaves that extent too but does set the path.
 /// Counts and yields once per GPS row; shows no message.
 void FindPreviewExtent(const std::string& jobPath, PreviewState& state, Picture& picture,
-                       RunHost& host);
+                       base::RunHost& host);
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

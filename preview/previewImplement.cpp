@@ -2,26 +2,26 @@
 
 #include <cmath>
 
-namespace kestrin {
+namespace kestrin::preview {
 
 Heading::Heading(double yaw) : cos_(std::cos(yaw)), sin_(std::sin(yaw)) {}
 
-PreviewImplement::PreviewImplement(Job& job) : cursor_(job) {
+PreviewImplement::PreviewImplement(jobstore::Job& job) : cursor_(job) {
   if (cursor_.HasCurrent()) Take(cursor_.Current());
 }
 
-void PreviewImplement::AdvanceTo(GpsKey time) {
-  cursor_.AdvanceTo(time, [this](const ImplementRow& row) { Take(row); });
+void PreviewImplement::AdvanceTo(jobstore::GpsKey time) {
+  cursor_.AdvanceTo(time, [this](const jobstore::ImplementRow& row) { Take(row); });
 }
 
-void PreviewImplement::Take(const ImplementRow& row) {
+void PreviewImplement::Take(const jobstore::ImplementRow& row) {
   used_ = 0;
   width_ = 0;
-  for (const Section& section : row.sections) {
+  for (const jobstore::Section& section : row.sections) {
     if (!(section.width > 0)) continue;
     sections_[used_++] = section;
     width_ += section.width;
   }
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

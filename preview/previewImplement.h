@@ -9,7 +9,7 @@
 #include "jobstore/queries.h"
 #include "preview/pictureMap.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// A vehicle's heading, turned into the direction across it.
 class Heading {
@@ -34,12 +34,12 @@ class Heading {
 /// later one, the last included, from its own time on.
 class PreviewImplement {
  public:
-  explicit PreviewImplement(Job& job);
+  explicit PreviewImplement(jobstore::Job& job);
 
   /// Whether the job has an implement at all.
   bool HasCurrent() const { return cursor_.HasCurrent(); }
 
-  void AdvanceTo(GpsKey time);
+  void AdvanceTo(jobstore::GpsKey time);
 
   /// Metres: the sum of the positive section widths.
   double Width() const { return width_; }
@@ -47,22 +47,22 @@ class PreviewImplement {
   /// Calls `onLine(line)` for each section of positive width: where it lies at an
   /// epoch. Its offsets are added as stored, not turned with the heading.
   template <class OnLine>
-  void ForEachSection(UtmPoint vehicle, double yaw, OnLine onLine) const {
+  void ForEachSection(geo::UtmPoint vehicle, double yaw, OnLine onLine) const {
     if (used_ == 0) return;
     const Heading heading(yaw);
-    for (const Section& section : std::span(sections_).first(used_)) {
+    for (const jobstore::Section& section : std::span(sections_).first(used_)) {
       onLine(heading.Across({vehicle.easting + section.xOffset, vehicle.northing + section.yOffset},
                             section.width));
     }
   }
 
  private:
-  void Take(const ImplementRow& row);
+  void Take(const jobstore::ImplementRow& row);
 
-  ChangeCursor<Implements> cursor_;
-  std::array<Section, kSectionSlots> sections_{};
+  jobstore::ChangeCursor<jobstore::Implements> cursor_;
+  std::array<jobstore::Section, jobstore::kSectionSlots> sections_{};
   std::size_t used_ = 0;
   double width_ = 0;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

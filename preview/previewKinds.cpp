@@ -8,7 +8,7 @@
 #include "preview/polyPreview.h"
 #include "preview/wirePreview.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 // BGR.
@@ -19,7 +19,7 @@ constexpr std::uint32_t kDarkGreen = 0x2E6E1E;
 struct PreviewKind {
   std::uint32_t foreColor;
   std::uint32_t fillColor;
-  void (*draw)(const PreviewState& state, Picture& picture, RunHost& host);
+  void (*draw)(const PreviewState& state, Picture& picture, base::RunHost& host);
 };
 
 constexpr PreviewKind kPreviewKinds[]{
@@ -31,7 +31,7 @@ constexpr PreviewKind kPreviewKinds[]{
 
 }  // namespace
 
-void DrawPreview(int kind, const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawPreview(int kind, const PreviewState& state, Picture& picture, base::RunHost& host) {
   if (kind < 0 || kind >= static_cast<int>(std::size(kPreviewKinds))) return;
   const PreviewKind& preview = kPreviewKinds[kind];
   picture.SetForeColor(preview.foreColor);
@@ -39,4 +39,4 @@ void DrawPreview(int kind, const PreviewState& state, Picture& picture, RunHost&
   preview.draw(state, picture, host);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// The ground a preview shows, in metres of the working plane: x east, y north.
 struct PreviewExtent {
@@ -24,4 +24,4 @@ struct PreviewState {
   PreviewExtent extent;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -5,18 +5,19 @@
 
 #include "preview/drawJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 class WirePainter {
  public:
-  using Epochs = PreviewWireEpochs;
+  using Epochs = jobstore::PreviewWireEpochs;
 
-  WirePainter(Job&, const PictureMap& map, Picture& picture) : map_(map), picture_(picture) {}
+  WirePainter(jobstore::Job&, const PictureMap& map, Picture& picture)
+      : map_(map), picture_(picture) {}
 
   bool Ready() const { return true; }
 
-  void Add(const EpochRow& epoch, UtmPoint vehicle) {
+  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
     // A row without a place in the picture adds no point but still parts the path.
     if (epoch.BeginsStretch()) Finish();
     if (const auto point = map_.At({vehicle.easting, vehicle.northing})) points_.push_back(*point);
@@ -35,8 +36,8 @@ class WirePainter {
 
 }  // namespace
 
-void DrawWirePreview(const PreviewState& state, Picture& picture, RunHost& host) {
+void DrawWirePreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
   DrawJob<WirePainter>(state, picture, host);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

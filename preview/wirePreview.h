@@ -1,10 +1,10 @@
 #pragma once
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 #include "preview/picture.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 
 /// Draws the driven path: one polyline per stretch. A stretch begins at each row
 /// whose `type` has bit 16384; one of a single point is not drawn. Not clipped to
@@ -13,6 +13,6 @@ namespace kestrin {
 /// Clears the picture first and refreshes it at the end. Draws nothing without a
 /// job path; ends silently, with what was drawn, when the job cannot be read.
 /// Counts and yields once per GPS row.
-void DrawWirePreview(const PreviewState& state, Picture& picture, RunHost& host);
+void DrawWirePreview(const PreviewState& state, Picture& picture, base::RunHost& host);
 
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -4,10 +4,10 @@
 
 #include "export/exportKinds.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
-constexpr std::array<const char*, kKindCount> kProgressCaptions{
+constexpr std::array<const char*, exports::kKindCount> kProgressCaptions{
     "Creating Wire Shape", "Creating Boom Shape", "Creating Poly Shape", "Creating Point Shape"};
 
 }  // namespace
@@ -17,7 +17,7 @@ void ControlRules::SetControlsEnabled(bool enable, bool keepPreview) {
     controls_.SetEnabled({frame}, enable);
   }
   const int selected = controls_.SelectedOption1();
-  for (int i = 0; i < kKindCount; ++i) {
+  for (int i = 0; i < exports::kKindCount; ++i) {
     controls_.SetEnabled({Control::kCommand1, i}, enable);
     if (enable || i != selected) controls_.SetEnabled({Control::kOption1, i}, enable);
   }
@@ -35,7 +35,7 @@ void ControlRules::SetControlsEnabled(bool enable, bool keepPreview) {
 }
 
 void ControlRules::ShowExportProgress(bool show, int kind) {
-  if (show && kind >= 0 && kind < kKindCount) {
+  if (show && kind >= 0 && kind < exports::kKindCount) {
     controls_.SetCaption({Control::kLabel10}, kProgressCaptions[static_cast<std::size_t>(kind)]);
   }
   for (const Control part : {Control::kLabel9, Control::kShape2, Control::kLabel10}) {
@@ -60,4 +60,4 @@ void ControlRules::ShowPreviewProgress(bool show) {
   events_.DoEvents();
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

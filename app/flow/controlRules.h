@@ -4,7 +4,7 @@
 #include "app/flow/ports.h"
 #include "app/flow/windowState.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// Which controls are enabled and which progress indicator shows. All three let
 /// pending events run.
@@ -30,4 +30,4 @@ class ControlRules {
   Progress& progress_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 // In the enumeration's order.
@@ -21,4 +21,4 @@ std::string NameOf(ControlId id) {
   return name;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The window's controls, timers included, by their names.
 enum class Control {
@@ -56,7 +56,7 @@ class Controls {
   virtual void SetCaption(ControlId id, const std::string& caption) = 0;
   virtual std::string Caption(ControlId id) const = 0;
 
-  /// BGR, or kButtonFace (export/commandColours.h).
+  /// BGR, or kButtonFace (app/flow/commandColours.h).
   virtual void SetBackColor(ControlId id, std::uint32_t bgr) = 0;
 
   /// In the units the window lays out in, whatever they are.
@@ -70,4 +70,4 @@ class Controls {
   virtual void SelectOption1(int index) = 0;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,25 +2,26 @@
 
 #include <algorithm>
 
-#include "export/nameKey.h"
+#include "base/nameKey.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 /// Letters' case counts where it does in names.
 bool IsJobFile(const std::string& name) {
-  return NameKey(name).ends_with(NameKey(std::string(kJobExtension)));
+  return base::NameKey(name).ends_with(base::NameKey(std::string(exports::kJobExtension)));
 }
 
 }  // namespace
 
-std::string DefaultJobFolder(const std::string& applicationFolder, Drives& drives, char separator) {
-  for (const Drive& drive : drives.List()) {
+std::string DefaultJobFolder(const std::string& applicationFolder, platform::Drives& drives,
+                             char separator) {
+  for (const platform::Drive& drive : drives.List()) {
     if (!drive.removable || !drive.ready) continue;
-    std::string root = WithSeparator(drive.root, separator);
+    std::string root = base::WithSeparator(drive.root, separator);
     if (std::ranges::any_of(drives.FilesIn(root), IsJobFile)) return root;
   }
   return applicationFolder;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

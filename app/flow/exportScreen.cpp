@@ -2,7 +2,7 @@
 
 #include "app/flow/warnings.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 void ExportScreen::SetControlsEnabled(bool enable, bool keepPreview) {
   rules_.SetControlsEnabled(enable, keepPreview);
@@ -54,4 +54,4 @@ void ExportScreen::ShowWarning(const std::string& text) {
 
 std::string ExportScreen::DocumentsFolder() { return ports_.dialogs.DocumentsFolder(); }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

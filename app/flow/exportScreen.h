@@ -2,11 +2,11 @@
 
 #include <string>
 
+#include "app/flow/commandScreen.h"
 #include "app/flow/controlRules.h"
 #include "app/flow/ports.h"
-#include "export/commandScreen.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The export commands' view of the window, over its controls and dialogs.
 class ExportScreen final : public CommandScreen {
@@ -33,4 +33,4 @@ class ExportScreen final : public CommandScreen {
   Ports ports_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -8,10 +8,10 @@
 #include <limits>
 #include <string>
 
-#include "export/exportPaths.h"
-#include "jobstore/blanks.h"
+#include "base/text.h"
+#include "export/setNames.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -23,7 +23,7 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 /// A number as people write it, blanks around it and a sign included, to the nearest
 /// whole one.
 std::int32_t NumberOf(std::string_view text) {
-  text = TrimmedBlanks(text);
+  text = base::TrimmedBlanks(text);
   if (text.starts_with('+')) text.remove_prefix(1);
   double number = 0;
   const char* end = text.data() + text.size();
@@ -47,7 +47,8 @@ struct FormatNumbers {
 
 /// `dash` is where the text's "-" stands.
 FormatNumbers NumbersOf(std::string_view version, std::size_t dash) {
-  return {NumberOf(Without(version.substr(0, dash), ".")), NumberOf(version.substr(dash + 1))};
+  return {NumberOf(base::Without(version.substr(0, dash), ".")),
+          NumberOf(version.substr(dash + 1))};
 }
 
 }  // namespace
@@ -63,4 +64,4 @@ FormatAge CompareFormat(std::string_view jobVersion) {
   return NumbersOf(jobVersion, dash) > own ? FormatAge::kNewer : FormatAge::kCompatible;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

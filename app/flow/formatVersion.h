@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string_view>
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The job format this program was made for.
 inline constexpr std::string_view kOwnFormat = "3.2.8-1";
@@ -23,4 +23,4 @@ class FormatNumberError : public std::runtime_error {
 /// Blanks around the text must be gone. Throws FormatNumberError.
 FormatAge CompareFormat(std::string_view jobVersion);
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

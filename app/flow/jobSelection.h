@@ -6,10 +6,10 @@
 #include "app/flow/ports.h"
 #include "app/flow/programVersion.h"
 #include "app/flow/windowState.h"
+#include "base/runHost.h"
 #include "jobstore/job.h"
-#include "jobstore/runHost.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The command behind "SELECT", the only way a job becomes current: asks for the
 /// file, warns about its format, fills the window's state, draws its preview and
@@ -19,9 +19,9 @@ namespace kestrin {
 /// message; what was done stays done. RunCancelled passes through untouched.
 class JobSelection {
  public:
-  JobSelection(WindowState& state, const Ports& ports, ControlRules& rules, RunHost& host,
+  JobSelection(WindowState& state, const Ports& ports, ControlRules& rules, base::RunHost& host,
                const ProgramVersion& version, const ExportCommands::Kinds& kinds,
-               char separator = kSeparator)
+               char separator = base::kSeparator)
       : state_(state),
         ports_(ports),
         rules_(rules),
@@ -39,9 +39,9 @@ class JobSelection {
   void Select();
   void TakeNames(const std::string& path);
   bool ReadJob(const std::string& path);
-  void CheckFormat(Job& job);
-  void CountRows(Job& job);
-  void TakeLastTime(Job& job);
+  void CheckFormat(jobstore::Job& job);
+  void CountRows(jobstore::Job& job);
+  void TakeLastTime(jobstore::Job& job);
   void ShowPreview(const std::string& path);
   void TestShapes();
   void Finish();
@@ -49,10 +49,10 @@ class JobSelection {
   WindowState& state_;
   Ports ports_;
   ControlRules& rules_;
-  RunHost& host_;
+  base::RunHost& host_;
   ProgramVersion version_;
   const ExportCommands::Kinds& kinds_;
   char separator_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

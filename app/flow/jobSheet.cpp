@@ -3,23 +3,23 @@
 #include <chrono>
 #include <exception>
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 template <class Step>
 void Try(Step step) {
   try {
     step();
-  } catch (const RunCancelled&) {
+  } catch (const base::RunCancelled&) {
     throw;
   } catch (const std::exception&) {
     // A sheet is printed with what can be had.
   }
 }
 
-std::chrono::year_month_day DateOf(LocalDateTime time) {
+std::chrono::year_month_day DateOf(geo::LocalDateTime time) {
   return std::chrono::year_month_day(std::chrono::floor<std::chrono::days>(time));
 }
 
@@ -37,4 +37,4 @@ void PrintJobSheet(const WindowState& state, const Ports& ports) {
   Try([&] { sheet.Unload(); });
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

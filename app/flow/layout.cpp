@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 constexpr float kSmallestScreenWidth = 800;
@@ -54,4 +54,4 @@ Layout LayOut(const LayoutInput& in) {
   return out;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

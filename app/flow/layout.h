@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The client area up to which everything shows without scroll bars, in pixels.
 inline constexpr int kDesignWidth = 792;
@@ -59,4 +59,4 @@ struct Layout {
 /// the width and the horizontal one to the height: the window has always done so.
 Layout LayOut(const LayoutInput& input);
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -1,11 +1,11 @@
 #include "app/flow/mainFlow.h"
 
+#include "app/flow/commandColours.h"
 #include "app/flow/jobSheet.h"
 #include "app/flow/progressBar.h"
 #include "app/flow/startUp.h"
-#include "export/commandColours.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
                    const ExportCommands::Kinds& kinds)
@@ -42,4 +42,4 @@ void MainFlow::Timer2_Timer() {
   ports_.controls.SetBackColor({Control::kCommand2}, kButtonFace);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

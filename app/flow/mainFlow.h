@@ -1,15 +1,15 @@
 #pragma once
 
 #include "app/flow/controlRules.h"
+#include "app/flow/exportCommands.h"
 #include "app/flow/exportScreen.h"
 #include "app/flow/jobSelection.h"
 #include "app/flow/ports.h"
 #include "app/flow/programVersion.h"
 #include "app/flow/windowHost.h"
 #include "app/flow/windowState.h"
-#include "export/commands.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The window's procedures and the state they share, without the window: each of
 /// its controls' events calls the procedure of that name. RunCancelled leaves a
@@ -53,4 +53,4 @@ class MainFlow {
   JobSelection selection_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

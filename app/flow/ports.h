@@ -4,14 +4,14 @@
 #include <optional>
 #include <string>
 
+#include "app/flow/commandScreen.h"
 #include "app/flow/controls.h"
 #include "app/platform/drives.h"
-#include "export/commandScreen.h"
-#include "export/fileSystem.h"
+#include "base/fileSystem.h"
 #include "geo/gpsTime.h"
 #include "preview/picture.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// Message boxes and file dialogs. Paths go in and out with the platform's own
 /// separator. A box without a title bears the program's own.
@@ -54,7 +54,7 @@ class DateStyle {
  public:
   virtual ~DateStyle() = default;
 
-  virtual MonthNames AbbreviatedMonths() = 0;
+  virtual geo::MonthNames AbbreviatedMonths() = 0;
   virtual std::string ShortDate(std::chrono::year_month_day date) = 0;
 };
 
@@ -80,11 +80,11 @@ struct Ports {
   Controls& controls;
   Dialogs& dialogs;
   Events& events;
-  Picture& picture;
-  FileSystem& files;
-  Drives& drives;
+  preview::Picture& picture;
+  base::FileSystem& files;
+  platform::Drives& drives;
   DateStyle& dates;
   JobSheet& sheet;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

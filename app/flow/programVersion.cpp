@@ -1,6 +1,6 @@
 #include "app/flow/programVersion.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 std::string VersionText(const ProgramVersion& version) {
   return std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
@@ -11,4 +11,4 @@ std::string VersionCaption(const ProgramVersion& version) {
   return "Kestrin Version  " + VersionText(version);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The program's own version.
 struct ProgramVersion {
@@ -17,4 +17,4 @@ std::string VersionText(const ProgramVersion& version);
 /// The version label: "Kestrin Version  1.0.0".
 std::string VersionCaption(const ProgramVersion& version);
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace kestrin {
+namespace kestrin::flow {
 
 double ProgressBarWidth(double trackWidth, const Progress& progress) {
   const double passes = progress.twoPass ? 2 : 1;
@@ -16,4 +16,4 @@ void TickProgressBar(ControlId track, ControlId bar, const Progress& progress, c
   ports.events.DoEvents();
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

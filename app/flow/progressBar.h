@@ -4,7 +4,7 @@
 #include "app/flow/ports.h"
 #include "app/flow/windowState.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// How much of a bar's track is filled: the track's width, as a whole number, times
 /// the share of the rows done; two passes share one bar. The total must be above 0.
@@ -14,4 +14,4 @@ double ProgressBarWidth(double trackWidth, const Progress& progress);
 /// bar stays as it is.
 void TickProgressBar(ControlId track, ControlId bar, const Progress& progress, const Ports& ports);
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,22 +2,22 @@
 
 #include "export/exportKinds.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
-void EnterApplicationFolder(WindowState& state, FileSystem& files, const std::string& folder,
+void EnterApplicationFolder(WindowState& state, base::FileSystem& files, const std::string& folder,
                             char separator) {
-  state.applicationFolder = WithSeparator(folder, separator);
-  const std::string data = state.applicationFolder + std::string(kDataFolderName);
-  state.dataFolder = WithSeparator(data, separator);
+  state.applicationFolder = base::WithSeparator(folder, separator);
+  const std::string data = state.applicationFolder + std::string(exports::kDataFolderName);
+  state.dataFolder = base::WithSeparator(data, separator);
   try {
     files.MakeFolder(data);
-  } catch (const FileError&) {
+  } catch (const base::FileError&) {
     // Installed where nobody may write.
   }
 }
 
 void ClearShapeLabels(Controls& controls) {
-  for (int i = 0; i < kKindCount; ++i) controls.SetCaption({Control::kLabel1, i}, "");
+  for (int i = 0; i < exports::kKindCount; ++i) controls.SetCaption({Control::kLabel1, i}, "");
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

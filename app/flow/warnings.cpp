@@ -1,6 +1,6 @@
 #include "app/flow/warnings.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 constexpr const char* kLineBreak = "\r\n";
@@ -19,4 +19,4 @@ std::string NewerJobWarning(const ProgramVersion& program, const std::string& jo
          kWebSite + " to download the latest version of Kestrin.";
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

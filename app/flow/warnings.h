@@ -4,7 +4,7 @@
 
 #include "app/flow/programVersion.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The title of every warning.
 inline constexpr const char* kWarningTitle = "Kestrin Warning";
@@ -16,4 +16,4 @@ std::string UnknownFormatWarning(const std::string& jobVersion);
 /// Says that a job is newer than this program can know.
 std::string NewerJobWarning(const ProgramVersion& program, const std::string& jobVersion);
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -2,12 +2,12 @@
 
 #include "app/flow/ports.h"
 #include "app/flow/windowState.h"
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// The window as exports and previews see it.
-class WindowHost final : public RunHost {
+class WindowHost final : public base::RunHost {
  public:
   WindowHost(Progress& progress, Events& events, Dialogs& dialogs)
       : progress_(progress), events_(events), dialogs_(dialogs) {}
@@ -23,4 +23,4 @@ class WindowHost final : public RunHost {
   Dialogs& dialogs_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

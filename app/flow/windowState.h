@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "export/commands.h"
+#include "app/flow/exportCommands.h"
 #include "geo/gpsTime.h"
 #include "preview/previewState.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 
 /// How far the walk over a job's rows has come; drives the progress bars.
 struct Progress {
@@ -19,21 +19,21 @@ struct Progress {
 };
 
 /// The date that stands for none: 30 December 1899.
-inline constexpr LocalDateTime kZeroDate{std::chrono::local_days{
+inline constexpr geo::LocalDateTime kZeroDate{std::chrono::local_days{
     std::chrono::year{1899} / std::chrono::December / std::chrono::day{30}}};
 
 /// All that the window knows while the program runs; nothing of it is saved.
 /// Folders end in a separator. The extension of jobs and the suffixes of the kinds
-/// are constants (export/exportPaths.h, export/exportKinds.h).
+/// are constants (export/setNames.h, export/exportKinds.h).
 struct WindowState {
   std::string applicationFolder;
   std::string dataFolder;
   ExportState job;
   /// The current job path and what its preview shows. The path is empty while no
   /// job is loaded.
-  PreviewState preview;
+  preview::PreviewState preview;
   /// Local date and time of the job's latest GPS row.
-  LocalDateTime lastGpsTime = kZeroDate;
+  geo::LocalDateTime lastGpsTime = kZeroDate;
   Progress progress;
   /// Minutes east of Greenwich by the plain zone, daylight saving ignored.
   std::int32_t timeZoneOffset = 0;
@@ -41,4 +41,4 @@ struct WindowState {
   std::int16_t screenHeight = 0;  ///< pixels
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace kestrin {
+namespace kestrin::platform {
 
 /// A drive of the system, or what stands for one: a mounted volume.
 struct Drive {
@@ -32,4 +32,4 @@ class Drives {
 /// asks the user for no missing medium any more, which is for the whole process.
 std::unique_ptr<Drives> NativeDrives(const std::string& systemRoot = "");
 
-}  // namespace kestrin
+}  // namespace kestrin::platform

@@ -8,7 +8,7 @@
 
 #include "app/platform/drives.h"
 
-namespace kestrin {
+namespace kestrin::platform {
 namespace {
 
 namespace fs = std::filesystem;
@@ -113,4 +113,4 @@ std::unique_ptr<Drives> NativeDrives(const std::string& systemRoot) {
   return std::make_unique<LinuxDrives>(systemRoot);
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::platform

@@ -5,7 +5,7 @@
 
 #include "app/platform/drives.h"
 
-namespace kestrin {
+namespace kestrin::platform {
 namespace {
 
 namespace fs = std::filesystem;
@@ -60,4 +60,4 @@ std::unique_ptr<Drives> NativeDrives(const std::string&) {
   return std::make_unique<WindowsDrives>();
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::platform

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace kestrin {
+namespace kestrin::platform {
 
 /// The hook in the window's procedure that decides how the window's scroll bars
 /// are painted, from start-up until the window is about to close.
@@ -31,4 +31,4 @@ class ScrollBar {
   bool hooked_ = false;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::platform

@@ -2,7 +2,7 @@
 
 #include "app/platform/scrollBarHook.h"
 
-namespace kestrin {
+namespace kestrin::platform {
 namespace {
 
 constexpr UINT kColourOfScrollBar = 0x0137;
@@ -51,4 +51,4 @@ void ScrollBar::Unhook() {
   hooked_ = false;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::platform

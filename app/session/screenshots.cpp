@@ -10,7 +10,7 @@
 
 #include "app/session/session.h"
 
-namespace kestrin {
+namespace kestrin::session {
 
 namespace {
 
@@ -23,12 +23,12 @@ void Settle() {
 }
 
 /// The window with the desktop's border, as it is on screen.
-void Shoot(MainFrm& window, const std::string& folder, const std::string& name) {
+void Shoot(window::MainFrm& window, const std::string& folder, const std::string& name) {
   const QRect frame = window.frameGeometry();
   QPixmap picture =
       window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
   if (picture.isNull()) picture = window.grab();
-  const std::string path = WithSeparator(folder) + name + ".png";
+  const std::string path = base::WithSeparator(folder) + name + ".png";
   if (!picture.save(QString::fromStdString(path))) {
     std::fprintf(stderr, "%s: cannot be written\n", path.c_str());
   }
@@ -82,7 +82,7 @@ int RunScreenshots(const std::string& job, const std::string& scratch, const std
   return 0;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::session
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
@@ -90,5 +90,5 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: kestrin-screenshots JOB SCRATCH-FOLDER PICTURE-FOLDER VARIANT\n");
     return 2;
   }
-  return kestrin::RunScreenshots(argv[1], argv[2], argv[3], argv[4]);
+  return kestrin::session::RunScreenshots(argv[1], argv[2], argv[3], argv[4]);
 }

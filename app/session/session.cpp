@@ -6,12 +6,14 @@
 #include <QTimer>
 #include <cstdio>
 
-namespace kestrin {
+#include "base/text.h"
 
-std::optional<std::string> SessionDialogs::OpenFile(const FileRequest&) { return job_; }
+namespace kestrin::session {
 
-std::optional<std::string> SessionDialogs::SaveFile(const FileRequest& request) {
-  return WithSeparator(request.folder) + request.fileName;
+std::optional<std::string> SessionDialogs::OpenFile(const flow::FileRequest&) { return job_; }
+
+std::optional<std::string> SessionDialogs::SaveFile(const flow::FileRequest& request) {
+  return base::WithSeparator(request.folder) + request.fileName;
 }
 
 void SessionDialogs::ShowMessage(const std::string& text) {
@@ -19,16 +21,16 @@ void SessionDialogs::ShowMessage(const std::string& text) {
 }
 
 void SessionDialogs::ShowWarning(const std::string& title, const std::string& text) {
-  std::fprintf(stderr, "%s: %s\n", title.c_str(), Without(text, "\r").c_str());
+  std::fprintf(stderr, "%s: %s\n", title.c_str(), base::Without(text, "\r").c_str());
 }
 
 bool SessionDialogs::AskYesNo(const std::string&) { return true; }
 
 Session::Session(const std::string& job, const std::string& folder) : dialogs_(job) {
-  Surroundings around = surroundings_.Get();
+  window::Surroundings around = surroundings_.Get();
   around.applicationFolder = folder;
   around.dialogs = &dialogs_;
-  window_ = std::make_unique<MainFrm>(around);
+  window_ = std::make_unique<window::MainFrm>(around);
   window_->show();
   QApplication::processEvents();
 }
@@ -51,7 +53,8 @@ bool Session::CreateAll(const std::function<void()>& watch) {
   timer.start(kOften);
   Press("Command2");
   bool all = true;
-  for (int kind = 0; kind < kKindCount; ++kind) all = all && Label(kind) == "Shape File Created";
+  for (int kind = 0; kind < exports::kKindCount; ++kind)
+    all = all && Label(kind) == "Shape File Created";
   return all;
 }
 
@@ -59,4 +62,4 @@ QString Session::Label(int kind) const {
   return window_->findChild<QLabel*>(QString("Label1_%1").arg(kind))->text();
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::session

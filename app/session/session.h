@@ -5,19 +5,19 @@
 #include <memory>
 #include <string>
 
-#include "app/mainFrm.h"
-#include "app/realSurroundings.h"
+#include "app/window/mainFrm.h"
+#include "app/window/realSurroundings.h"
 
-namespace kestrin {
+namespace kestrin::session {
 
 /// File dialogs answered without a user: one job to open, and every set saved under
 /// the name proposed. What boxes say goes to the terminal.
-class SessionDialogs final : public Dialogs {
+class SessionDialogs final : public flow::Dialogs {
  public:
   explicit SessionDialogs(std::string job) : job_(std::move(job)) {}
 
-  std::optional<std::string> OpenFile(const FileRequest& request) override;
-  std::optional<std::string> SaveFile(const FileRequest& request) override;
+  std::optional<std::string> OpenFile(const flow::FileRequest& request) override;
+  std::optional<std::string> SaveFile(const flow::FileRequest& request) override;
   void ShowMessage(const std::string& text) override;
   void ShowWarning(const std::string& title, const std::string& text) override;
   bool AskYesNo(const std::string& text) override;
@@ -33,8 +33,8 @@ class Session {
   /// The data folder is made in `folder`. Needs the application object.
   Session(const std::string& job, const std::string& folder);
 
-  MainFrm& Window() { return *window_; }
-  const WindowEvents& EventLoop() const { return window_->EventLoop(); }
+  window::MainFrm& Window() { return *window_; }
+  const window::WindowEvents& EventLoop() const { return window_->EventLoop(); }
 
   /// Presses SELECT; false when no job is loaded afterwards.
   bool Select();
@@ -49,8 +49,8 @@ class Session {
   void Press(const QString& button);
 
   SessionDialogs dialogs_;
-  RealSurroundings surroundings_;
-  std::unique_ptr<MainFrm> window_;
+  window::RealSurroundings surroundings_;
+  std::unique_ptr<window::MainFrm> window_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::session

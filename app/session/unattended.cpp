@@ -11,14 +11,14 @@
 namespace {
 
 int Run(const std::string& job, const std::string& folder) {
-  kestrin::Session session(job, folder);
+  kestrin::session::Session session(job, folder);
   if (!session.Select()) {
     std::fprintf(stderr, "%s: not a job that can be shown\n", job.c_str());
     return 1;
   }
-  for (int kind = kestrin::kKindCount - 1; kind >= 0; --kind) session.Preview(kind);
+  for (int kind = kestrin::exports::kKindCount - 1; kind >= 0; --kind) session.Preview(kind);
   const bool all = session.CreateAll();
-  const std::string picture = kestrin::WithSeparator(folder) + "window.png";
+  const std::string picture = kestrin::base::WithSeparator(folder) + "window.png";
   session.Window().grab().save(QString::fromStdString(picture));
   std::printf("sets:   %s\n", session.Window().State().job.exportFolder.c_str());
   std::printf("window: %s\n", picture.c_str());

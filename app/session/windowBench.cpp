@@ -10,7 +10,7 @@
 #include "app/session/session.h"
 #include "jobstore/queries.h"
 
-namespace kestrin {
+namespace kestrin::session {
 
 namespace {
 
@@ -24,22 +24,22 @@ double SecondsOf(const std::function<void()>& action) {
 
 template <class Epochs>
 void Walk(const std::string& path) {
-  Job job(path);
-  Query<Epochs> epochs(job);
-  for (EpochRow row; epochs.Next(row);) {
+  jobstore::Job job(path);
+  jobstore::Query<Epochs> epochs(job);
+  for (jobstore::EpochRow row; epochs.Next(row);) {
   }
 }
 
 void WalkSelection(const std::string& path) {
   {
-    Job job(path);
-    CountRow count;
-    ReadFirst<EpochCount>(job, count);
-    KeyRow newest;
-    ReadFirst<NewestEpoch>(job, newest);
+    jobstore::Job job(path);
+    jobstore::CountRow count;
+    jobstore::ReadFirst<jobstore::EpochCount>(job, count);
+    jobstore::KeyRow newest;
+    jobstore::ReadFirst<jobstore::NewestEpoch>(job, newest);
   }
-  Walk<PreviewBoomEpochs>(path);
-  Walk<PreviewWireEpochs>(path);
+  Walk<jobstore::PreviewBoomEpochs>(path);
+  Walk<jobstore::PreviewWireEpochs>(path);
 }
 
 void Report(const char* what, double seconds, double floor, const Session& session) {
@@ -54,10 +54,10 @@ int Run(const std::string& job, const std::string& folder) {
   const double selecting = SecondsOf([&] { session.Select(); });
   Report("select", selecting, SecondsOf([&] { WalkSelection(job); }), session);
   constexpr void (*kWalks[])(const std::string&) = {
-      Walk<PreviewWireEpochs>, Walk<PreviewBoomEpochs>, Walk<PreviewPolyEpochs>,
-      Walk<PreviewPointEpochs>};
+      Walk<jobstore::PreviewWireEpochs>, Walk<jobstore::PreviewBoomEpochs>,
+      Walk<jobstore::PreviewPolyEpochs>, Walk<jobstore::PreviewPointEpochs>};
   const char* kinds[] = {"wire", "boom", "poly", "point"};
-  for (int kind = 0; kind < kKindCount; ++kind) {
+  for (int kind = 0; kind < exports::kKindCount; ++kind) {
     const double seconds = SecondsOf([&] { session.Preview(kind); });
     Report(kinds[kind], seconds, SecondsOf([&] { kWalks[kind](job); }), session);
   }
@@ -68,7 +68,7 @@ int Run(const std::string& job, const std::string& folder) {
 
 }  // namespace
 
-}  // namespace kestrin
+}  // namespace kestrin::session
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -77,5 +77,5 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: kestrin-window-bench JOB FOLDER\n");
     return 2;
   }
-  return kestrin::Run(argv[1], argv[2]);
+  return kestrin::session::Run(argv[1], argv[2]);
 }

@@ -12,13 +12,13 @@ std::optional<std::string> ScriptedDialogs::Take(std::deque<std::string>& from) 
   return first;
 }
 
-std::optional<std::string> ScriptedDialogs::OpenFile(const FileRequest& request) {
+std::optional<std::string> ScriptedDialogs::OpenFile(const flow::FileRequest& request) {
   opened.push_back(request);
   if (whileOpen) whileOpen();
   return Take(toOpen);
 }
 
-std::optional<std::string> ScriptedDialogs::SaveFile(const FileRequest& request) {
+std::optional<std::string> ScriptedDialogs::SaveFile(const flow::FileRequest& request) {
   saved.push_back(request);
   if (whileOpen) whileOpen();
   return Take(toSave);
@@ -43,7 +43,7 @@ bool ScriptedDialogs::AskYesNo(const std::string& text) {
   return answer;
 }
 
-MonthNames EnglishDates::AbbreviatedMonths() {
+geo::MonthNames EnglishDates::AbbreviatedMonths() {
   return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 }
 
@@ -53,18 +53,18 @@ std::string EnglishDates::ShortDate(std::chrono::year_month_day date) {
 }
 
 TestWindow::TestWindow(const Change& change) {
-  Surroundings surroundings;
+  window::Surroundings surroundings;
   surroundings.applicationFolder = folder.Path().string();
   surroundings.screen = {1024, 768};
   surroundings.version = {1, 0, 0};
-  surroundings.kinds = &kExportKinds;
+  surroundings.kinds = &exports::kExportKinds;
   surroundings.dialogs = &dialogs;
   surroundings.files = files.get();
   surroundings.drives = &drives;
   surroundings.dates = &dates;
   surroundings.printers = [] { return nullptr; };
   if (change) change(surroundings);
-  window_ = std::make_unique<MainFrm>(surroundings);
+  window_ = std::make_unique<window::MainFrm>(surroundings);
   window_->show();
   if (!QTest::qWaitForWindowActive(window_.get())) throw std::runtime_error("no window");
 }
@@ -91,14 +91,14 @@ std::string SmallJob(const TempFolder& folder, const std::string& name, int epoc
   for (int i = 0; i < 2 * epochsPerLeg; ++i) {
     const bool back = i >= epochsPerLeg;
     const int along = back ? 2 * epochsPerLeg - 1 - i : i;
-    EpochRow row;
+    jobstore::EpochRow row;
     row.time = {kWeek, kThursdayNoon + i * kStep};
     row.east = back ? 40 : 0;
     row.north = along * 120.0 / epochsPerLeg;
     row.yaw = back ? kTurnedRound : 0;
     row.speed = 2;
     row.boomStatus = 3;
-    row.type = kTakesPart | (i % epochsPerLeg == 0 ? EpochRow::kNewStretch : 0);
+    row.type = kTakesPart | (i % epochsPerLeg == 0 ? jobstore::EpochRow::kNewStretch : 0);
     job.Epoch(row);
   }
   return job.Finish();

@@ -10,21 +10,21 @@
 #include <utility>
 #include <vector>
 
-#include "app/buttons.h"
-#include "app/caption.h"
-#include "app/frame.h"
-#include "app/mainFrm.h"
-#include "app/pictureBox.h"
+#include "app/widgets/buttons.h"
+#include "app/widgets/caption.h"
+#include "app/widgets/frame.h"
+#include "app/widgets/pictureBox.h"
+#include "app/window/mainFrm.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
 
 /// Answers file dialogs and message boxes from what a test laid ready, and keeps
 /// what was asked. Without an answer a dialog is cancelled and a question denied.
-class ScriptedDialogs final : public Dialogs {
+class ScriptedDialogs final : public flow::Dialogs {
  public:
-  std::optional<std::string> OpenFile(const FileRequest& request) override;
-  std::optional<std::string> SaveFile(const FileRequest& request) override;
+  std::optional<std::string> OpenFile(const flow::FileRequest& request) override;
+  std::optional<std::string> SaveFile(const flow::FileRequest& request) override;
   void ShowMessage(const std::string& text) override;
   void ShowWarning(const std::string& title, const std::string& text) override;
   bool AskYesNo(const std::string& text) override;
@@ -37,8 +37,8 @@ class ScriptedDialogs final : public Dialogs {
   /// Called while any dialog or box is on screen.
   std::function<void()> whileOpen;
 
-  std::vector<FileRequest> opened;
-  std::vector<FileRequest> saved;
+  std::vector<flow::FileRequest> opened;
+  std::vector<flow::FileRequest> saved;
   std::vector<std::string> messages;
   std::vector<std::pair<std::string, std::string>> warnings;
   std::vector<std::string> questions;
@@ -48,30 +48,30 @@ class ScriptedDialogs final : public Dialogs {
 };
 
 /// Drives laid out by a test.
-class FakeDrives final : public Drives {
+class FakeDrives final : public platform::Drives {
  public:
-  std::vector<Drive> List() override { return drives; }
+  std::vector<platform::Drive> List() override { return drives; }
   std::vector<std::string> FilesIn(const std::string& folder) override { return files[folder]; }
 
-  std::vector<Drive> drives;
+  std::vector<platform::Drive> drives;
   std::map<std::string, std::vector<std::string>> files;
 };
 
 /// English dates, whatever the desktop's language.
-class EnglishDates final : public DateStyle {
+class EnglishDates final : public flow::DateStyle {
  public:
-  MonthNames AbbreviatedMonths() override;
+  geo::MonthNames AbbreviatedMonths() override;
   std::string ShortDate(std::chrono::year_month_day date) override;
 };
 
 /// The real window in a folder of its own, with scripted dialogs.
 class TestWindow {
  public:
-  using Change = std::function<void(Surroundings&)>;
+  using Change = std::function<void(window::Surroundings&)>;
   explicit TestWindow(const Change& change = {});
 
-  MainFrm* operator->() { return window_.get(); }
-  MainFrm& operator*() { return *window_; }
+  window::MainFrm* operator->() { return window_.get(); }
+  window::MainFrm& operator*() { return *window_; }
 
   template <class Type = QWidget>
   Type& Find(const std::string& name) {
@@ -79,7 +79,9 @@ class TestWindow {
     if (found == nullptr) throw std::runtime_error("no control " + name);
     return *found;
   }
-  GraphicalButton& Button(const std::string& name) { return Find<GraphicalButton>(name); }
+  widgets::GraphicalButton& Button(const std::string& name) {
+    return Find<widgets::GraphicalButton>(name);
+  }
   QAbstractButton& Option(int index) {
     return Find<QAbstractButton>("Option1_" + std::to_string(index));
   }
@@ -96,10 +98,10 @@ class TestWindow {
   ScriptedDialogs dialogs;
   FakeDrives drives;
   EnglishDates dates;
-  std::unique_ptr<FileSystem> files = NativeFileSystem();
+  std::unique_ptr<base::FileSystem> files = base::NativeFileSystem();
 
  private:
-  std::unique_ptr<MainFrm> window_;
+  std::unique_ptr<window::MainFrm> window_;
 };
 
 /// A job in the folder: an implement of two sections pulled north, turned, and

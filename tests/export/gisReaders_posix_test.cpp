@@ -6,15 +6,15 @@
 #include <cstring>
 #include <memory>
 
-#include "export/numberText.h"
-#include "export/shapefileSet.h"
+#include "shapefile/numberText.h"
+#include "shapefile/shapefileSet.h"
 #include "tests/export/toolOutput.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
 
 /// What GDAL and shapelib make of the sets, where their tools are installed.
 
-namespace kestrin {
+namespace kestrin::exports {
 namespace {
 
 using test::Behind;
@@ -34,38 +34,38 @@ std::vector<double> Numbers(const std::string& text) {
   return numbers;
 }
 
-const std::array<Field, 3> kFields{
+const std::array<shapefile::Field, 3> kFields{
     {{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}, {"NAME", 'C', 10, 0}}};
 constexpr int kRecords = 25;
 
 double Metres(int record) { return record * 1234.125; }
 
-class GisReaders : public testing::TestWithParam<ShapeType> {
+class GisReaders : public testing::TestWithParam<shapefile::ShapeType> {
  protected:
   GisReaders() {
-    ShapefileSet set(*files_, base_, GetParam(), kFields, {{2006, 7, 9}, true});
-    AttributeRecord row(kFields);
+    shapefile::ShapefileSet set(*files_, base_, GetParam(), kFields, {{2006, 7, 9}, true});
+    shapefile::AttributeRecord row(kFields);
     for (int i = 0; i < kRecords; ++i) {
       AddShape(set, i);
       row.Clear();
-      row.Add(IntegerText(i).View(), Keep::kRight);
-      row.Add(RoundedText(Metres(i), 2).View(), Keep::kLeft);
-      row.Add("Boom " + std::to_string(i), Keep::kLeft);
+      row.Add(shapefile::IntegerText(i).View(), shapefile::Keep::kRight);
+      row.Add(shapefile::RoundedText(Metres(i), 2).View(), shapefile::Keep::kLeft);
+      row.Add("Boom " + std::to_string(i), shapefile::Keep::kLeft);
       set.AddAttributes(row.Bytes());
     }
     set.Commit();
     read_ = test::ReadShapeSet(base_);
   }
 
-  static void AddShape(ShapefileSet& set, int i) {
+  static void AddShape(shapefile::ShapefileSet& set, int i) {
     const double x = -93.5 + i * 0.001;
     const double y = 45.25 - i * 0.0017;
-    if (GetParam() == ShapeType::kPoint) return set.AddPoint(x, y);
+    if (GetParam() == shapefile::ShapeType::kPoint) return set.AddPoint(x, y);
     set.BeginRecord();
     set.AddVertex(x, y);
     set.AddVertex(x, y + 0.01);
     for (int j = 0; j <= i; ++j) set.AddVertex(x + 0.01, y + 0.01 - j * 0.0001);
-    if (GetParam() == ShapeType::kPolygon) set.AddVertex(x, y);
+    if (GetParam() == shapefile::ShapeType::kPolygon) set.AddVertex(x, y);
     set.EndRecord();
   }
 
@@ -74,7 +74,7 @@ class GisReaders : public testing::TestWithParam<ShapeType> {
   }
 
   test::TempFolder folder_;
-  std::unique_ptr<FileSystem> files_ = NativeFileSystem();
+  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
   std::string base_ = folder_ / "set";
   test::ReadSet read_;
 };
@@ -120,7 +120,7 @@ TEST_P(GisReaders, ShapelibSeesTheSameShapes) {
       const test::ReadRecord& record = read_.records[i - 1];
       EXPECT_EQ(std::stoul(counts[i - 1]), record.points.size());
       const auto [x, y] = record.points[0];
-      box = GetParam() == ShapeType::kPoint ? test::Bounds{x, y, x, y} : record.box;
+      box = GetParam() == shapefile::ShapeType::kPoint ? test::Bounds{x, y, x, y} : record.box;
     }
     const std::vector<double> low = Numbers(lows[i]);
     const std::vector<double> high = Numbers(highs[i]);
@@ -148,11 +148,12 @@ TEST_P(GisReaders, ShapelibSeesTheSameTable) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, GisReaders,
-                         testing::Values(ShapeType::kPoint, ShapeType::kPolyline,
-                                         ShapeType::kPolygon),
+                         testing::Values(shapefile::ShapeType::kPoint,
+                                         shapefile::ShapeType::kPolyline,
+                                         shapefile::ShapeType::kPolygon),
                          [](const auto& param) {
                            return "Type" + std::to_string(static_cast<int>(param.param));
                          });
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::exports

@@ -15,7 +15,7 @@
 /// The same conversions by PROJ's own command on GRS80 definitions, where it is
 /// installed.
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 struct Point {
@@ -102,4 +102,4 @@ TEST_P(Cs2csAgreement, InverseWithinTheEleventhDigit) {
 INSTANTIATE_TEST_SUITE_P(Zones, Cs2csAgreement, ::testing::Values(2, 14, 31, 33, 59));
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -5,7 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 using std::chrono::local_days;
@@ -89,4 +89,4 @@ TEST(DateText, NamesEveryMonthAsHandedIn) {
 TEST(DateText, GivesYearsFourDigits) { EXPECT_EQ(DateText(Date(987, 1, 2), kEnglish), "0987Jan2"); }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -8,7 +8,7 @@
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 using test::ExactMercator;
@@ -20,7 +20,7 @@ class Offsets : public ::testing::Test {
   JobBuilder& Builder() { return builder_; }
 
   void Open() { job_.emplace(builder_.Finish()); }
-  Job& OpenJob() { return *job_; }
+  jobstore::Job& OpenJob() { return *job_; }
 
   static void ExpectAt(UtmPoint point, double latitude, double longitude, int zone) {
     const auto exact = ExactMercator::Project(latitude, longitude, zone);
@@ -32,12 +32,12 @@ class Offsets : public ::testing::Test {
  private:
   test::TempFolder folder_;
   JobBuilder builder_{folder_ / "job.sqlite"};
-  std::optional<Job> job_;
+  std::optional<jobstore::Job> job_;
 };
 
 TEST_F(Offsets, AreNoneWithoutAReferenceLocation) {
   Open();
-  const LocalOffsets<References> offsets(OpenJob());
+  const LocalOffsets<jobstore::References> offsets(OpenJob());
   EXPECT_TRUE(offsets.Prepared());
   EXPECT_FALSE(offsets.HasReference());
 }
@@ -45,7 +45,7 @@ TEST_F(Offsets, AreNoneWithoutAReferenceLocation) {
 TEST_F(Offsets, AreNoneWithoutTheTable) {
   Builder().Execute("Drop Table ReferenceLocationChangeTable");
   Open();
-  const LocalOffsets<References> offsets(OpenJob());
+  const LocalOffsets<jobstore::References> offsets(OpenJob());
   EXPECT_FALSE(offsets.Prepared());
   EXPECT_LT(offsets.Handle(), 0);
   EXPECT_FALSE(offsets.HasReference());
@@ -54,13 +54,13 @@ TEST_F(Offsets, AreNoneWithoutTheTable) {
 TEST_F(Offsets, AddMetresInThePlane) {
   Builder().Reference({350, 1000}, 40, -97.5);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   ASSERT_TRUE(offsets.HasReference());
   EXPECT_EQ(offsets.Plane().Zone(), 14);
   offsets.AdvanceTo({350, 1000});
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
 
-  EpochRow epoch;
+  jobstore::EpochRow epoch;
   epoch.east = 12.5;
   epoch.north = -7.25;
   epoch.down = 1000;
@@ -71,7 +71,7 @@ TEST_F(Offsets, AddMetresInThePlane) {
 TEST_F(Offsets, ComeBackToDegreesInTheSamePlane) {
   Builder().Reference({350, 1000}, 40, -97.5);
   Open();
-  const LocalOffsets<References> offsets(OpenJob());
+  const LocalOffsets<jobstore::References> offsets(OpenJob());
   const auto exact = ExactMercator::Project(40.01, -97.52, 14);
   const GeoPoint point = offsets.Plane().ToGeo({exact.easting, exact.northing});
   EXPECT_NEAR(point.latitude, 40.01, 1e-11);
@@ -81,7 +81,7 @@ TEST_F(Offsets, ComeBackToDegreesInTheSamePlane) {
 TEST_F(Offsets, CountFromTheFirstLocationAlsoBeforeItsTime) {
   Builder().Reference({350, 5000}, 40, -97.5).Reference({350, 9000}, 41, -97.5);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({1, 0});
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
 }
@@ -89,7 +89,7 @@ TEST_F(Offsets, CountFromTheFirstLocationAlsoBeforeItsTime) {
 TEST_F(Offsets, TakeAChangeAtExactlyItsOwnTime) {
   Builder().Reference({350, 0}, 40, -97.5).Reference({350, 5000}, 41, -97.6);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 4999});
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
   offsets.AdvanceTo({350, 5000});
@@ -99,7 +99,7 @@ TEST_F(Offsets, TakeAChangeAtExactlyItsOwnTime) {
 TEST_F(Offsets, CompareWeeksBeforeMilliseconds) {
   Builder().Reference({350, 0}, 40, -97.5).Reference({351, 10}, 41, -97.6);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 604799999});
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
   offsets.AdvanceTo({352, 0});
@@ -114,7 +114,7 @@ TEST_F(Offsets, TakeTheLastOfSeveralChangesBetweenTwoRows) {
       .Reference({350, 30}, 43, -97.5)
       .Reference({350, 90}, 44, -97.5);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 5});
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
   offsets.AdvanceTo({350, 40});
@@ -128,7 +128,7 @@ TEST_F(Offsets, ProjectEachLocationPassedInTurn) {
       .Reference({350, 10}, 95, -97.5)
       .Reference({350, 20}, 42, -97.5);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 20});
   ExpectAt(offsets.Plane().Origin(), 42, -97.5, 14);
 }
@@ -136,7 +136,7 @@ TEST_F(Offsets, ProjectEachLocationPassedInTurn) {
 TEST_F(Offsets, KeepTheZoneOfTheFirstLocation) {
   Builder().Reference({350, 0}, 40, -96.001).Reference({350, 10}, 40, -95.999);
   Open();
-  LocalOffsets<References> offsets(OpenJob());
+  LocalOffsets<jobstore::References> offsets(OpenJob());
   ASSERT_EQ(UtmZoneOf(40, -95.999), 15);
   offsets.AdvanceTo({350, 10});
   EXPECT_EQ(offsets.Plane().Zone(), 14);
@@ -149,14 +149,14 @@ TEST_F(Offsets, ReadTheLocationsInTimeOrder) {
       .Reference({350, 900}, 41, -97.5)
       .Reference({350, 20}, 40, -97.5);
   Open();
-  LocalOffsets<ReferencesWithAltitude> offsets(OpenJob());
+  LocalOffsets<jobstore::ReferencesWithAltitude> offsets(OpenJob());
   ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
   offsets.AdvanceTo({350, 900});
   ExpectAt(offsets.Plane().Origin(), 41, -97.5, 14);
 }
 
 TEST(WorkingPlane, PassesOnWhatAFailedProjectionLeft) {
-  ReferenceRow beyondThePole;
+  jobstore::ReferenceRow beyondThePole;
   beyondThePole.latitude = 95;
   beyondThePole.longitude = -97.5;
   const WorkingPlane plane(beyondThePole);
@@ -165,7 +165,7 @@ TEST(WorkingPlane, PassesOnWhatAFailedProjectionLeft) {
 }
 
 TEST(WorkingPlane, PassesPointsOnWhereThereIsNoZone) {
-  ReferenceRow dateLine;
+  jobstore::ReferenceRow dateLine;
   dateLine.latitude = 40;
   dateLine.longitude = 180;
   const WorkingPlane plane(dateLine);
@@ -177,4 +177,4 @@ TEST(WorkingPlane, PassesPointsOnWhereThereIsNoZone) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

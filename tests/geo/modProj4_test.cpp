@@ -11,7 +11,7 @@
 #include "geo/proj_api.h"
 #include "tests/geo/exactMercator.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 using test::ExactMercator;
@@ -280,4 +280,4 @@ TEST(Projection, ConvertsInSeveralThreadsAtOnce) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

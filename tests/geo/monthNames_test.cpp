@@ -5,7 +5,7 @@
 #include <clocale>
 #include <string>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 TEST(UserMonthNames, LeaveTheProcessLocaleAlone) {
@@ -15,4 +15,4 @@ TEST(UserMonthNames, LeaveTheProcessLocaleAlone) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

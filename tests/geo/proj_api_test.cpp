@@ -13,7 +13,7 @@
 #include "tests/support/setting.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 constexpr const char* kGeographic = "+proj=latlong +datum=NAD83";
@@ -236,4 +236,4 @@ TEST(ProjApi, AConfigurationOfTheUsersChangesNothing) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

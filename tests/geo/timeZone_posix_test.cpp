@@ -12,7 +12,7 @@
 
 /// Here zone and language are told by the environment.
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 std::int32_t OffsetIn(const char* zone) {
@@ -72,4 +72,4 @@ TEST(UserMonthNames, HaveNoPadding) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -7,7 +7,7 @@
 
 #include "geo/monthNames.h"
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
 /// Minutes that local clocks were ahead of Greenwich at noon of a month's first day.
@@ -46,4 +46,4 @@ TEST(UserMonthNames, AreTwelveAndDiffer) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

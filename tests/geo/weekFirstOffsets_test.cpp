@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-namespace kestrin {
+namespace kestrin::geo {
 namespace {
 
-ReferenceRow At(std::int32_t week, std::int32_t msec, double latitude, double longitude = -97.5) {
+jobstore::ReferenceRow At(std::int32_t week, std::int32_t msec, double latitude,
+                          double longitude = -97.5) {
   return {{week, msec}, latitude, longitude, 0};
 }
 
@@ -61,4 +62,4 @@ TEST(WeekFirstOffsets, LaterLocationIsProjectedInTheFirstOnesZone) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::geo

@@ -8,7 +8,7 @@
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 using Rates = ChangeCursor<DesiredRates>;
@@ -170,4 +170,4 @@ TEST(LastChangeNeverApplies, SkippingEverythingAtOnceEndsBeforeTheLast) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

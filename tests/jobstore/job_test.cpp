@@ -8,7 +8,7 @@
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 class QueryRows : public testing::Test {
@@ -162,4 +162,4 @@ TEST(Query, RowsThatEndedStayEnded) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 TEST(QueryTexts, JobSelection) {
@@ -120,4 +120,4 @@ TEST(BoomTimeClause, NumbersArePlainDecimals) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -4,7 +4,7 @@
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 constexpr double kHalfTurn = 3.14159265358979;
@@ -162,4 +162,4 @@ TEST(Columns, ColumnsThatAnImplementTableLacksAreZero) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

@@ -5,7 +5,7 @@
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::jobstore {
 namespace {
 
 constexpr std::int32_t kMisuse = 21;
@@ -174,4 +174,4 @@ TEST_F(OpenedLibrary, HandlesStaySmallHoweverManyAreUsedInTurn) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::jobstore

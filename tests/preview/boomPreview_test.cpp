@@ -7,7 +7,7 @@
 
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -36,7 +36,7 @@ TEST(BoomPreview, AddsSectionOffsetsUnrotated) {
 
 TEST(BoomPreview, DrawsSectionsThatAreSwitchedOff) {
   PreviewJob job;
-  EpochRow off{.time = {1, 1000}, .east = 50, .north = 50};
+  jobstore::EpochRow off{.time = {1, 1000}, .east = 50, .north = 50};
   off.type = test::kTakesPart;
   off.boomStatus = 0;
   job.Implement(0, {{10, 0, 0, 0}}).builder.Epoch(off);
@@ -59,7 +59,7 @@ TEST(BoomPreview, TakesAnImplementFromItsOwnTimeOnTheLastOneToo) {
 
 TEST(BoomPreview, DrawsASectionOfItsOwnSlotOnly) {
   PreviewJob job;
-  std::vector<Section> sections(kSectionSlots, {-1, 0, 0, 0});
+  std::vector<jobstore::Section> sections(jobstore::kSectionSlots, {-1, 0, 0, 0});
   sections[15] = {4, 1, 0, 0};
   job.Implement(0, sections).At(1, 50, 50);
   EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 53,50 49,50", "Polyline 53,50 49,50"));
@@ -72,4 +72,4 @@ TEST(BoomPreview, SkipsALineWithoutAPlace) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

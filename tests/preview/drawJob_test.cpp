@@ -10,7 +10,7 @@
 #include "preview/wirePreview.h"
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -73,7 +73,7 @@ TEST_P(AnyPreview, DrawsNothingOnAPictureWithoutSize) {
 
 TEST_P(AnyPreview, CountsAndYieldsOncePerGpsRowThatTakesPart) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60).At(3, 60, 60);
-  job_.builder.Epoch(EpochRow{.time = {1, 4000}});
+  job_.builder.Epoch(jobstore::EpochRow{.time = {1, 4000}});
   Draw(test::HundredMetres(job_.builder.Finish()));
   EXPECT_EQ(job_.host.rows, 3);
   EXPECT_EQ(job_.host.yields, 3);
@@ -83,7 +83,7 @@ TEST_P(AnyPreview, LetsACancelledRunPass) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60);
   job_.host.cancelAt = 2;
   const PreviewState state = test::HundredMetres(job_.builder.Finish());
-  EXPECT_THROW(Draw(state), RunCancelled);
+  EXPECT_THROW(Draw(state), base::RunCancelled);
 }
 
 TEST_P(AnyPreview, LeavesThePictureWithItsColours) {
@@ -121,4 +121,4 @@ TEST(PreviewKinds, AKindThatIsNoneDrawsNothing) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -6,7 +6,7 @@
 
 #include "tests/support/recordingPicture.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -62,4 +62,4 @@ TEST(PictureMap, CoversTheExtentWithItsBorders) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

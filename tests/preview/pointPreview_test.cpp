@@ -5,7 +5,7 @@
 
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -32,7 +32,7 @@ TEST(PointPreview, TheBordersOfTheExtentAreWithinIt) {
 
 TEST(PointPreview, ASinglePlaceIsDrawnInTheMiddleAtACentimetreAUnit) {
   PreviewJob job;
-  const UtmPoint origin = test::Origin();
+  const geo::UtmPoint origin = test::Origin();
   const PreviewState state{job.At(1, 0, 0).builder.Finish(),
                            {origin.easting, origin.northing, origin.easting, origin.northing, 0}};
   DrawPointPreview(state, job.picture, job.host);
@@ -41,4 +41,4 @@ TEST(PointPreview, ASinglePlaceIsDrawnInTheMiddleAtACentimetreAUnit) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

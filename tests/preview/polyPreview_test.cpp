@@ -7,7 +7,7 @@
 
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -122,4 +122,4 @@ TEST(PolyPreview, BreaksTheSwathAlsoAtARowWithoutAPlace) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

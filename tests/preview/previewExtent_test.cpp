@@ -8,7 +8,7 @@
 
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -21,7 +21,7 @@ constexpr double kTolerance = 1e-8;
 struct Extent : testing::Test {
   PreviewJob job;
   PreviewState state{"job of before", {1, 2, 3, 4, 5}};
-  const UtmPoint origin = test::Origin();
+  const geo::UtmPoint origin = test::Origin();
 
   /// The extent found, east and north of the origin.
   PreviewExtent Find(double width, double height) {
@@ -191,7 +191,8 @@ TEST_F(Extent, AJobWithoutReferenceLocationLeavesNoJob) {
 }
 
 TEST_F(Extent, AJobWithoutGpsRowsKeepsTheExtentOfBefore) {
-  job.builder.Epoch(EpochRow{.time = {1, 1000}, .east = 50});  // without the bit that counts
+  job.builder.Epoch(
+      jobstore::EpochRow{.time = {1, 1000}, .east = 50});  // without the bit that counts
   Find(100, 100);
   EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
@@ -224,9 +225,9 @@ TEST_F(Extent, APictureWithoutSizeGivesNoScale) {
 TEST_F(Extent, ACancelledPassLeavesNoJob) {
   job.At(1, 0, 0).At(2, 200, 100);
   job.host.cancelAt = 2;
-  EXPECT_THROW(Find(100, 100), RunCancelled);
+  EXPECT_THROW(Find(100, 100), base::RunCancelled);
   ExpectNoJob(state, job);
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

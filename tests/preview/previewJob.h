@@ -20,18 +20,18 @@ inline constexpr double kLongitude = -97.1;
 
 /// The working plane's origin for a reference location there, to the last digit as
 /// a job gives it: stored in radians.
-inline UtmPoint Origin(double latitude = kLatitude, double longitude = kLongitude) {
+inline geo::UtmPoint Origin(double latitude = kLatitude, double longitude = kLongitude) {
   constexpr double kRadiansPerDegree = 0.0174532925199433;
-  double northing = latitude * kRadiansPerDegree * kDegreesPerRadian;
-  double easting = longitude * kRadiansPerDegree * kDegreesPerRadian;
-  GeoToUtm(northing, easting, UtmZoneOf(kLatitude, kLongitude));
+  double northing = latitude * kRadiansPerDegree * jobstore::kDegreesPerRadian;
+  double easting = longitude * kRadiansPerDegree * jobstore::kDegreesPerRadian;
+  geo::GeoToUtm(northing, easting, geo::UtmZoneOf(kLatitude, kLongitude));
   return {easting, northing};
 }
 
 /// An extent of 100 by 100 m east and north of the origin, at a metre per unit of a
 /// picture of 100 by 100: an epoch at east e, north n is drawn at e, 100 - n.
-inline PreviewState HundredMetres(const std::string& jobPath) {
-  const UtmPoint origin = Origin();
+inline preview::PreviewState HundredMetres(const std::string& jobPath) {
+  const geo::UtmPoint origin = Origin();
   return {jobPath,
           {origin.easting, origin.northing, origin.easting + 100, origin.northing + 100, 1}};
 }
@@ -50,12 +50,12 @@ struct PreviewJob {
     builder.Epoch({1, second * 1000}, east, north, yaw, begins);
     return *this;
   }
-  PreviewJob& Implement(int second, const std::vector<Section>& sections) {
+  PreviewJob& Implement(int second, const std::vector<jobstore::Section>& sections) {
     builder.Implement({1, second * 1000}, "Boom", sections);
     return *this;
   }
 
-  using Renderer = void (*)(const PreviewState&, Picture&, RunHost&);
+  using Renderer = void (*)(const preview::PreviewState&, preview::Picture&, base::RunHost&);
 
   /// The calls between the clearing and the refresh, which are checked to be there.
   std::vector<std::string> Drawn(Renderer renderer);

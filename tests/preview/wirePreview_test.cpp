@@ -7,7 +7,7 @@
 
 #include "tests/preview/previewJob.h"
 
-namespace kestrin {
+namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
@@ -56,8 +56,8 @@ TEST(WirePreview, FollowsTheReferenceLocationFromItsOwnTimeOn) {
   const double latitude = test::kLatitude + 0.0001;
   job.builder.Reference({1, 2000}, latitude, test::kLongitude);
   job.At(1, 10, 20).At(2, 10, 20);
-  const UtmPoint moved = test::Origin(latitude);
-  const UtmPoint origin = test::Origin();
+  const geo::UtmPoint moved = test::Origin(latitude);
+  const geo::UtmPoint origin = test::Origin();
   const auto x = std::lround(10 + moved.easting - origin.easting);
   const auto y = std::lround(80 - (moved.northing - origin.northing));
   EXPECT_THAT(job.Drawn(DrawWirePreview),
@@ -82,4 +82,4 @@ TEST(WirePreview, BreaksThePathAlsoAtARowWithoutAPlace) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::preview

@@ -5,9 +5,9 @@
 
 namespace kestrin::test {
 
-class FaultyFile : public OutputFile {
+class FaultyFile : public base::OutputFile {
  public:
-  FaultyFile(FaultyFileSystem& files, std::string path, std::unique_ptr<OutputFile> real)
+  FaultyFile(FaultyFileSystem& files, std::string path, std::unique_ptr<base::OutputFile> real)
       : files_(files), path_(std::move(path)), real_(std::move(real)) {}
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
@@ -27,7 +27,7 @@ class FaultyFile : public OutputFile {
  private:
   FaultyFileSystem& files_;
   std::string path_;
-  std::unique_ptr<OutputFile> real_;
+  std::unique_ptr<base::OutputFile> real_;
 };
 
 void FaultyFileSystem::FailAt(int operation, Lasts lasts) {
@@ -49,10 +49,10 @@ void FaultyFileSystem::Count(const char* operation, const std::string& path,
     failedPath_ = path;
   }
   onFailure();
-  throw FileError(path, kMadeUpReason);
+  throw base::FileError(path, kMadeUpReason);
 }
 
-std::unique_ptr<OutputFile> FaultyFileSystem::Create(const std::string& path) {
+std::unique_ptr<base::OutputFile> FaultyFileSystem::Create(const std::string& path) {
   Count("create", path);
   return std::make_unique<FaultyFile>(*this, path, real_.Create(path));
 }

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "export/fileSystem.h"
+#include "base/fileSystem.h"
 
 namespace kestrin::test {
 
@@ -14,14 +14,14 @@ inline constexpr const char* kMadeUpReason = "made-up failure";
 /// A file system whose N-th operation fails, counted over all operations of it and
 /// its files from 1. A failing write leaves half of its bytes, a failing close has
 /// closed; every other failing operation has done nothing.
-class FaultyFileSystem : public FileSystem {
+class FaultyFileSystem : public base::FileSystem {
  public:
   enum class Lasts {
     kOnce,      ///< only that operation fails
     kEverSince  ///< and all after it but removals, like a disk that stays full
   };
 
-  explicit FaultyFileSystem(FileSystem& real) : real_(real) {}
+  explicit FaultyFileSystem(base::FileSystem& real) : real_(real) {}
 
   /// 0: nothing fails.
   void FailAt(int operation, Lasts lasts = Lasts::kOnce);
@@ -34,7 +34,7 @@ class FaultyFileSystem : public FileSystem {
   const std::string& FailedOperation() const { return failedOperation_; }
   const std::string& FailedPath() const { return failedPath_; }
 
-  std::unique_ptr<OutputFile> Create(const std::string& path) override;
+  std::unique_ptr<base::OutputFile> Create(const std::string& path) override;
   void Rename(const std::string& from, const std::string& to) override;
   void Remove(const std::string& path) override;
   void SyncFolderOf(const std::string& path) override;
@@ -50,7 +50,7 @@ class FaultyFileSystem : public FileSystem {
       const char* operation, const std::string& path,
       const std::function<void()>& onFailure = [] {});
 
-  FileSystem& real_;
+  base::FileSystem& real_;
   int failAt_ = 0;
   Lasts lasts_ = Lasts::kOnce;
   int operations_ = 0;

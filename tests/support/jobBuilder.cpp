@@ -29,7 +29,7 @@ std::string Quoted(const std::string& text) {
   return quoted + "'";
 }
 
-std::string Values(GpsKey time) {
+std::string Values(jobstore::GpsKey time) {
   return std::to_string(time.gpsWeek) + "," + std::to_string(time.gpsMsec);
 }
 
@@ -40,24 +40,26 @@ JobBuilder::JobBuilder(const std::string& path) : path_(path) {
     throw std::runtime_error("cannot create " + path);
   }
   Execute("PRAGMA synchronous=OFF");
-  Execute(JobSchema());
+  Execute(sample::JobSchema());
   Execute("BEGIN");
 }
 
 JobBuilder::~JobBuilder() { sqlite3_close(database_); }
 
-JobBuilder& JobBuilder::Reference(GpsKey time, double latitude, double longitude, double altitude) {
+JobBuilder& JobBuilder::Reference(jobstore::GpsKey time, double latitude, double longitude,
+                                  double altitude) {
   Insert("ReferenceLocationChangeTable", Values(time) + "," + Number(latitude * kRadiansPerDegree) +
                                              "," + Number(longitude * kRadiansPerDegree) + "," +
                                              Number(altitude));
   return *this;
 }
 
-JobBuilder& JobBuilder::Implement(GpsKey time, const std::string& name,
-                                  const std::vector<Section>& sections, double number) {
+JobBuilder& JobBuilder::Implement(jobstore::GpsKey time, const std::string& name,
+                                  const std::vector<jobstore::Section>& sections, double number) {
   std::string values = Values(time) + "," + Quoted(name) + "," + Number(number);
-  for (std::size_t slot = 0; slot < kSectionSlots; ++slot) {
-    const Section section = slot < sections.size() ? sections[slot] : Section{-1, 0, 0, 0};
+  for (std::size_t slot = 0; slot < jobstore::kSectionSlots; ++slot) {
+    const jobstore::Section section =
+        slot < sections.size() ? sections[slot] : jobstore::Section{-1, 0, 0, 0};
     for (const double value : {section.width, section.xOffset, section.yOffset, section.zOffset}) {
       values += "," + Number(value);
     }
@@ -66,7 +68,7 @@ JobBuilder& JobBuilder::Implement(GpsKey time, const std::string& name,
   return *this;
 }
 
-JobBuilder& JobBuilder::Epoch(const EpochRow& epoch) {
+JobBuilder& JobBuilder::Epoch(const jobstore::EpochRow& epoch) {
   std::string values = Values(epoch.time);
   for (const double value :
        {epoch.east, epoch.north, epoch.down, epoch.yaw, epoch.pitch, epoch.roll, epoch.speed}) {
@@ -77,36 +79,39 @@ JobBuilder& JobBuilder::Epoch(const EpochRow& epoch) {
   return *this;
 }
 
-JobBuilder& JobBuilder::Epoch(GpsKey time, double east, double north, double yaw, bool begins) {
-  EpochRow epoch;
+JobBuilder& JobBuilder::Epoch(jobstore::GpsKey time, double east, double north, double yaw,
+                              bool begins) {
+  jobstore::EpochRow epoch;
   epoch.time = time;
   epoch.east = east;
   epoch.north = north;
   epoch.yaw = yaw;
-  epoch.type = kTakesPart | (begins ? EpochRow::kNewStretch : 0);
+  epoch.type = kTakesPart | (begins ? jobstore::EpochRow::kNewStretch : 0);
   return Epoch(epoch);
 }
 
-JobBuilder& JobBuilder::DesiredRates(GpsKey time, double rate0, double rate1, double rate2) {
+JobBuilder& JobBuilder::DesiredRates(jobstore::GpsKey time, double rate0, double rate1,
+                                     double rate2) {
   Insert("AsAppliedDesRateChangeTable",
          Values(time) + "," + Number(rate0) + "," + Number(rate1) + "," + Number(rate2));
   return *this;
 }
 
-JobBuilder& JobBuilder::ActualRates(GpsKey time, double rate0, double rate1, double rate2) {
+JobBuilder& JobBuilder::ActualRates(jobstore::GpsKey time, double rate0, double rate1,
+                                    double rate2) {
   Insert("AsAppliedActRateChangeTable",
          Values(time) + "," + Number(rate0) + "," + Number(rate1) + "," + Number(rate2));
   return *this;
 }
 
-JobBuilder& JobBuilder::Products(GpsKey time, const std::string& name0, const std::string& name1,
-                                 const std::string& name2) {
+JobBuilder& JobBuilder::Products(jobstore::GpsKey time, const std::string& name0,
+                                 const std::string& name1, const std::string& name2) {
   Insert("AsAppliedProductChangeTable",
          Values(time) + "," + Quoted(name0) + "," + Quoted(name1) + "," + Quoted(name2));
   return *this;
 }
 
-JobBuilder& JobBuilder::Version(GpsKey time, const std::string& text) {
+JobBuilder& JobBuilder::Version(jobstore::GpsKey time, const std::string& text) {
   Insert("VersionChangeTable", Values(time) + "," + Quoted(text));
   return *this;
 }

@@ -20,17 +20,19 @@ class JobBuilder {
   JobBuilder& operator=(const JobBuilder&) = delete;
 
   /// Degrees; stored in radians.
-  JobBuilder& Reference(GpsKey time, double latitude, double longitude, double altitude = 0);
-  JobBuilder& Implement(GpsKey time, const std::string& name, const std::vector<Section>& sections,
-                        double number = 0);
-  JobBuilder& Epoch(const EpochRow& epoch);
+  JobBuilder& Reference(jobstore::GpsKey time, double latitude, double longitude,
+                        double altitude = 0);
+  JobBuilder& Implement(jobstore::GpsKey time, const std::string& name,
+                        const std::vector<jobstore::Section>& sections, double number = 0);
+  JobBuilder& Epoch(const jobstore::EpochRow& epoch);
   /// An epoch that takes part (bit 8192), beginning a stretch or not.
-  JobBuilder& Epoch(GpsKey time, double east, double north, double yaw = 0, bool begins = false);
-  JobBuilder& DesiredRates(GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
-  JobBuilder& ActualRates(GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
-  JobBuilder& Products(GpsKey time, const std::string& name0, const std::string& name1 = "",
-                       const std::string& name2 = "");
-  JobBuilder& Version(GpsKey time, const std::string& text);
+  JobBuilder& Epoch(jobstore::GpsKey time, double east, double north, double yaw = 0,
+                    bool begins = false);
+  JobBuilder& DesiredRates(jobstore::GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
+  JobBuilder& ActualRates(jobstore::GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);
+  JobBuilder& Products(jobstore::GpsKey time, const std::string& name0,
+                       const std::string& name1 = "", const std::string& name2 = "");
+  JobBuilder& Version(jobstore::GpsKey time, const std::string& text);
   /// Any statement, for jobs that break the schema.
   JobBuilder& Execute(const std::string& sql);
 

@@ -5,21 +5,21 @@
 #include <string>
 #include <vector>
 
-#include "export/fileSystem.h"
+#include "base/fileSystem.h"
 
 namespace kestrin::test {
 
 /// A file system of names alone, for procedures that look at files but write none.
 /// Remembers what it was asked to make and copy, in order.
-class MemoryFiles : public FileSystem {
+class MemoryFiles : public base::FileSystem {
  public:
   /// Adds an empty set of three files.
   void AddSet(const std::string& basePath) {
     for (const char* extension : {".shp", ".shx", ".dbf"}) names.insert(basePath + extension);
   }
 
-  std::unique_ptr<OutputFile> Create(const std::string& path) override {
-    throw FileError(path, "nothing is written here");
+  std::unique_ptr<base::OutputFile> Create(const std::string& path) override {
+    throw base::FileError(path, "nothing is written here");
   }
   void Rename(const std::string& from, const std::string& to) override {
     names.erase(from);
@@ -32,12 +32,12 @@ class MemoryFiles : public FileSystem {
     return names.count(path) > 0;
   }
   void MakeFolder(const std::string& path) override {
-    if (refused.count(path) > 0) throw FileError(path, "refused");
+    if (refused.count(path) > 0) throw base::FileError(path, "refused");
     made.push_back(path);
     names.insert(path);
   }
   void Copy(const std::string& from, const std::string& to) override {
-    if (refused.count(to) > 0) throw FileError(to, "refused");
+    if (refused.count(to) > 0) throw base::FileError(to, "refused");
     copied.push_back(from + " to " + to);
     names.insert(to);
   }

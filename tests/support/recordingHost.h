@@ -4,17 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "jobstore/runHost.h"
+#include "base/runHost.h"
 
 namespace kestrin::test {
 
 /// A host that keeps what a run asked of it, and cancels at a row when told to.
-class RecordingHost : public RunHost {
+class RecordingHost : public base::RunHost {
  public:
   void CountRow() override { ++rows; }
   void Yield() override {
     ++yields;
-    if (cancelAt > 0 && yields >= cancelAt) throw RunCancelled();
+    if (cancelAt > 0 && yields >= cancelAt) throw base::RunCancelled();
   }
   void ShowMessage(const std::string& text) override { messages.push_back(text); }
 

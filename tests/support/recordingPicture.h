@@ -13,7 +13,7 @@ namespace kestrin::test {
 
 /// A picture that keeps the calls made on it, as texts: "Line 1,2 3,4". Reading its
 /// size or its colours is no call.
-class RecordingPicture : public Picture {
+class RecordingPicture : public preview::Picture {
  public:
   RecordingPicture() = default;
   RecordingPicture(double width, double height) : width_(width), height_(height) {}
@@ -32,16 +32,16 @@ class RecordingPicture : public Picture {
   }
   void RemovePicture() override { calls.emplace_back("RemovePicture"); }
   void Clear() override { calls.emplace_back("Clear"); }
-  void Polyline(std::span<const PicturePoint> points) override {
+  void Polyline(std::span<const preview::PicturePoint> points) override {
     calls.push_back("Polyline" + Text(points));
   }
-  void Polygon(std::span<const PicturePoint> points) override {
+  void Polygon(std::span<const preview::PicturePoint> points) override {
     calls.push_back("Polygon" + Text(points));
   }
-  void Line(PicturePoint from, PicturePoint to) override {
+  void Line(preview::PicturePoint from, preview::PicturePoint to) override {
     calls.push_back("Line" + Text(std::array{from, to}));
   }
-  void Circle(PicturePoint centre, std::int32_t radius) override {
+  void Circle(preview::PicturePoint centre, std::int32_t radius) override {
     calls.push_back("Circle" + Text(std::array{centre}) + " " + std::to_string(radius));
   }
   void Refresh() override { calls.emplace_back("Refresh"); }
@@ -52,9 +52,9 @@ class RecordingPicture : public Picture {
   std::vector<std::string> calls;
 
  private:
-  static std::string Text(std::span<const PicturePoint> points) {
+  static std::string Text(std::span<const preview::PicturePoint> points) {
     std::string text;
-    for (const PicturePoint& point : points) {
+    for (const preview::PicturePoint& point : points) {
       text += " " + std::to_string(point.x) + "," + std::to_string(point.y);
     }
     return text;

@@ -21,7 +21,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string FileBytes(const std::string& path) {
-  std::ifstream in(PathOf(path), std::ios::binary);
+  std::ifstream in(base::PathOf(path), std::ios::binary);
   if (!in) throw std::runtime_error("cannot read " + path);
   std::ostringstream bytes;
   // Nothing to read is a failure of this operator, so an empty file never gets there.

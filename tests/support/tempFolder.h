@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "jobstore/utf8Path.h"
+#include "base/utf8Path.h"
 
 namespace kestrin::test {
 
@@ -18,7 +18,7 @@ class TempFolder {
   const std::filesystem::path& Path() const { return path_; }
   /// Path of an entry of the folder, with the system's own separators.
   std::string operator/(const std::string& name) const {
-    return WithOwnSeparators(Utf8Of(path_ / PathOf(name)));
+    return base::WithOwnSeparators(base::Utf8Of(path_ / base::PathOf(name)));
   }
 
  private:

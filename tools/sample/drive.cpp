@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
@@ -241,4 +241,4 @@ Drive PlanDrive(const Scenario& scenario, double width, std::int64_t rows) {
   return {driver.Take(), field, inner};
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

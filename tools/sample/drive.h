@@ -7,7 +7,7 @@
 #include "tools/sample/field.h"
 #include "tools/sample/scenario.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Where the vehicle stands and looks: yaw in radians clockwise from north.
 struct Pose {
@@ -43,4 +43,4 @@ struct Drive {
 /// Never without legs.
 Drive PlanDrive(const Scenario& scenario, double width, std::int64_t rows);
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 /// How far right of the directed side a->b the place lies; inside is right.
@@ -82,4 +82,4 @@ std::optional<Span> SpanAt(const Outline& outline, double east) {
   return span;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// A place in metres east and north of the job's first reference location.
 struct Place {
@@ -31,4 +31,4 @@ struct Span {
 };
 std::optional<Span> SpanAt(const Outline& outline, double east);
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

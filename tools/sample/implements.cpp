@@ -1,6 +1,6 @@
 #include "tools/sample/implements.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 ImplementSetup EvenImplement(const std::string& name, int count, double width, double behind) {
   ImplementSetup setup{name, static_cast<double>(count), {}};
@@ -16,4 +16,4 @@ ImplementSetup OddSpreader() {
           {{12.0, -3, -6, 1.1}, {0, -3, -12, 1.1}, {-1, 0, 0, 0}, {37 / 3.0, -3, 6, 1.1}}};
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -4,7 +4,7 @@
 
 #include "tools/sample/scenario.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// `count` sections of the same width in metres side by side, `behind` metres
 /// behind the antenna.
@@ -14,4 +14,4 @@ ImplementSetup EvenImplement(const std::string& name, int count, double width, d
 /// section between used ones, and a width that no short number shows.
 ImplementSetup OddSpreader();
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -1,6 +1,6 @@
 #include "tools/sample/jobSchema.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 std::string JobSchema() {
   std::string implement =
@@ -28,4 +28,4 @@ std::string JobSchema() {
          "CREATE TABLE VersionChangeTable (gpsWeek integer, gpsMsec integer, sqlite_ver text);\n";
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <utility>
 
-#include "jobstore/sqliteHandles.h"
+#include "jobstore/opening/sqliteHandles.h"
 #include "tools/sample/jobSchema.h"
 #include "tools/sample/sampleError.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 constexpr double kRadiansPerDegree = 0.0174532925199433;
@@ -48,7 +48,7 @@ class Insertion {
                       SQLITE_TRANSIENT);
     return *this;
   }
-  Insertion& Add(GpsKey time) { return Add(time.gpsWeek).Add(time.gpsMsec); }
+  Insertion& Add(jobstore::GpsKey time) { return Add(time.gpsWeek).Add(time.gpsMsec); }
 
   void Insert() {
     bound_ = 0;
@@ -82,7 +82,7 @@ class Connection {
   sqlite3* Get() const { return database_.get(); }
 
  private:
-  DatabasePtr database_;
+  opening::DatabasePtr database_;
 };
 
 }  // namespace
@@ -93,7 +93,7 @@ struct JobWriter::State {
   Connection connection;
   Insertion version{connection.Get(), "VersionChangeTable", 3};
   Insertion reference{connection.Get(), "ReferenceLocationChangeTable", 5};
-  Insertion implement{connection.Get(), "ImplChangeTable", 4 + 4 * kSectionSlots};
+  Insertion implement{connection.Get(), "ImplChangeTable", 4 + 4 * jobstore::kSectionSlots};
   Insertion desired{connection.Get(), "AsAppliedDesRateChangeTable", 5};
   Insertion actual{connection.Get(), "AsAppliedActRateChangeTable", 5};
   Insertion products{connection.Get(), "AsAppliedProductChangeTable", 5};
@@ -103,11 +103,11 @@ struct JobWriter::State {
 JobWriter::JobWriter(const std::string& path) : state_(std::make_unique<State>(path)) {}
 JobWriter::~JobWriter() = default;
 
-void JobWriter::Version(GpsKey time, const std::string& text) {
+void JobWriter::Version(jobstore::GpsKey time, const std::string& text) {
   state_->version.Add(time).Add(text).Insert();
 }
 
-void JobWriter::Reference(const ReferenceRow& row) {
+void JobWriter::Reference(const jobstore::ReferenceRow& row) {
   state_->reference.Add(row.time)
       .Add(row.latitude * kRadiansPerDegree)
       .Add(row.longitude * kRadiansPerDegree)
@@ -115,33 +115,33 @@ void JobWriter::Reference(const ReferenceRow& row) {
       .Insert();
 }
 
-void JobWriter::Implement(const ImplementRow& row) {
+void JobWriter::Implement(const jobstore::ImplementRow& row) {
   Insertion& insertion = state_->implement.Add(row.time).Add(row.name).Add(row.number);
-  for (const Section& section : row.sections) {
+  for (const jobstore::Section& section : row.sections) {
     insertion.Add(section.width).Add(section.xOffset).Add(section.yOffset).Add(section.zOffset);
   }
   insertion.Insert();
 }
 
-void JobWriter::DesiredRates(const RatesRow& row) {
+void JobWriter::DesiredRates(const jobstore::RatesRow& row) {
   state_->desired.Add(row.time);
   for (const double rate : row.rates) state_->desired.Add(rate);
   state_->desired.Insert();
 }
 
-void JobWriter::ActualRates(const RatesRow& row) {
+void JobWriter::ActualRates(const jobstore::RatesRow& row) {
   state_->actual.Add(row.time);
   for (const double rate : row.rates) state_->actual.Add(rate);
   state_->actual.Insert();
 }
 
-void JobWriter::Products(const ProductsRow& row) {
+void JobWriter::Products(const jobstore::ProductsRow& row) {
   state_->products.Add(row.time);
   for (const std::string& name : row.names) state_->products.Add(name);
   state_->products.Insert();
 }
 
-void JobWriter::Epoch(const EpochRow& row) {
+void JobWriter::Epoch(const jobstore::EpochRow& row) {
   state_->epoch.Add(row.time)
       .Add(row.east)
       .Add(row.north)
@@ -157,4 +157,4 @@ void JobWriter::Epoch(const EpochRow& row) {
 
 void JobWriter::Commit() { Execute(state_->connection.Get(), "COMMIT"); }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -5,7 +5,7 @@
 
 #include "jobstore/queries.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Writes a job file the way the console does: all tables, rows in the order they
 /// happen, rollback-journal mode. Everything throws SampleError when it fails.
@@ -17,14 +17,14 @@ class JobWriter {
   JobWriter(const JobWriter&) = delete;
   JobWriter& operator=(const JobWriter&) = delete;
 
-  void Version(GpsKey time, const std::string& text);
+  void Version(jobstore::GpsKey time, const std::string& text);
   /// Latitude and longitude in degrees; stored in radians.
-  void Reference(const ReferenceRow& row);
-  void Implement(const ImplementRow& row);
-  void DesiredRates(const RatesRow& row);
-  void ActualRates(const RatesRow& row);
-  void Products(const ProductsRow& row);
-  void Epoch(const EpochRow& row);
+  void Reference(const jobstore::ReferenceRow& row);
+  void Implement(const jobstore::ImplementRow& row);
+  void DesiredRates(const jobstore::RatesRow& row);
+  void ActualRates(const jobstore::RatesRow& row);
+  void Products(const jobstore::ProductsRow& row);
+  void Epoch(const jobstore::EpochRow& row);
 
   /// Completes the file. Without it, what was written is no use.
   void Commit();
@@ -34,4 +34,4 @@ class JobWriter {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -2,7 +2,7 @@
 
 #include "tools/sample/implements.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 Scenario Planter(std::string_view name, std::string_view description) {
@@ -178,4 +178,4 @@ const std::vector<Scenario>& Scenarios() {
   return scenarios;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -4,9 +4,9 @@
 
 #include "tools/sample/scenario.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Every scenario a sample job can be made of; the first is the usual one.
 const std::vector<Scenario>& Scenarios();
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// A stream of chance that is the same for a seed with every compiler and library
 /// (splitmix64; the standard distributions differ between libraries).
@@ -31,4 +31,4 @@ class Randomness {
   std::uint64_t state_;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

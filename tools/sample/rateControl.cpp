@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 // A damped swing: several seconds to a target, one visible overshoot.
@@ -29,4 +29,4 @@ void RateControl::Tick(double factor, Randomness& chance) {
   }
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

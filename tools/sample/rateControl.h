@@ -6,7 +6,7 @@
 #include "tools/sample/randomness.h"
 #include "tools/sample/scenario.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Rate control that hunts around its level: it overshoots after every change and
 /// never comes quite to rest. Ticks once a second.
@@ -18,13 +18,13 @@ class RateControl {
   void Tick(double factor, Randomness& chance);
 
   /// What the meters show now, in their steps.
-  const std::array<double, kProductSlots>& Shown() const { return shown_; }
+  const std::array<double, jobstore::kProductSlots>& Shown() const { return shown_; }
 
  private:
   const std::vector<Product>* products_;
-  std::array<double, kProductSlots> value_{};
-  std::array<double, kProductSlots> drift_{};
-  std::array<double, kProductSlots> shown_{};
+  std::array<double, jobstore::kProductSlots> value_{};
+  std::array<double, jobstore::kProductSlots> drift_{};
+  std::array<double, jobstore::kProductSlots> shown_{};
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 constexpr std::int32_t kPositionFixed = 8192;
@@ -17,14 +17,14 @@ constexpr double kGpsNoise = 0.008;  // metres
 double WidthOf(const Scenario& scenario) {
   double width = 0;
   if (!scenario.implements.empty()) {
-    for (const Section& section : scenario.implements.front().sections) {
+    for (const jobstore::Section& section : scenario.implements.front().sections) {
       width += std::max(section.width, 0.0);
     }
   }
   return width > 0 ? width : 6;
 }
 
-GpsKey At(std::int64_t milliseconds) {
+jobstore::GpsKey At(std::int64_t milliseconds) {
   return {static_cast<std::int32_t>(milliseconds / kMsecPerWeek),
           static_cast<std::int32_t>(milliseconds % kMsecPerWeek)};
 }
@@ -52,7 +52,7 @@ Recorder::Recorder(const Scenario& scenario, std::int64_t rows, std::uint64_t se
   }
 }
 
-GpsKey Recorder::Now() const { return At(now_); }
+jobstore::GpsKey Recorder::Now() const { return At(now_); }
 
 double Recorder::Prescription() const {
   static constexpr std::array<double, 4> kZones{1, 1.15, 0.85, 1.05};
@@ -145,7 +145,7 @@ void Recorder::WriteReference() {
 
 void Recorder::WriteImplement() {
   const ImplementSetup& setup = scenario_.implements[implement_];
-  ImplementRow row;
+  jobstore::ImplementRow row;
   row.time = Now();
   row.name = setup.name;
   row.number = setup.number;
@@ -155,7 +155,7 @@ void Recorder::WriteImplement() {
 }
 
 void Recorder::WriteProducts() {
-  ProductsRow row;
+  jobstore::ProductsRow row;
   row.time = Now();
   for (std::size_t slot = 0; slot < scenario_.products.size(); ++slot) {
     row.names[slot] = scenario_.products[slot].name;
@@ -167,7 +167,7 @@ void Recorder::WriteProducts() {
 }
 
 void Recorder::WriteDesiredRates(double factor) {
-  RatesRow row;
+  jobstore::RatesRow row;
   row.time = Now();
   bool any = false;
   for (std::size_t slot = 0; slot < scenario_.products.size(); ++slot) {
@@ -190,13 +190,13 @@ void Recorder::RunRateControl() {
 }
 
 void Recorder::RecordEpoch() {
-  EpochRow row = Measure();
+  jobstore::EpochRow row = Measure();
   const bool fixed = epochs_ >= kRowsBeforeFix && !chance_.Chance(scenario_.dropouts) &&
                      (scenario_.turnsTakePart || !vehicle_.CurrentLeg().turn);
   begins_ = vehicle_.TakeBegins() || begins_;
   row.type = kGpsEpoch;
   if (fixed) {
-    row.type |= kPositionFixed | (begins_ ? EpochRow::kNewStretch : 0);
+    row.type |= kPositionFixed | (begins_ ? jobstore::EpochRow::kNewStretch : 0);
     begins_ = false;
     ++written_;
   }
@@ -204,11 +204,11 @@ void Recorder::RecordEpoch() {
   ++epochs_;
 }
 
-EpochRow Recorder::Measure() {
+jobstore::EpochRow Recorder::Measure() {
   const Pose pose = vehicle_.Here();
   const bool still = vehicle_.Holding() && scenario_.frozenWhenStopped;
   const auto noise = [&](double size) { return still ? 0 : chance_.Noise() * size; };
-  EpochRow row;
+  jobstore::EpochRow row;
   row.time = Now();
   row.east = Stepped(pose.place.east - origin_.east + noise(kGpsNoise), 1e4);
   row.north = Stepped(pose.place.north - origin_.north + noise(kGpsNoise), 1e4);
@@ -246,4 +246,4 @@ void Recorder::GoOn() {
   if (gap > 0) now_ += static_cast<std::int64_t>(gap) * 1000;
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -10,7 +10,7 @@
 #include "tools/sample/scenario.h"
 #include "tools/sample/vehicle.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Plays the console: drives through a scenario and records it into a job.
 class Recorder {
@@ -22,7 +22,7 @@ class Recorder {
   void Run();
 
  private:
-  GpsKey Now() const;
+  jobstore::GpsKey Now() const;
   double Prescription() const;
   bool Due(std::int64_t every, std::int64_t at) const;
 
@@ -38,7 +38,7 @@ class Recorder {
   void WriteDesiredRates(double factor);
   void RunRateControl();
   void RecordEpoch();
-  EpochRow Measure();
+  jobstore::EpochRow Measure();
   std::int32_t SectionsOn(const Pose& pose) const;
   void GoOn();
 
@@ -62,7 +62,7 @@ class Recorder {
   std::int64_t changedAt_ = -1;  ///< the row whose changes were made
   bool refilling_ = false;
   bool begins_ = true;
-  std::array<double, kProductSlots> shown_{};
+  std::array<double, jobstore::kProductSlots> shown_{};
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// A sample job that could not be made: no such profile, the file is there already,
 /// or what SQLite or the system says, the path in front.
@@ -11,4 +11,4 @@ class SampleError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -3,12 +3,12 @@
 #include <filesystem>
 #include <vector>
 
-#include "jobstore/utf8Path.h"
+#include "base/utf8Path.h"
 #include "tools/sample/jobWriter.h"
 #include "tools/sample/profiles.h"
 #include "tools/sample/recorder.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 namespace fs = std::filesystem;
@@ -33,7 +33,7 @@ class HalfMade {
  private:
   void Remove() const {
     std::error_code ignored;
-    fs::remove(PathOf(path_), ignored);
+    fs::remove(base::PathOf(path_), ignored);
   }
 
   std::string path_;
@@ -47,7 +47,7 @@ void Record(const std::string& path, const SampleOptions& options) {
 }
 
 void RefuseExisting(const std::string& path, const SampleOptions& options) {
-  if (!options.force && fs::exists(fs::symlink_status(PathOf(path)))) {
+  if (!options.force && fs::exists(fs::symlink_status(base::PathOf(path)))) {
     throw SampleError("is there already");
   }
 }
@@ -71,7 +71,7 @@ void MakeSampleJob(const std::string& path, const SampleOptions& options) {
     const HalfMade half(path);
     Record(half.Path(), options);
     RefuseExisting(path, options);
-    fs::rename(PathOf(half.Path()), PathOf(path));
+    fs::rename(base::PathOf(half.Path()), base::PathOf(path));
   } catch (const SampleError& error) {
     throw SampleError(path + ": " + error.what());
   } catch (const fs::filesystem_error& error) {
@@ -79,4 +79,4 @@ void MakeSampleJob(const std::string& path, const SampleOptions& options) {
   }
 }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

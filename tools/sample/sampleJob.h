@@ -7,7 +7,7 @@
 
 #include "tools/sample/sampleError.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// What a sample job is to be like.
 struct SampleOptions {
@@ -34,4 +34,4 @@ std::span<const SampleProfile> SampleProfiles();
 /// not at all. Throws SampleError.
 void MakeSampleJob(const std::string& path, const SampleOptions& options);
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

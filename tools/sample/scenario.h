@@ -10,7 +10,7 @@
 #include "jobstore/queries.h"
 #include "tools/sample/field.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 inline constexpr std::int64_t kMsecPerWeek = 604800000;
 
@@ -32,7 +32,7 @@ enum class Turn {
 struct ImplementSetup {
   std::string name;
   double number = 0;
-  std::vector<Section> sections;
+  std::vector<jobstore::Section> sections;
 };
 
 /// What a product slot holds and how its rate behaves.
@@ -55,7 +55,7 @@ struct Scenario {
   double latitude = 41.93;  ///< degrees
   double longitude = -93.61;
   double altitude = 310;
-  GpsKey start{1345, 205200000};
+  jobstore::GpsKey start{1345, 205200000};
   bool crossesWeek = false;  ///< `start` moves so that the week ends on the way
 
   Pattern pattern = Pattern::kField;
@@ -82,4 +82,4 @@ struct Scenario {
   std::int64_t stopRows = 4000;    ///< rows between short stops
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-namespace kestrin {
+namespace kestrin::sample {
 
 Vehicle::Vehicle(const Drive& drive) : drive_(&drive) {
   double west = 0, east = 0;
@@ -65,4 +65,4 @@ bool Vehicle::TakeBegins() { return std::exchange(begins_, false); }
 
 double Vehicle::TakeGap() { return std::exchange(gap_, 0); }
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

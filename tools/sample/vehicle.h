@@ -2,7 +2,7 @@
 
 #include "tools/sample/drive.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 
 /// Drives a plan; starts over beside the field when it is done.
 class Vehicle {
@@ -44,4 +44,4 @@ class Vehicle {
   double gap_ = 0;
 };
 
-}  // namespace kestrin
+}  // namespace kestrin::sample

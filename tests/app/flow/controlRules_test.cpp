@@ -5,7 +5,7 @@
 
 #include "tests/app/flow/recordingWindow.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 using testing::ElementsAre;
@@ -117,4 +117,4 @@ TEST(Controls, AreNamedWithTheirIndex) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

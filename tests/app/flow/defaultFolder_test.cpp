@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "export/nameKey.h"
+#include "base/nameKey.h"
 #include "tests/app/flow/recordingWindow.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 using testing::ElementsAre;
@@ -50,7 +50,7 @@ TEST_F(DefaultFolder, AJobInASubfolderDoesNotCount) {
 TEST_F(DefaultFolder, AnyNameCountsAndLettersCaseWhereItDoesInNames) {
   window.drives = {{"/media/a", kRemovable, kReady}, {"/media/b", kRemovable, kReady}};
   window.filesIn = {{"/media/a/", {"X.SQLite"}}, {"/media/b/", {".sqlite"}}};
-  const bool oneName = NameKey("X.SQLite") == NameKey("x.sqlite");
+  const bool oneName = base::NameKey("X.SQLite") == base::NameKey("x.sqlite");
   EXPECT_EQ(Find(), oneName ? "/media/a/" : "/media/b/");
 }
 
@@ -61,4 +61,4 @@ TEST_F(DefaultFolder, ARootThatEndsInASeparatorGetsNoSecondOne) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -4,7 +4,8 @@
 namespace kestrin::test {
 namespace {
 
-ExportOutcome MakeSet(const std::string& basePath, const std::string&, ExportRun& run) {
+exports::ExportOutcome MakeSet(const std::string& basePath, const std::string&,
+                               exports::ExportRun& run) {
   run.host.CountRow();
   run.host.Yield();
   dynamic_cast<MemoryFiles&>(run.files).AddSet(basePath);
@@ -13,14 +14,14 @@ ExportOutcome MakeSet(const std::string& basePath, const std::string&, ExportRun
 
 }  // namespace
 
-const ExportCommands::Kinds FlowTest::kKinds{{{"wire", "_WIRE", MakeSet},
-                                              {"boom", "_BOOM", MakeSet},
-                                              {"poly", "_POLY", MakeSet},
-                                              {"point", "_POINT", MakeSet}}};
+const flow::ExportCommands::Kinds FlowTest::kKinds{{{"wire", "_WIRE", MakeSet},
+                                                    {"boom", "_BOOM", MakeSet},
+                                                    {"poly", "_POLY", MakeSet},
+                                                    {"point", "_POINT", MakeSet}}};
 
 FlowTest::FlowTest()
     : flow({window, window, window, picture, files, window, window, window}, {1, 2, 3}, kKinds) {
-  flow.Form_Load(WithOwnSeparators("/opt/kestrin"), 0);
+  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin"), 0);
   window.Take();
 }
 

@@ -36,9 +36,9 @@ class FlowTest : public testing::Test {
   RecordingPicture picture;
   MemoryFiles files;
   /// The kinds' procedures add a row and make their set.
-  static const ExportCommands::Kinds kKinds;
-  MainFlow flow;
-  WindowState& state = flow.State();
+  static const flow::ExportCommands::Kinds kKinds;
+  flow::MainFlow flow;
+  flow::WindowState& state = flow.State();
 };
 
 }  // namespace kestrin::test

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "jobstore/blanks.h"
+#include "base/text.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 TEST(FormatVersion, ItsOwnFormatIsCompatible) {
@@ -61,12 +61,5 @@ TEST(FormatVersion, NumbersAreReadAsPeopleWriteThem) {
   EXPECT_EQ(CompareFormat("3.2.8-1.4"), FormatAge::kCompatible);
 }
 
-TEST(FormatVersion, OnlyBlanksAreTrimmed) {
-  EXPECT_EQ(TrimmedBlanks("  3.2.8-1 "), "3.2.8-1");
-  EXPECT_EQ(TrimmedBlanks("   "), "");
-  EXPECT_EQ(TrimmedBlanks(""), "");
-  EXPECT_EQ(TrimmedBlanks("\t3.2.8-1"), "\t3.2.8-1");
-}
-
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

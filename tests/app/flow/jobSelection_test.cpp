@@ -6,7 +6,7 @@
 #include "tests/app/flow/flowTest.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 using testing::Contains;
@@ -15,7 +15,7 @@ using testing::Not;
 using testing::StartsWith;
 
 struct Selection : test::FlowTest {
-  std::string Folder() const { return WithOwnSeparators(folder.Path().string() + "/"); }
+  std::string Folder() const { return base::WithOwnSeparators(folder.Path().string() + "/"); }
 
   void SelectVersion(const std::string& version) {
     test::JobBuilder job(folder / "job.sqlite");
@@ -27,21 +27,21 @@ struct Selection : test::FlowTest {
 
 TEST_F(Selection, StartsInTheProgramsFolder) {
   flow.Command3_Click();
-  EXPECT_EQ(window.request.folder, WithOwnSeparators("/opt/kestrin/"));
-  EXPECT_EQ(state.job.jobFolder, WithOwnSeparators("/opt/kestrin/"));
+  EXPECT_EQ(window.request.folder, base::WithOwnSeparators("/opt/kestrin/"));
+  EXPECT_EQ(state.job.jobFolder, base::WithOwnSeparators("/opt/kestrin/"));
 }
 
 TEST_F(Selection, StartsOnARemovableDriveWithAJob) {
-  window.drives = {{WithOwnSeparators("/media/stick"), true, true}};
-  window.filesIn = {{WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
+  window.drives = {{base::WithOwnSeparators("/media/stick"), true, true}};
+  window.filesIn = {{base::WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
   flow.Command3_Click();
-  EXPECT_EQ(window.request.folder, WithOwnSeparators("/media/stick/"));
+  EXPECT_EQ(window.request.folder, base::WithOwnSeparators("/media/stick/"));
 }
 
 TEST_F(Selection, StartsWhereTheLastJobWasFound) {
   Select("a.sqlite");
-  window.drives = {{WithOwnSeparators("/media/stick"), true, true}};
-  window.filesIn = {{WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
+  window.drives = {{base::WithOwnSeparators("/media/stick"), true, true}};
+  window.filesIn = {{base::WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
   flow.Command3_Click();
   EXPECT_EQ(window.request.folder, Folder());
   EXPECT_THAT(window.CallsBeginning("FilesIn"), testing::IsEmpty());
@@ -112,14 +112,14 @@ TEST_F(Selection, NamesTheExportFolderByTheNewestEpoch) {
   Select("North.Field.sqlite");
   EXPECT_EQ(state.job.dateText, "1999Aug22");
   EXPECT_EQ(state.job.exportFolder,
-            WithOwnSeparators("/opt/kestrin/TrevaskData/North_Field/1999Aug22"));
-  EXPECT_EQ(state.lastGpsTime, LocalTimeOf({0, 2000}, 0));
+            base::WithOwnSeparators("/opt/kestrin/TrevaskData/North_Field/1999Aug22"));
+  EXPECT_EQ(state.lastGpsTime, geo::LocalTimeOf({0, 2000}, 0));
 }
 
 TEST_F(Selection, TheZoneMovesTheLastTime) {
   state.timeZoneOffset = -300;
   Select("a.sqlite");
-  EXPECT_EQ(state.lastGpsTime, LocalTimeOf({0, 2000}, -300));
+  EXPECT_EQ(state.lastGpsTime, geo::LocalTimeOf({0, 2000}, -300));
   EXPECT_EQ(state.job.dateText, "1999Aug21");
 }
 
@@ -208,7 +208,7 @@ TEST_F(Selection, AFileThatIsNoJobIsNotShownAndNotSpokenOf) {
   flow.Command3_Click();
   EXPECT_EQ(window.CallsBeginning("Show").size(), 0U);
   EXPECT_EQ(state.preview.jobPath, "");
-  EXPECT_EQ(state.job.exportFolder, WithOwnSeparators("/opt/kestrin/TrevaskData/a/"));
+  EXPECT_EQ(state.job.exportFolder, base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/"));
   EXPECT_THAT(window.calls, Contains("Label1_0.Caption = "));
   EXPECT_EQ(window.captions.at("Label5"), "");
 }
@@ -249,10 +249,10 @@ TEST_F(Selection, DrawsThePreviewBeforeItTellsWhichSetsExist) {
 }
 
 TEST_F(Selection, TellsWhichSetsExist) {
-  files.AddSet(WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_BOOM"));
-  files.AddSet(WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT"));
+  files.AddSet(base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_BOOM"));
+  files.AddSet(base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT"));
   files.names.erase(
-      WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT.dbf"));
+      base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT.dbf"));
   Select("a.sqlite");
   EXPECT_THAT(state.job.shapeExists, ElementsAre(false, true, false, false));
   EXPECT_EQ(window.captions.at("Label1_0"), "");
@@ -264,7 +264,8 @@ TEST_F(Selection, TellsWhichSetsExist) {
 }
 
 TEST_F(Selection, TestsShpThenShxThenDbfAndStopsAtTheFirstMissing) {
-  const std::string base = WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22");
+  const std::string base =
+      base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22");
   files.names.insert(base + "_WIRE.shp");
   Select("a.sqlite");
   ASSERT_GE(files.asked.size(), 6U);
@@ -278,12 +279,12 @@ TEST_F(Selection, CancellingPassesThroughAndTouchesNothingMore) {
   Choose(FillJob(job));
   window.onYield = [this] {
     window.Take();
-    throw RunCancelled();
+    throw base::RunCancelled();
   };
-  EXPECT_THROW(flow.Command3_Click(), RunCancelled);
+  EXPECT_THROW(flow.Command3_Click(), base::RunCancelled);
   EXPECT_THAT(window.Take(), testing::IsEmpty());
   EXPECT_EQ(state.preview.jobPath, "");
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

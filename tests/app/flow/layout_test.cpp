@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 /// A window with bars of 17 pixels.
@@ -96,4 +96,4 @@ TEST(Screen, AWindowTakesAllOfASmallScreen) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

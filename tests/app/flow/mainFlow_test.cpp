@@ -6,7 +6,7 @@
 #include "tests/app/flow/flowTest.h"
 #include "tests/support/tempFolder.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 using testing::Contains;
@@ -18,30 +18,30 @@ struct Exporting : test::FlowTest {};
 struct Printing : test::FlowTest {};
 
 TEST_F(StartUp, SetsLabelsFoldersAndFlags) {
-  flow.Form_Load(WithOwnSeparators("/opt/kestrin"), -300);
+  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin"), -300);
   EXPECT_THAT(window.Take(),
               ElementsAre("Label4.Caption = Kestrin Version  1.2.3", "Label1_0.Caption = ",
                           "Label1_1.Caption = ", "Label1_2.Caption = ", "Label1_3.Caption = "));
-  EXPECT_EQ(state.applicationFolder, WithOwnSeparators("/opt/kestrin/"));
-  EXPECT_EQ(state.dataFolder, WithOwnSeparators("/opt/kestrin/TrevaskData/"));
+  EXPECT_EQ(state.applicationFolder, base::WithOwnSeparators("/opt/kestrin/"));
+  EXPECT_EQ(state.dataFolder, base::WithOwnSeparators("/opt/kestrin/TrevaskData/"));
   EXPECT_EQ(state.timeZoneOffset, -300);
   EXPECT_TRUE(state.job.idle);
   EXPECT_EQ(state.preview.jobPath, "");
 }
 
 TEST_F(StartUp, MakesTheDataFolderOnly) {
-  EXPECT_THAT(files.made, ElementsAre(WithOwnSeparators("/opt/kestrin/TrevaskData")));
+  EXPECT_THAT(files.made, ElementsAre(base::WithOwnSeparators("/opt/kestrin/TrevaskData")));
 }
 
 TEST_F(StartUp, TwiceIsNoFailure) {
-  flow.Form_Load(WithOwnSeparators("/opt/kestrin/"), 0);
-  EXPECT_EQ(state.applicationFolder, WithOwnSeparators("/opt/kestrin/"));
+  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin/"), 0);
+  EXPECT_EQ(state.applicationFolder, base::WithOwnSeparators("/opt/kestrin/"));
 }
 
 TEST_F(StartUp, GoesOnWhenTheDataFolderCannotBeMade) {
-  files.refused.insert(WithOwnSeparators("/usr/lib/kestrin/TrevaskData"));
-  EXPECT_NO_THROW(flow.Form_Load(WithOwnSeparators("/usr/lib/kestrin"), 0));
-  EXPECT_EQ(state.dataFolder, WithOwnSeparators("/usr/lib/kestrin/TrevaskData/"));
+  files.refused.insert(base::WithOwnSeparators("/usr/lib/kestrin/TrevaskData"));
+  EXPECT_NO_THROW(flow.Form_Load(base::WithOwnSeparators("/usr/lib/kestrin"), 0));
+  EXPECT_EQ(state.dataFolder, base::WithOwnSeparators("/usr/lib/kestrin/TrevaskData/"));
   EXPECT_THAT(window.CallsBeginning("Label1"), testing::SizeIs(4));
 }
 
@@ -52,7 +52,7 @@ TEST_F(StartUp, TheZeroDateIs30December1899) {
 
 TEST_F(Exporting, AKindGoesFromItsButtonToItsProcedure) {
   Select("a.sqlite");
-  window.chosen = WithOwnSeparators("/out/b.shp");
+  window.chosen = base::WithOwnSeparators("/out/b.shp");
   bool seen = false;
   window.onYield = [&] {
     seen = true;
@@ -71,12 +71,12 @@ TEST_F(Exporting, AKindGoesFromItsButtonToItsProcedure) {
   EXPECT_EQ(window.backColors.at("Command1_1"), 0x00FF00U);
   EXPECT_TRUE(window.enabled.at("Frame2"));
   EXPECT_FALSE(window.visible.at("Shape2"));
-  EXPECT_EQ(files.names.count(WithOwnSeparators("/out/b.shp")), 1U);
+  EXPECT_EQ(files.names.count(base::WithOwnSeparators("/out/b.shp")), 1U);
 }
 
 TEST_F(Exporting, NothingStartsASecondExport) {
   Select("a.sqlite");
-  window.chosen = WithOwnSeparators("/out/b.shp");
+  window.chosen = base::WithOwnSeparators("/out/b.shp");
   int dialogs = 0;
   window.onYield = [&] {
     flow.Command1_Click(0);
@@ -90,7 +90,7 @@ TEST_F(Exporting, NothingStartsASecondExport) {
 
 TEST_F(Exporting, CreateAllTurnsGreenAndBackByItsTimer) {
   Select("a.sqlite");
-  window.chosen = WithOwnSeparators("/out/b.shp");
+  window.chosen = base::WithOwnSeparators("/out/b.shp");
   flow.Command2_Click();
   EXPECT_EQ(window.backColors.at("Command2"), 0x00FF00U);
   EXPECT_TRUE(window.enabled.at("Timer2"));
@@ -101,9 +101,9 @@ TEST_F(Exporting, CreateAllTurnsGreenAndBackByItsTimer) {
 
 TEST_F(Exporting, CancellingLeavesTheIdleFlagFalse) {
   Select("a.sqlite");
-  window.chosen = WithOwnSeparators("/out/b.shp");
-  window.onYield = [] { throw RunCancelled(); };
-  EXPECT_THROW(flow.Command2_Click(), RunCancelled);
+  window.chosen = base::WithOwnSeparators("/out/b.shp");
+  window.onYield = [] { throw base::RunCancelled(); };
+  EXPECT_THROW(flow.Command2_Click(), base::RunCancelled);
   EXPECT_FALSE(state.job.idle);
   EXPECT_FALSE(window.enabled.at("Frame2"));
 }
@@ -152,4 +152,4 @@ TEST_F(Printing, EveryStepThatFailsIsSkippedInSilence) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

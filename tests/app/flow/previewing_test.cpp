@@ -3,7 +3,7 @@
 
 #include "tests/app/flow/flowTest.h"
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 using testing::Contains;
@@ -116,8 +116,8 @@ TEST_F(Previewing, AJobThatCannotBePreviewedIsNotLoaded) {
 
 TEST_F(Previewing, CancellingAnOptionsPreviewPassesThrough) {
   Select("a.sqlite");
-  window.onYield = [] { throw RunCancelled(); };
-  EXPECT_THROW(flow.Option1_Click(0), RunCancelled);
+  window.onYield = [] { throw base::RunCancelled(); };
+  EXPECT_THROW(flow.Option1_Click(0), base::RunCancelled);
   EXPECT_FALSE(window.enabled.at("Frame1"));
 }
 
@@ -146,4 +146,4 @@ TEST_F(Previewing, ATickWithoutATotalLeavesTheBar) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

@@ -22,38 +22,38 @@ std::string Number(double value) {
 
 }  // namespace
 
-void RecordingWindow::SetEnabled(ControlId id, bool value) {
-  enabled[NameOf(id)] = value;
-  Add(NameOf(id) + ".Enabled = " + Text(value));
+void RecordingWindow::SetEnabled(flow::ControlId id, bool value) {
+  enabled[flow::NameOf(id)] = value;
+  Add(flow::NameOf(id) + ".Enabled = " + Text(value));
 }
 
-void RecordingWindow::SetVisible(ControlId id, bool value) {
-  visible[NameOf(id)] = value;
-  Add(NameOf(id) + ".Visible = " + Text(value));
+void RecordingWindow::SetVisible(flow::ControlId id, bool value) {
+  visible[flow::NameOf(id)] = value;
+  Add(flow::NameOf(id) + ".Visible = " + Text(value));
 }
 
-void RecordingWindow::SetCaption(ControlId id, const std::string& caption) {
-  captions[NameOf(id)] = caption;
-  Add(NameOf(id) + ".Caption = " + caption);
+void RecordingWindow::SetCaption(flow::ControlId id, const std::string& caption) {
+  captions[flow::NameOf(id)] = caption;
+  Add(flow::NameOf(id) + ".Caption = " + caption);
 }
 
-std::string RecordingWindow::Caption(ControlId id) const {
-  const auto found = captions.find(NameOf(id));
+std::string RecordingWindow::Caption(flow::ControlId id) const {
+  const auto found = captions.find(flow::NameOf(id));
   return found == captions.end() ? "" : found->second;
 }
 
-void RecordingWindow::SetBackColor(ControlId id, std::uint32_t bgr) {
-  backColors[NameOf(id)] = bgr;
-  Add(NameOf(id) + ".BackColor = " + Colour(bgr));
+void RecordingWindow::SetBackColor(flow::ControlId id, std::uint32_t bgr) {
+  backColors[flow::NameOf(id)] = bgr;
+  Add(flow::NameOf(id) + ".BackColor = " + Colour(bgr));
 }
 
-void RecordingWindow::SetWidth(ControlId id, double width) {
-  widths[NameOf(id)] = width;
-  Add(NameOf(id) + ".Width = " + Number(width));
+void RecordingWindow::SetWidth(flow::ControlId id, double width) {
+  widths[flow::NameOf(id)] = width;
+  Add(flow::NameOf(id) + ".Width = " + Number(width));
 }
 
-double RecordingWindow::Width(ControlId id) const {
-  const auto found = widths.find(NameOf(id));
+double RecordingWindow::Width(flow::ControlId id) const {
+  const auto found = widths.find(flow::NameOf(id));
   return found == widths.end() ? 0 : found->second;
 }
 
@@ -72,13 +72,13 @@ void RecordingWindow::Yield() {
   if (onYield) onYield();
 }
 
-std::optional<std::string> RecordingWindow::OpenFile(const FileRequest& asked) {
+std::optional<std::string> RecordingWindow::OpenFile(const flow::FileRequest& asked) {
   Add("OpenFile");
   request = asked;
   return chosen;
 }
 
-std::optional<std::string> RecordingWindow::SaveFile(const FileRequest& asked) {
+std::optional<std::string> RecordingWindow::SaveFile(const flow::FileRequest& asked) {
   Add("SaveFile");
   request = asked;
   return chosen;
@@ -94,7 +94,7 @@ std::vector<std::string> RecordingWindow::FilesIn(const std::string& folder) {
   return filesIn[folder];
 }
 
-MonthNames RecordingWindow::AbbreviatedMonths() {
+geo::MonthNames RecordingWindow::AbbreviatedMonths() {
   return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 }
 

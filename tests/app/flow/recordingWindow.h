@@ -13,21 +13,21 @@ namespace kestrin::test {
 
 /// A window's controls, event loop, dialogs, drives, dates and job sheet, all in
 /// one: keeps what is done to it, in order and as texts, and answers as told.
-class RecordingWindow : public Controls,
-                        public Events,
-                        public Dialogs,
-                        public Drives,
-                        public DateStyle,
-                        public JobSheet {
+class RecordingWindow : public flow::Controls,
+                        public flow::Events,
+                        public flow::Dialogs,
+                        public platform::Drives,
+                        public flow::DateStyle,
+                        public flow::JobSheet {
  public:
   // Controls: "Command1_2.Enabled = true". State is kept as well.
-  void SetEnabled(ControlId id, bool enabled) override;
-  void SetVisible(ControlId id, bool visible) override;
-  void SetCaption(ControlId id, const std::string& caption) override;
-  std::string Caption(ControlId id) const override;
-  void SetBackColor(ControlId id, std::uint32_t bgr) override;
-  void SetWidth(ControlId id, double width) override;
-  double Width(ControlId id) const override;
+  void SetEnabled(flow::ControlId id, bool enabled) override;
+  void SetVisible(flow::ControlId id, bool visible) override;
+  void SetCaption(flow::ControlId id, const std::string& caption) override;
+  std::string Caption(flow::ControlId id) const override;
+  void SetBackColor(flow::ControlId id, std::uint32_t bgr) override;
+  void SetWidth(flow::ControlId id, double width) override;
+  double Width(flow::ControlId id) const override;
   int SelectedOption1() const override { return selected; }
   void SelectOption1(int index) override;
 
@@ -36,8 +36,8 @@ class RecordingWindow : public Controls,
   void Yield() override;
 
   // Dialogs
-  std::optional<std::string> OpenFile(const FileRequest& asked) override;
-  std::optional<std::string> SaveFile(const FileRequest& asked) override;
+  std::optional<std::string> OpenFile(const flow::FileRequest& asked) override;
+  std::optional<std::string> SaveFile(const flow::FileRequest& asked) override;
   void ShowMessage(const std::string& text) override { Add("ShowMessage " + text); }
   void ShowWarning(const std::string& title, const std::string& text) override {
     Add("ShowWarning [" + title + "] " + text);
@@ -46,11 +46,11 @@ class RecordingWindow : public Controls,
   std::string DocumentsFolder() override { return "/home/user/Documents"; }
 
   // Drives
-  std::vector<Drive> List() override { return drives; }
+  std::vector<platform::Drive> List() override { return drives; }
   std::vector<std::string> FilesIn(const std::string& folder) override;
 
   // DateStyle: English month names, dates as year-month-day.
-  MonthNames AbbreviatedMonths() override;
+  geo::MonthNames AbbreviatedMonths() override;
   std::string ShortDate(std::chrono::year_month_day date) override;
 
   // JobSheet
@@ -78,9 +78,9 @@ class RecordingWindow : public Controls,
   std::vector<std::string> calls;
   int selected = -1;
   std::optional<std::string> chosen;
-  FileRequest request;
+  flow::FileRequest request;
   bool yes = true;
-  std::vector<Drive> drives;
+  std::vector<platform::Drive> drives;
   std::map<std::string, std::vector<std::string>> filesIn;
   int yields = 0;
   std::function<void()> onEvents;

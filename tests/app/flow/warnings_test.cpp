@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kestrin {
+namespace kestrin::flow {
 namespace {
 
 TEST(Warnings, UnknownFormatWordForWord) {
@@ -29,4 +29,4 @@ TEST(Warnings, TheVersionLabelHasTwoBlanks) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::flow

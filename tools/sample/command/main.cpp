@@ -5,7 +5,7 @@
 
 #include "tools/sample/sampleJob.h"
 
-namespace kestrin {
+namespace kestrin::sample {
 namespace {
 
 enum ExitCode { kMade = 0, kNotMade = 1, kWrongUsage = 2 };
@@ -59,13 +59,13 @@ int Run(int argc, char** argv) {
 }
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::sample
 
 int main(int argc, char** argv) {
   try {
-    return kestrin::Run(argc, argv);
+    return kestrin::sample::Run(argc, argv);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "kestrin-sample: %s\n", error.what());
-    return kestrin::kNotMade;
+    return kestrin::sample::kNotMade;
   }
 }

@@ -1,9 +1,0 @@
-#pragma once
-
-namespace kestrin {
-
-/// Makes assistive tools see the window's buttons and options as what the user can
-/// do with them: behind a closed frame they are disabled, and take no action.
-void InstallAccessibleButtons();
-
-}  // namespace kestrin

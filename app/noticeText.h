@@ -1,8 +1,0 @@
-#pragma once
-
-namespace kestrin {
-
-/// The notice in the window and on the job sheet.
-inline constexpr const char* kNoticeText = "Kestrin: job viewer and shape file exporter";
-
-}  // namespace kestrin

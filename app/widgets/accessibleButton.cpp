@@ -1,0 +1,72 @@
+#include "app/widgets/accessibleButton.h"
+
+#include <QAccessibleWidget>
+
+#include "app/widgets/buttons.h"
+#include "app/widgets/frame.h"
+
+namespace kestrin::widgets {
+
+namespace {
+
+class AccessibleButton : public QAccessibleWidget {
+ public:
+  AccessibleButton(QAbstractButton* button, QAccessible::Role role)
+      : QAccessibleWidget(button, role), button_(button) {}
+
+  QString text(QAccessible::Text kind) const override {
+    const QString text = QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name && text.isEmpty() ? button_->text() : text;
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = button_->isCheckable();
+    state.checked = button_->isChecked();
+    state.pressed = button_->isDown();
+    if (!InputReaches(*button_)) {
+      state.disabled = true;
+      state.focusable = false;
+    }
+    return state;
+  }
+
+  QStringList actionNames() const override {
+    if (state().disabled) return {};
+    return {Action(), setFocusAction()};
+  }
+
+  void doAction(const QString& action) override {
+    if (state().disabled) return;
+    if (action == pressAction() || action == toggleAction())
+      button_->click();
+    else
+      QAccessibleWidget::doAction(action);
+  }
+
+  QStringList keyBindingsForAction(const QString& action) const override {
+    const QString keys = button_->shortcut().toString();
+    return action == Action() && !keys.isEmpty() ? QStringList{keys} : QStringList{};
+  }
+
+ private:
+  QString Action() const { return button_->isCheckable() ? toggleAction() : pressAction(); }
+
+  QAbstractButton* button_;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+  if (auto* button = qobject_cast<GraphicalButton*>(object)) {
+    return new AccessibleButton(button, QAccessible::PushButton);
+  }
+  if (auto* option = qobject_cast<OptionButton*>(object)) {
+    return new AccessibleButton(option, QAccessible::RadioButton);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void InstallAccessibleButtons() { QAccessible::installFactory(MakeAccessible); }
+
+}  // namespace kestrin::widgets

@@ -1,0 +1,91 @@
+#include "app/widgets/buttons.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include "app/widgets/colours.h"
+#include "app/widgets/fonts.h"
+#include "app/widgets/frame.h"
+
+namespace kestrin::widgets {
+
+ClickGuard::ClickGuard(QAbstractButton& button) : button_(button) {
+  QObject::connect(&button, &QAbstractButton::pressed, &button,
+                   [this] { pressedInReach_ = InputReaches(button_); });
+}
+
+bool ClickGuard::Accepts() const { return pressedInReach_ && InputReaches(button_); }
+
+GraphicalButton::GraphicalButton(const QString& caption, QWidget* parent)
+    : QAbstractButton(parent), guard_(*this) {
+  setText(caption);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+  connect(this, &QAbstractButton::clicked, this, [this] {
+    if (guard_.Accepts()) emit Chosen();
+  });
+}
+
+void GraphicalButton::SetBackground(std::optional<QColor> colour) {
+  background_ = colour;
+  update();
+}
+
+QColor GraphicalButton::ShownBackground() const {
+  return background_.value_or(palette().color(QPalette::Active, QPalette::Button));
+}
+
+QColor GraphicalButton::ShownText() const {
+  const QColor face = ShownBackground();
+  const QColor lively =
+      background_ ? TextOn(face) : palette().color(QPalette::Active, QPalette::ButtonText);
+  if (isEnabled()) return lively;
+  const auto halfway = [](int one, int other) { return (one + other) / 2; };
+  return {halfway(lively.red(), face.red()), halfway(lively.green(), face.green()),
+          halfway(lively.blue(), face.blue())};
+}
+
+QSize GraphicalButton::sizeHint() const { return {105, 41}; }
+
+void GraphicalButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QColor face = ShownBackground();
+  const QColor text = ShownText();
+  if (isDown())
+    face = face.darker(115);
+  else if (underMouse() && isEnabled() && InputReaches(*this))
+    face = face.lighter(104);
+  const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const bool dark = face.lightness() < 128;
+  QLinearGradient shade(edge.topLeft(), edge.bottomLeft());
+  shade.setColorAt(0, isDown() ? face : face.lighter(dark ? 115 : 104));
+  shade.setColorAt(1, isDown() ? face : face.darker(106));
+  painter.setPen(dark ? face.lighter(180) : face.darker(isEnabled() ? 190 : 140));
+  painter.setBrush(shade);
+  painter.drawRoundedRect(edge, 3, 3);
+  if (hasFocus()) {
+    QPen dots(text, 1, Qt::DotLine);
+    painter.setPen(dots);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(edge.adjusted(3, 3, -3, -3));
+  }
+  constexpr int kMargin = 4;
+  const QRect inside = rect().adjusted(kMargin, 0, -kMargin, 0);
+  painter.setFont(Fitted(font(), this->text(), inside.width()));
+  painter.setPen(text);
+  painter.drawText(inside.translated(0, isDown() ? 1 : 0), Qt::AlignCenter, this->text());
+}
+
+OptionButton::OptionButton(const QString& caption, QWidget* parent)
+    : QRadioButton(caption, parent), guard_(*this) {
+  connect(this, &QAbstractButton::clicked, this, [this] {
+    if (guard_.Accepts()) emit Chosen();
+  });
+}
+
+void OptionButton::nextCheckState() {
+  if (guard_.Accepts()) QRadioButton::nextCheckState();
+}
+
+}  // namespace kestrin::widgets

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+#include <QRadioButton>
+#include <optional>
+
+namespace kestrin::widgets {
+
+/// Whether a press that began counts as a click: only when its button could be
+/// reached at the press and at the click, also when neither came by mouse or key.
+class ClickGuard {
+ public:
+  explicit ClickGuard(QAbstractButton& button);
+
+  bool Accepts() const;
+
+ private:
+  QAbstractButton& button_;
+  bool pressedInReach_ = true;
+};
+
+/// A push button whose background can be set.
+class GraphicalButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  GraphicalButton(const QString& caption, QWidget* parent);
+
+  /// No colour: the desktop's own button face.
+  void SetBackground(std::optional<QColor> colour);
+  std::optional<QColor> Background() const { return background_; }
+
+  /// What is painted behind and as the caption now.
+  QColor ShownBackground() const;
+  QColor ShownText() const;
+
+  QSize sizeHint() const override;
+
+ signals:
+  /// The user clicked, and no closed frame stood between.
+  void Chosen();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  std::optional<QColor> background_;
+  ClickGuard guard_;
+};
+
+/// One of the option buttons that share a frame.
+class OptionButton : public QRadioButton {
+  Q_OBJECT
+
+ public:
+  OptionButton(const QString& caption, QWidget* parent);
+
+ signals:
+  void Chosen();
+
+ protected:
+  void nextCheckState() override;
+
+ private:
+  ClickGuard guard_;
+};
+
+}  // namespace kestrin::widgets

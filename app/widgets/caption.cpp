@@ -1,0 +1,58 @@
+#include "app/widgets/caption.h"
+
+#include <QPainter>
+
+#include "app/widgets/colours.h"
+#include "app/widgets/fonts.h"
+
+namespace kestrin::widgets {
+
+Caption::Caption(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void Caption::SetPurpose(const QString& purpose) {
+  purpose_ = purpose;
+  Describe();
+}
+
+void Caption::SetText(const QString& text) {
+  setText(text);
+  Describe();
+  update();
+}
+
+void Caption::Describe() {
+  setAccessibleName(text().isEmpty() ? purpose_ : purpose_ + ": " + text());
+}
+
+QRect Caption::Inside() const {
+  constexpr int kBesideBorder = 4;
+  return border_ ? rect().adjusted(kBesideBorder, 0, -kBesideBorder, 0) : rect();
+}
+
+QFont Caption::ShownFont() const { return Fitted(font(), text(), Inside().width()); }
+
+QString Caption::ShownText() const {
+  const QFontMetrics metrics(ShownFont());
+  if (metrics.horizontalAdvance(text()) <= Inside().width()) return text();
+  return metrics.elidedText(text(), Qt::ElideMiddle, Inside().width());
+}
+
+void Caption::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor background = palette().color(QPalette::Window);
+  if (border_) {
+    painter.setPen(Readable(kGrey, background));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+  if (text().isEmpty()) return;
+  painter.setFont(ShownFont());
+  painter.setPen(colour_ ? Readable(*colour_, background) : palette().color(QPalette::WindowText));
+  const auto across = alignment() & Qt::AlignHorizontal_Mask;
+  painter.drawText(Inside(), static_cast<int>(across | (border_ ? Qt::AlignVCenter : Qt::AlignTop)),
+                   ShownText());
+}
+
+}  // namespace kestrin::widgets

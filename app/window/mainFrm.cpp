@@ -1,0 +1,181 @@
+#include "app/window/mainFrm.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTimer>
+
+#include "app/widgets/buttons.h"
+#include "app/widgets/frame.h"
+#include "app/widgets/logo.h"
+#include "app/widgets/pictureBox.h"
+#include "app/window/makeControls.h"
+#include "app/window/qtDialogs.h"
+
+namespace kestrin::window {
+
+namespace {
+
+QString Member(const char* name, int index) { return QString("%1_%2").arg(name).arg(index); }
+
+}  // namespace
+
+MainFrm::MainFrm(const Surroundings& surroundings) {
+  setObjectName("MainFrm");
+  setWindowTitle("Kestrin");
+  setWindowIcon(widgets::LogoIcon());
+  MakeControls(*this);
+  MakeTimers(*this);
+  resize(flow::kDesignWidth, flow::kDesignHeight);
+
+  auto& preview = *Find<widgets::PictureBox>("Picture1");
+  controls_ = std::make_unique<WindowControls>(*this);
+  if (surroundings.dialogs == nullptr) ownDialogs_ = std::make_unique<QtDialogs>(*this);
+  flow::Dialogs& dialogs = surroundings.dialogs ? *surroundings.dialogs : *ownDialogs_;
+  sheet_ = std::make_unique<print::PrintFrm>(preview, surroundings.printers);
+  const flow::Ports ports{
+      *controls_,          dialogs, events_, preview, *surroundings.files, *surroundings.drives,
+      *surroundings.dates, *sheet_};
+  flow_ = std::make_unique<flow::MainFlow>(ports, surroundings.version, *surroundings.kinds);
+  Connect();
+
+  flow_->State().screenWidth = surroundings.screen.width;
+  flow_->State().screenHeight = surroundings.screen.height;
+  fillsScreen_ = flow::TakesWholeScreen(surroundings.screen);
+  if (fillsScreen_) resize(static_cast<int>(surroundings.screen.width), surroundings.screen.height);
+  hook_.Hook(static_cast<std::uintptr_t>(winId()));
+  flow_->Form_Load(surroundings.applicationFolder, surroundings.timeZoneOffset);
+}
+
+MainFrm::~MainFrm() = default;
+
+template <class Type>
+Type* MainFrm::Find(const QString& name) const {
+  auto* found = findChild<Type*>(name);
+  Q_ASSERT(found != nullptr);
+  return found;
+}
+
+void MainFrm::Connect() {
+  for (int i = 0; i < exports::kKindCount; ++i) {
+    connect(Find<widgets::GraphicalButton>(Member("Command1", i)),
+            &widgets::GraphicalButton::Chosen, this,
+            [this, i] { Run([this, i] { flow_->Command1_Click(i); }); });
+    connect(Find<widgets::OptionButton>(Member("Option1", i)), &widgets::OptionButton::Chosen, this,
+            [this, i] { Run([this, i] { flow_->Option1_Click(i); }); });
+  }
+  connect(Find<widgets::GraphicalButton>("Command2"), &widgets::GraphicalButton::Chosen, this,
+          [this] { Run([this] { flow_->Command2_Click(); }); });
+  connect(Find<widgets::GraphicalButton>("Command3"), &widgets::GraphicalButton::Chosen, this,
+          [this] { Run([this] { flow_->Command3_Click(); }); });
+  connect(Find<widgets::GraphicalButton>("Command4"), &widgets::GraphicalButton::Chosen, this,
+          [this] { Run([this] { flow_->Command4_Click(); }); });
+  ConnectTimer("Timer2", &flow::MainFlow::Timer2_Timer);
+  ConnectTimer("TimerPreview", &flow::MainFlow::TimerPreview_Timer);
+  ConnectTimer("TimerShape", &flow::MainFlow::TimerShape_Timer);
+  auto* content = Find<QWidget>("Picture2");
+  connect(Find<QScrollBar>("HScroll1"), &QScrollBar::valueChanged, content,
+          [content](int value) { content->move(-value, content->y()); });
+  connect(Find<QScrollBar>("VScroll1"), &QScrollBar::valueChanged, content,
+          [content](int value) { content->move(content->x(), -value); });
+}
+
+void MainFrm::ConnectTimer(const char* name, void (flow::MainFlow::*tick)()) {
+  connect(Find<QTimer>(name), &QTimer::timeout, this, [this, tick] {
+    try {
+      (flow_.get()->*tick)();
+    } catch (const base::RunCancelled&) {
+      // The procedure that is to stop stands outside of this tick and hears of it
+      // at its own next yield.
+    }
+  });
+}
+
+template <class Procedure>
+void MainFrm::Run(Procedure procedure) {
+  if (running_) return;
+  running_ = true;
+  SetBusy(true);
+  events_.Begin();
+  try {
+    procedure();
+  } catch (const base::RunCancelled&) {
+    closing_ = true;
+  }
+  SetBusy(false);
+  running_ = false;
+  if (closing_) close();
+}
+
+void MainFrm::SetBusy(bool busy) {
+  for (const char* name : {"Frame1", "Frame2", "Frame4"}) Find<widgets::Frame>(name)->SetBusy(busy);
+}
+
+void MainFrm::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (!isMinimized()) Form_Resize();
+}
+
+void MainFrm::Form_Resize() {
+  auto* vertical = Find<QScrollBar>("VScroll1");
+  auto* horizontal = Find<QScrollBar>("HScroll1");
+  auto* corner = Find<QWidget>("Frame3");
+  const auto* content = Find<QWidget>("Picture2");
+  flow::LayoutInput input;
+  input.clientWidth = width();
+  input.clientHeight = height();
+  input.pictureWidth = content->width();
+  input.pictureHeight = content->height();
+  input.verticalBarWidth = vertical->width();
+  input.horizontalBarHeight = horizontal->height();
+  const flow::Layout layout = flow::LayOut(input);
+  const auto place = [](QScrollBar* bar, const flow::BarLayout& as, bool upright) {
+    const int offset = static_cast<int>(as.offset.value_or(upright ? bar->x() : bar->y()));
+    const int length = static_cast<int>(as.length.value_or(upright ? bar->height() : bar->width()));
+    upright ? bar->setGeometry(offset, bar->y(), bar->width(), length)
+            : bar->setGeometry(bar->x(), offset, length, bar->height());
+    bar->setMaximum(as.maximum);
+    bar->setVisible(as.visible);
+    if (!as.visible) bar->setValue(0);
+  };
+  place(vertical, layout.vertical, true);
+  place(horizontal, layout.horizontal, false);
+  corner->setVisible(layout.corner.has_value());
+  if (layout.corner) {
+    corner->move(static_cast<int>(layout.corner->left), static_cast<int>(layout.corner->top));
+  }
+}
+
+void MainFrm::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!fillsScreen_) return;
+  // How wide the desktop's border is shows only some time after the window does, and
+  // some desktops have none.
+  for (const int milliseconds : {0, 100, 500}) {
+    QTimer::singleShot(milliseconds, this, &MainFrm::FillScreen);
+  }
+  fillsScreen_ = false;
+}
+
+void MainFrm::FillScreen() {
+  const QRect whole = screen()->geometry();
+  const QSize border = frameGeometry().size() - size();
+  const flow::WindowState& state = flow_->State();
+  resize(QSize(static_cast<int>(state.screenWidth), state.screenHeight) - border);
+  move(whole.topLeft());
+}
+
+void MainFrm::closeEvent(QCloseEvent* event) {
+  if (running_) {
+    closing_ = true;
+    events_.Cancel();
+    event->ignore();
+    return;
+  }
+  Form_QueryUnload();
+  event->accept();
+}
+
+void MainFrm::Form_QueryUnload() { hook_.Unhook(); }
+
+}  // namespace kestrin::window

@@ -1,0 +1,82 @@
+#include "app/window/windowControls.h"
+
+#include <QTimer>
+#include <cmath>
+#include <optional>
+
+#include "app/flow/commandColours.h"
+#include "app/widgets/buttons.h"
+#include "app/widgets/caption.h"
+#include "app/widgets/colours.h"
+#include "app/widgets/frame.h"
+#include "export/exportKinds.h"
+
+namespace kestrin::window {
+
+WindowControls::WindowControls(QWidget& window) {
+  for (QObject* child : window.findChildren<QObject*>()) {
+    if (!child->objectName().isEmpty()) byName_.insert(child->objectName(), child);
+  }
+}
+
+template <class Type>
+Type* WindowControls::As(flow::ControlId id) const {
+  return qobject_cast<Type*>(byName_.value(QString::fromStdString(flow::NameOf(id))));
+}
+
+void WindowControls::SetEnabled(flow::ControlId id, bool enabled) {
+  if (auto* timer = As<QTimer>(id)) {
+    if (enabled != timer->isActive()) enabled ? timer->start() : timer->stop();
+  } else if (auto* frame = As<widgets::Frame>(id)) {
+    frame->SetInputEnabled(enabled);
+  } else if (auto* widget = As<QWidget>(id)) {
+    widget->setEnabled(enabled);
+  }
+}
+
+void WindowControls::SetVisible(flow::ControlId id, bool visible) {
+  if (auto* widget = As<QWidget>(id)) widget->setVisible(visible);
+}
+
+void WindowControls::SetCaption(flow::ControlId id, const std::string& caption) {
+  const QString text = QString::fromStdString(caption);
+  if (auto* label = As<kestrin::widgets::Caption>(id)) label->SetText(text);
+  if (auto* button = As<QAbstractButton>(id)) button->setText(text);
+}
+
+std::string WindowControls::Caption(flow::ControlId id) const {
+  if (const auto* label = As<QLabel>(id)) return label->text().toStdString();
+  if (const auto* button = As<QAbstractButton>(id)) return button->text().toStdString();
+  return {};
+}
+
+void WindowControls::SetBackColor(flow::ControlId id, std::uint32_t bgr) {
+  auto* button = As<widgets::GraphicalButton>(id);
+  if (button == nullptr) return;
+  button->SetBackground(bgr == flow::kButtonFace ? std::nullopt
+                                                 : std::optional(widgets::FromBgr(bgr)));
+}
+
+void WindowControls::SetWidth(flow::ControlId id, double width) {
+  auto* widget = As<QWidget>(id);
+  if (widget != nullptr) widget->resize(static_cast<int>(std::lround(width)), widget->height());
+}
+
+double WindowControls::Width(flow::ControlId id) const {
+  const auto* widget = As<QWidget>(id);
+  return widget == nullptr ? 0 : widget->width();
+}
+
+int WindowControls::SelectedOption1() const {
+  for (int i = 0; i < exports::kKindCount; ++i) {
+    if (As<QAbstractButton>({flow::Control::kOption1, i})->isChecked()) return i;
+  }
+  return -1;
+}
+
+void WindowControls::SelectOption1(int index) {
+  if (auto* option = As<QAbstractButton>({flow::Control::kOption1, index}))
+    option->setChecked(true);
+}
+
+}  // namespace kestrin::window

@@ -1,0 +1,218 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "base/fileSystem.h"
+#include "base/temporaryName.h"
+#include "export/setNames.h"
+
+namespace kestrin::base {
+namespace {
+
+constexpr mode_t kFileMode = 0666;
+constexpr mode_t kFolderMode = 0777;
+constexpr std::size_t kCopySize = std::size_t{1} << 18;
+
+[[noreturn]] void Fail(const std::string& path, int code) {
+  throw FileError(path, std::generic_category().message(code));
+}
+
+[[noreturn]] void Fail(const std::string& path) { Fail(path, errno); }
+
+/// Repeats a system call as long as signals interrupt it.
+template <class Call>
+auto Retried(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+/// A file descriptor, closed at the end of its scope.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() {
+    if (number_ >= 0) close(number_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int Number() const { return number_; }
+  bool IsOpen() const { return number_ >= 0; }
+  int Release() { return std::exchange(number_, -1); }
+
+ private:
+  int number_;
+};
+
+int Open(const std::string& path, int flags) {
+  return Retried([&] { return open(path.c_str(), flags | O_CLOEXEC, kFileMode); });
+}
+
+/// Writing past the process's file-size limit is an error like any other, but comes
+/// with a signal that would end the process. While one of these lives, this thread
+/// does not get that signal, and a pending one is taken out at the end.
+class WithoutSizeSignal {
+ public:
+  WithoutSizeSignal() {
+    sigemptyset(&signal_);
+    sigaddset(&signal_, SIGXFSZ);
+    pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+  }
+  ~WithoutSizeSignal() {
+    if (sigismember(&before_, SIGXFSZ) == 1) return;
+    const int reason = errno;
+    const timespec atOnce{};
+    sigtimedwait(&signal_, nullptr, &atOnce);
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    errno = reason;
+  }
+  WithoutSizeSignal(const WithoutSizeSignal&) = delete;
+  WithoutSizeSignal& operator=(const WithoutSizeSignal&) = delete;
+
+ private:
+  sigset_t signal_{};
+  sigset_t before_{};
+};
+
+class PosixFile : public OutputFile {
+ public:
+  PosixFile(std::string path, int number) : path_(std::move(path)), descriptor_(number) {}
+
+  void WriteAt(std::uint64_t offset, std::string_view bytes) override {
+    const WithoutSizeSignal guard;
+    const auto start = static_cast<off64_t>(offset);
+    const auto size = static_cast<off64_t>(bytes.size());
+    while (!bytes.empty()) {
+      const ssize_t count = Retried([&] {
+        return pwrite(descriptor_.Number(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
+      });
+      if (count < 0) Fail(path_);
+      if (count == 0) Fail(path_, ENOSPC);
+      offset += static_cast<std::uint64_t>(count);
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    // Has the system begin with what Sync would else wait for at the end, all at once,
+    // with the window standing still. Only a hint, so its failure means nothing.
+    sync_file_range(descriptor_.Number(), start, size, SYNC_FILE_RANGE_WRITE);
+  }
+
+  void Sync() override {
+    if (Retried([&] { return fsync(descriptor_.Number()); }) != 0) Fail(path_);
+  }
+
+  void Close() override {
+    // Interrupted or not, the descriptor is gone after the first call.
+    if (close(descriptor_.Release()) != 0 && errno != EINTR) Fail(path_);
+  }
+
+ private:
+  std::string path_;
+  Descriptor descriptor_;
+};
+
+std::string FolderOf(const std::string& path) {
+  const std::string folder = SplitAtLastSeparator(path).folder;
+  return folder.empty() ? "." : folder;
+}
+
+/// Gives a file a name that nothing has.
+void RenameToNew(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  if (errno != EINVAL && errno != ENOSYS) Fail(to);
+  // Not every file system knows the exclusive rename; a link is as exclusive, but
+  // removable media have none.
+  if (link(from.c_str(), to.c_str()) == 0) {
+    unlink(from.c_str());
+    return;
+  }
+  if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) Fail(to);
+  struct stat status {};
+  if (lstat(to.c_str(), &status) == 0) Fail(to, EEXIST);
+  if (rename(from.c_str(), to.c_str()) != 0) Fail(to);
+}
+
+void CopyBytes(const std::string& from, OutputFile& to) {
+  const Descriptor source(Open(from, O_RDONLY));
+  if (!source.IsOpen()) Fail(from);
+  const auto buffer = std::make_unique_for_overwrite<char[]>(kCopySize);
+  for (std::uint64_t offset = 0;;) {
+    const ssize_t count = Retried([&] { return read(source.Number(), buffer.get(), kCopySize); });
+    if (count < 0) Fail(from);
+    if (count == 0) return;
+    to.WriteAt(offset, {buffer.get(), static_cast<std::size_t>(count)});
+    offset += static_cast<std::uint64_t>(count);
+  }
+}
+
+class PosixFileSystem : public FileSystem {
+ public:
+  std::unique_ptr<OutputFile> Create(const std::string& path) override {
+    Descriptor created(Open(path, O_WRONLY | O_CREAT | O_EXCL));
+    if (!created.IsOpen()) Fail(path);
+    auto file = std::make_unique<PosixFile>(path, created.Number());
+    created.Release();
+    return file;
+  }
+
+  void Rename(const std::string& from, const std::string& to) override {
+    if (rename(from.c_str(), to.c_str()) != 0) Fail(to);
+  }
+
+  void Remove(const std::string& path) override {
+    if (unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) Fail(path);
+  }
+
+  void SyncFolderOf(const std::string& path) override {
+    const std::string folder = FolderOf(path);
+    const Descriptor opened(Open(folder, O_RDONLY | O_DIRECTORY));
+    // A folder may be writable and yet not readable.
+    if (!opened.IsOpen() && errno == EACCES) return;
+    if (!opened.IsOpen()) Fail(folder);
+    // Some file systems have no way to sync a folder.
+    if (Retried([&] { return fsync(opened.Number()); }) != 0 && errno != EINVAL) Fail(folder);
+  }
+
+  bool Exists(const std::string& path) override {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) == 0) return true;
+    if (errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG) Fail(path);
+    return false;
+  }
+
+  void MakeFolder(const std::string& path) override {
+    if (mkdir(path.c_str(), kFolderMode) == 0) return;
+    const int reason = errno;
+    struct stat status {};
+    const bool isFolder = stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    if (!isFolder) Fail(path, reason);
+  }
+
+  void Copy(const std::string& from, const std::string& to) override {
+    const std::string temporary = TemporaryNameBeside(to);
+    const std::unique_ptr<OutputFile> file = Create(temporary);
+    try {
+      CopyBytes(from, *file);
+      file->Sync();
+      file->Close();
+      RenameToNew(temporary, to);
+    } catch (...) {
+      unlink(temporary.c_str());
+      throw;
+    }
+    SyncFolderOf(to);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> NativeFileSystem() { return std::make_unique<PosixFileSystem>(); }
+
+}  // namespace kestrin::base

@@ -1,0 +1,159 @@
+#include "export/boom/boomExport.h"
+
+#include <cmath>
+#include <vector>
+
+#include "export/boom/periods.h"
+#include "export/boom/records.h"
+#include "export/boom/table.h"
+#include "export/boom/timeline.h"
+#include "geo/weekFirstOffsets.h"
+#include "jobstore/changeCursor.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
+#include "shapefile/numberText.h"
+
+namespace kestrin::boom {
+namespace {
+
+/// Two epochs belong together when their actual rates are equal in the digits that
+/// the table shows.
+constexpr int kRateDecimals = 2;
+
+std::vector<jobstore::ReferenceRow> ReadReferences(jobstore::Job& job, base::RunHost& host) {
+  std::vector<jobstore::ReferenceRow> references;
+  jobstore::Query<jobstore::References> query(job);
+  if (!query.Prepared()) {
+    host.ShowMessage(exports::NotPreparedText(query.Handle()));
+  }
+  for (jobstore::ReferenceRow row; query.Next(row);) references.push_back(row);
+  return references;
+}
+
+ActualRateSet Rounded(const jobstore::RatesRow& row) {
+  ActualRateSet rates;
+  for (std::size_t slot = 0; slot < jobstore::kProductSlots; ++slot) {
+    rates[slot] = shapefile::RoundTo(row.rates[slot], kRateDecimals);
+  }
+  return rates;
+}
+
+/// Lays a job's epochs into records.
+class BoomLayer {
+ public:
+  BoomLayer(jobstore::Job& job, base::RunHost& host, const Timeline& timeline,
+            std::vector<jobstore::ReferenceRow> references)
+      : host_(host),
+        timeline_(timeline),
+        offsets_(std::move(references)),
+        actualRates_(job),
+        rates_(Rounded(actualRates_.Current())),
+        periods_(job, timeline.Entries()) {}
+
+  void LayAll() {
+    for (std::size_t entry = 0; entry < timeline_.Entries().size(); ++entry) {
+      records_.StartPeriod(entry);
+      if (periods_.Prepared()) {
+        LayPeriod(entry);
+      } else {
+        host_.ShowMessage(exports::NotPreparedText(periods_.Handle()));
+      }
+    }
+  }
+
+  const Records& Laid() const { return records_; }
+  std::int64_t Epochs() const { return epochs_; }
+  std::int32_t LastStep() const { return periods_.LastStep(); }
+
+ private:
+  void LayPeriod(std::size_t entry) {
+    const ImplementSetup& setup = timeline_.ImplementOf(timeline_.Entries()[entry]);
+    for (jobstore::EpochRow epoch; periods_.Next(entry, epoch);) {
+      host_.CountRow();
+      host_.Yield();
+      ++epochs_;
+      Lay(epoch, setup);
+    }
+  }
+
+  void Lay(const jobstore::EpochRow& epoch, const ImplementSetup& setup) {
+    offsets_.AdvanceTo(epoch.time);
+    actualRates_.AdvanceTo(epoch.time,
+                           [this](const jobstore::RatesRow& row) { rates_ = Rounded(row); });
+    records_.Select(rates_);
+
+    const geo::WorkingPlane& plane = offsets_.Plane();
+    const geo::UtmPoint antenna = plane.At(epoch.east, epoch.north);
+    const double cosine = std::cos(epoch.yaw);
+    const double sine = std::sin(epoch.yaw);
+    for (const UsedSection& section : setup.sections) {
+      // The offsets keep to east and north whatever the heading, as the sets have
+      // always shown them.
+      const double east = cosine * section.halfWidth;
+      const double north = sine * section.halfWidth;
+      const geo::GeoPoint first = plane.ToGeo(
+          {antenna.easting + east + section.xOffset, antenna.northing - north + section.yOffset});
+      const geo::GeoPoint second = plane.ToGeo(
+          {antenna.easting - east + section.xOffset, antenna.northing + north + section.yOffset});
+      records_.Lay({first.longitude, first.latitude, second.longitude, second.latitude});
+    }
+  }
+
+  base::RunHost& host_;
+  const Timeline& timeline_;
+  geo::WeekFirstOffsets offsets_;
+  jobstore::ChangeCursor<jobstore::ActualRates> actualRates_;
+  ActualRateSet rates_;
+  Periods periods_;
+  Records records_;
+  std::int64_t epochs_ = 0;
+};
+
+/// Writing tens of millions of points takes seconds, so it yields like the rows do.
+void WriteRecords(const Records& records, const Timeline& timeline, base::RunHost& host,
+                  shapefile::ShapefileSet& set) {
+  Table table(timeline);
+  for (std::size_t record = 0; record < records.Count(); ++record) {
+    set.BeginPairs(records[record].box, records.PairCount(record));
+    records.ForEachPiece(record, [&](std::span<const double> piece) {
+      host.Yield();
+      set.AddPairPoints(piece);
+    });
+    set.AddAttributes(table.RowOf(record, records[record]));
+  }
+  const geo::Box& box = records.FileBox();
+  if (box.empty) return;
+  set.WidenBox(box.xMin, box.yMin);
+  set.WidenBox(box.xMax, box.yMax);
+}
+
+}  // namespace
+
+exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::string& jobPath,
+                                       exports::ExportRun& run) {
+  exports::ExportOutcome outcome;
+  shapefile::RemoveSet(run.files, basePath);
+
+  jobstore::Job job(jobPath, run.host);
+  if (!job.IsOpen()) {
+    run.host.ShowMessage(exports::NotOpenedText(job.Handle()));
+    return outcome;
+  }
+  std::vector<jobstore::ReferenceRow> references = ReadReferences(job, run.host);
+  const Timeline timeline = ReadTimeline(job, run.host);
+  if (references.empty()) throw exports::SubscriptError();
+
+  BoomLayer layer(job, run.host, timeline, std::move(references));
+  layer.LayAll();
+  outcome.epochs = layer.Epochs();
+  outcome.lastStep = layer.LastStep();
+
+  shapefile::ShapefileSet set(run.files, basePath, shapefile::ShapeType::kPolyline, kFields,
+                              run.options);
+  WriteRecords(layer.Laid(), timeline, run.host, set);
+  set.Commit();
+  outcome.made = true;
+  return outcome;
+}
+
+}  // namespace kestrin::boom

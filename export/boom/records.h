@@ -1,0 +1,121 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "export/boom/crossLines.h"
+#include "geo/box.h"
+#include "jobstore/queries.h"
+
+namespace kestrin::boom {
+
+using ActualRateSet = std::array<double, jobstore::kProductSlots>;
+
+/// For equality as the compiler sees it: 0 and -0 are one value.
+struct ActualRateHash {
+  std::size_t operator()(const ActualRateSet& rates) const {
+    std::size_t hash = 0;
+    for (const double rate : rates) hash = hash * 1000003 + std::hash<double>()(rate);
+    return hash;
+  }
+};
+
+/// The records of a boom set: which cross-line belongs to which, and in what order.
+///
+/// All records share one list of cross-lines, each owning a slice of it. The last
+/// record grows at its end. An earlier record that is taken up again grows oddly,
+/// and tools that read the sets have come to depend on it: for each new pair
+/// everything from one pair before its slice to the end of the list moves up by one
+/// place, and the new pair is written over the last one of its slice. The slice so
+/// gains a copy of the pair before it at its front and loses its last pair; the
+/// slices behind it stay whole.
+///
+/// Here nothing moves. The pairs that arrived at the end stay where they were laid,
+/// the last pair of a slice is overwritten in place, and what a record gained at
+/// its front is counted: it is always the last pair of the nearest earlier record
+/// that has any, as that is at the time.
+class Records {
+ public:
+  struct Record {
+    std::size_t entry = 0;  ///< of the timeline
+    ActualRateSet rates{};
+    geo::Box box;  ///< of all points laid into it, also those overwritten since
+  };
+
+  /// Begins a period of the timeline: its records are looked for among themselves.
+  void StartPeriod(std::size_t entry);
+
+  /// Decides the record of an epoch: the current one as long as its rates stay; the
+  /// oldest of the period with these rates once it has two; else a new one. A
+  /// record into which no pair was laid is never simply kept.
+  void Select(const ActualRateSet& rates);
+
+  /// Lays a pair into the selected record. Throws SubscriptError when the record is
+  /// not the last and no pair lies before its slice.
+  void Lay(const CrossLine& pair);
+
+  std::size_t Count() const { return records_.size(); }
+  const Record& operator[](std::size_t record) const { return records_[record]; }
+
+  /// Of all points in the order laid, also those overwritten since.
+  const geo::Box& FileBox() const { return fileBox_; }
+
+  /// Pairs of a record's slice.
+  std::size_t PairCount(std::size_t record) const;
+
+  /// Hands the coordinates of a record's slice to `take`, in order and in pieces of
+  /// whole pairs: take(std::span<const double>).
+  template <class Take>
+  void ForEachPiece(std::size_t record, Take take) const;
+
+ private:
+  /// A pair that a slice gained at its front, as many times as it did in a row.
+  struct Gained {
+    CrossLine pair;
+    std::size_t times = 0;
+  };
+  struct Slice {
+    std::size_t begin = 0;       ///< in laid_; ends where the next record's begins
+    std::vector<Gained> gained;  ///< the oldest first: the last stands in front
+  };
+
+  std::size_t EndOf(std::size_t record) const {
+    return record + 1 < slices_.size() ? slices_[record + 1].begin : laid_.Size();
+  }
+  bool FindEarlier(const ActualRateSet& rates);
+  void LayIntoEarlier(const CrossLine& pair);
+
+  CrossLineList laid_;
+  std::vector<Record> records_;
+  std::vector<Slice> slices_;
+  geo::Box fileBox_;
+
+  std::size_t entry_ = 0;
+  std::size_t periodBegin_ = 0;
+  std::size_t current_ = 0;
+  bool wantsRecord_ = true;
+
+  /// The period's oldest record of each rates, for the records before indexed_.
+  std::unordered_map<ActualRateSet, std::size_t, ActualRateHash> byRates_;
+  std::size_t indexed_ = 0;
+};
+
+template <class Take>
+void Records::ForEachPiece(std::size_t record, Take take) const {
+  const Slice& slice = slices_[record];
+  for (auto gained = slice.gained.rbegin(); gained != slice.gained.rend(); ++gained) {
+    for (std::size_t i = 0; i < gained->times; ++i) take(std::span<const double>(gained->pair));
+  }
+  for (std::size_t at = slice.begin; at < EndOf(record);) {
+    const std::span<const double> piece = laid_.Piece(at, EndOf(record));
+    take(piece);
+    at += piece.size() / std::tuple_size_v<CrossLine>;
+  }
+}
+
+}  // namespace kestrin::boom

@@ -1,0 +1,99 @@
+#include "export/coverage/rings.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "shapefile/attributeTable.h"
+#include "shapefile/numberText.h"
+
+namespace kestrin::coverage {
+namespace {
+
+const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
+
+constexpr double kAcresPerSquareMetre = 0.000247105381;
+
+}  // namespace
+
+void Ring::Build(const std::vector<geo::UtmPoint>& leftEdge,
+                 const std::vector<geo::UtmPoint>& rightEdge) {
+  points_.clear();
+  points_.reserve(leftEdge.size() + rightEdge.size() + 1);
+  for (const geo::UtmPoint& point : leftEdge) Add(point);
+  for (auto point = rightEdge.rbegin(); point != rightEdge.rend(); ++point) Add(*point);
+  if (!points_.empty()) Add(points_.front());
+}
+
+void Ring::Add(geo::UtmPoint point) {
+  if (points_.empty() || point != points_.back()) points_.push_back(point);
+}
+
+bool Ring::IsPolygon() const {
+  std::size_t distinct = 0;
+  const geo::UtmPoint* known[2] = {};
+  for (const geo::UtmPoint& point : points_) {
+    if ((distinct > 0 && point == *known[0]) || (distinct > 1 && point == *known[1])) continue;
+    if (distinct == 2) return true;
+    known[distinct++] = &point;
+  }
+  return false;
+}
+
+double Ring::Acres() const { return std::fabs(PolygonArea(points_)) * kAcresPerSquareMetre; }
+
+struct RingWriter::Set {
+  shapefile::ShapefileSet shapes;
+  shapefile::AttributeRecord record{kFields};
+
+  void AddVertices(std::span<const geo::UtmPoint> points, const geo::WorkingPlane& plane,
+                   base::RunHost& host);
+};
+
+void RingWriter::Set::AddVertices(std::span<const geo::UtmPoint> points,
+                                  const geo::WorkingPlane& plane, base::RunHost& host) {
+  constexpr std::size_t kTogether = 64;
+  std::array<double, kTogether> x{};
+  std::array<double, kTogether> y{};
+  for (std::size_t i = 0; i < points.size(); i += kTogether) {
+    // A whole field can be one ring.
+    if (i > 0) host.Yield();
+    const std::size_t count = std::min(kTogether, points.size() - i);
+    for (std::size_t k = 0; k < count; ++k) {
+      x[k] = points[i + k].easting;
+      y[k] = points[i + k].northing;
+    }
+    plane.ToGeo({y.data(), count}, {x.data(), count});
+    for (std::size_t k = 0; k < count; ++k) shapes.AddVertex(x[k], y[k]);
+  }
+}
+
+RingWriter::RingWriter(const std::string& basePath, const geo::WorkingPlane& plane,
+                       exports::ExportRun& run)
+    : basePath_(basePath), plane_(plane), run_(run) {}
+
+RingWriter::~RingWriter() = default;
+
+void RingWriter::Write(const Ring& ring) {
+  if (!ring.IsPolygon()) return;
+  if (!set_) {
+    set_.reset(
+        new Set{{run_.files, basePath_, shapefile::ShapeType::kPolygon, kFields, run_.options}});
+  }
+  set_->shapes.BeginRecord();
+  set_->AddVertices(ring.Points(), plane_, run_.host);
+  set_->shapes.EndRecord();
+  set_->record.Clear();
+  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount() - 1).View(),
+                   shapefile::Keep::kRight);
+  set_->record.Add(shapefile::RoundedText(ring.Acres(), 2).View(), shapefile::Keep::kLeft);
+  set_->shapes.AddAttributes(set_->record.Bytes());
+}
+
+bool RingWriter::Finish() {
+  if (!set_) return false;
+  set_->shapes.Commit();
+  return true;
+}
+
+}  // namespace kestrin::coverage

@@ -1,0 +1,32 @@
+#include "export/coverage/widths.h"
+
+#include "jobstore/job.h"
+
+namespace kestrin::coverage {
+
+void WidthTimeline::Add(const jobstore::ImplementRow& implement) {
+  double sections = 0;
+  for (const jobstore::Section& section : implement.sections) {
+    if (section.width > 0) sections += section.width;
+  }
+  const double width = (entries_.empty() ? 0 : entries_.back().width) + sections;
+  if (entries_.empty() || width != entries_.back().width) {
+    entries_.push_back({implement.time, width});
+  }
+}
+
+double WidthTimeline::At(jobstore::GpsKey time) {
+  if (entries_.empty()) return 0;
+  while (inForce_ + 1 < entries_.size() && entries_[inForce_ + 1].time <= time) ++inForce_;
+  return entries_[inForce_].width;
+}
+
+WidthTimeline ReadWidths(jobstore::Job& job, std::int32_t& handle) {
+  WidthTimeline widths;
+  jobstore::Query<jobstore::Implements> implements(job);
+  handle = implements.Handle();
+  for (jobstore::ImplementRow row; implements.Next(row);) widths.Add(row);
+  return widths;
+}
+
+}  // namespace kestrin::coverage

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/paths.h"
+
+/// The rules by which jobs, folders and sets are named: pure functions of the
+/// platform's path separator ('\\' on Windows, '/' elsewhere).
+
+namespace kestrin::exports {
+
+inline constexpr std::string_view kJobExtension = ".sqlite";
+inline constexpr std::string_view kShapeExtension = ".shp";
+inline constexpr std::string_view kDataFolderName = "TrevaskData";
+
+/// A job's folder and name from the path of its file: every ".sqlite" taken out.
+base::SplitPath JobNameOf(std::string_view jobPath, char separator = base::kSeparator);
+
+/// The job name with every "." replaced by "_".
+std::string FileSafeName(std::string_view jobName);
+
+/// Where the sets of a job go: `dataFolder` (ending in a separator) + file-safe name
+/// + separator + date text.
+std::string ExportFolder(std::string_view dataFolder, std::string_view fileSafeName,
+                         std::string_view dateText, char separator = base::kSeparator);
+
+/// File name of a job's sets without kind suffix: file-safe name + "_" + date text.
+std::string SetName(std::string_view fileSafeName, std::string_view dateText);
+
+}  // namespace kestrin::exports

@@ -1,0 +1,89 @@
+#include "shapefile/setFile.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "base/temporaryName.h"
+
+namespace kestrin::shapefile {
+namespace {
+
+/// Does something about a file and lets its failure name `target`.
+template <class Action>
+auto About(const std::string& target, Action action) {
+  try {
+    return action();
+  } catch (const base::FileError& error) {
+    throw base::FileError(target, error.Reason());
+  }
+}
+
+}  // namespace
+
+SetFile::SetFile(base::FileSystem& files, std::string target, std::size_t bufferSize)
+    : files_(files),
+      target_(std::move(target)),
+      name_(base::TemporaryNameBeside(target_)),
+      capacity_(bufferSize),
+      buffer_(std::make_unique_for_overwrite<char[]>(bufferSize)),
+      file_(About(target_, [&] { return files_.Create(name_); })) {}
+
+SetFile::~SetFile() {
+  file_.reset();
+  if (name_.empty()) return;
+  try {
+    files_.Remove(name_);
+  } catch (...) {
+    // The failure that led here is the one to be told.
+  }
+}
+
+void SetFile::Append(std::string_view bytes) {
+  while (!bytes.empty()) {
+    if (filled_ == capacity_) Flush();
+    const std::size_t size = std::min(bytes.size(), capacity_ - filled_);
+    std::memcpy(buffer_.get() + filled_, bytes.data(), size);
+    filled_ += size;
+    bytes.remove_prefix(size);
+  }
+}
+
+void SetFile::Patch(std::uint64_t offset, std::string_view bytes) {
+  if (offset < flushed_) {
+    const auto written =
+        static_cast<std::size_t>(std::min<std::uint64_t>(bytes.size(), flushed_ - offset));
+    WriteAt(offset, bytes.substr(0, written));
+    offset += written;
+    bytes.remove_prefix(written);
+  }
+  if (!bytes.empty()) std::memcpy(buffer_.get() + (offset - flushed_), bytes.data(), bytes.size());
+}
+
+void SetFile::Flush() {
+  if (Size() > kLargest) throw base::FileError(target_, "The file would pass 2 GiB");
+  if (filled_ == 0) return;
+  WriteAt(flushed_, {buffer_.get(), filled_});
+  flushed_ += filled_;
+  filled_ = 0;
+}
+
+void SetFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
+  About(target_, [&] { file_->WriteAt(offset, bytes); });
+}
+
+void SetFile::Finish() {
+  Flush();
+  About(target_, [&] {
+    file_->Sync();
+    file_->Close();
+  });
+  file_.reset();
+}
+
+void SetFile::Publish() {
+  About(target_, [&] { files_.Rename(name_, target_); });
+  name_ = target_;
+}
+
+}  // namespace kestrin::shapefile

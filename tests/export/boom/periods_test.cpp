@@ -1,0 +1,139 @@
+#include "export/boom/periods.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <tuple>
+
+#include "tests/support/jobBuilder.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::boom {
+namespace {
+
+std::vector<TimelineEntry> EntriesAt(const std::vector<jobstore::GpsKey>& times) {
+  std::vector<TimelineEntry> entries;
+  for (const jobstore::GpsKey time : times) entries.push_back({time, {}, 0, 0});
+  return entries;
+}
+
+/// What of an epoch the sets depend on; `east` tells epochs of one time apart.
+using Seen = std::tuple<jobstore::GpsKey, double, double, double>;
+
+Seen SeenOf(const jobstore::EpochRow& row) { return {row.time, row.east, row.north, row.yaw}; }
+
+std::vector<std::vector<Seen>> ByScan(jobstore::Job& job,
+                                      const std::vector<TimelineEntry>& entries) {
+  Periods periods(job, entries);
+  std::vector<std::vector<Seen>> rows(entries.size());
+  for (std::size_t k = 0; k < entries.size(); ++k) {
+    for (jobstore::EpochRow row; periods.Next(k, row);) rows[k].push_back(SeenOf(row));
+  }
+  EXPECT_EQ(periods.LastStep(), jobstore::sqliteDefs::kDone);
+  return rows;
+}
+
+template <class... Numbers>
+std::vector<Seen> Selected(jobstore::Job& job, const Numbers&... numbers) {
+  std::vector<Seen> rows;
+  jobstore::Query<jobstore::BoomEpochs> query(job, numbers...);
+  for (jobstore::EpochRow row; query.Next(row);) rows.push_back(SeenOf(row));
+  return rows;
+}
+
+std::vector<std::vector<Seen>> ByQuery(jobstore::Job& job,
+                                       const std::vector<TimelineEntry>& entries) {
+  std::vector<std::vector<Seen>> rows;
+  for (std::size_t k = 0; k < entries.size(); ++k) {
+    rows.push_back(k + 1 < entries.size() ? Selected(job, entries[k].time, entries[k + 1].time)
+                                          : Selected(job, entries[k].time));
+  }
+  return rows;
+}
+
+/// Milliseconds of the epochs of each period.
+std::vector<std::vector<std::int32_t>> Msecs(const std::vector<jobstore::GpsKey>& epochs,
+                                             const std::vector<jobstore::GpsKey>& changes) {
+  const test::TempFolder folder;
+  test::JobBuilder builder(folder / "job.sqlite");
+  for (const jobstore::GpsKey time : epochs) builder.Epoch(time, 0, 0);
+  jobstore::Job job(builder.Finish());
+  std::vector<std::vector<std::int32_t>> msecs;
+  for (const auto& rows : ByScan(job, EntriesAt(changes))) {
+    msecs.emplace_back();
+    for (const Seen& row : rows) msecs.back().push_back(std::get<0>(row).gpsMsec);
+  }
+  return msecs;
+}
+
+using Lists = std::vector<std::vector<std::int32_t>>;
+
+TEST(Periods, EpochsBeforeTheFirstChangeBelongToNone) {
+  EXPECT_EQ(Msecs({{5, 1}, {5, 2}, {5, 3}}, {{5, 2}}), (Lists{{2, 3}}));
+}
+
+TEST(Periods, ChangeTakesTheEpochOfItsOwnTime) {
+  EXPECT_EQ(Msecs({{5, 1}, {5, 2}, {5, 3}}, {{5, 1}, {5, 3}}), (Lists{{1, 2}, {3}}));
+}
+
+TEST(Periods, FirstOfTwoChangesOfOneTimeHasNoEpochs) {
+  EXPECT_EQ(Msecs({{5, 1}, {5, 2}}, {{5, 1}, {5, 1}}), (Lists{{}, {1, 2}}));
+}
+
+TEST(Periods, PeriodIntoALaterWeekLosesItsOwnWeekFromTheNextChangesMillisecondOn) {
+  EXPECT_EQ(
+      Msecs({{5, 10}, {5, 49}, {5, 50}, {5, 90}, {6, 90}, {7, 49}, {7, 50}}, {{5, 10}, {7, 50}}),
+      (Lists{{10, 49, 90, 49}, {50}}));
+}
+
+TEST(Periods, PeriodThatStartsAfterTheNextChangesMillisecondLosesItsWholeWeek) {
+  EXPECT_EQ(Msecs({{5, 60}, {5, 70}, {6, 10}}, {{5, 60}, {6, 50}}), (Lists{{10}, {}}));
+}
+
+TEST(Periods, LastPeriodHasNoEnd) {
+  EXPECT_EQ(Msecs({{5, 60}, {9, 1}}, {{5, 60}}), (Lists{{60, 1}}));
+}
+
+TEST(Periods, PeriodsAfterTheLastEpochAreEmpty) {
+  EXPECT_EQ(Msecs({{5, 60}}, {{5, 1}, {6, 1}, {7, 1}}), (Lists{{}, {}, {}}));
+}
+
+TEST(Periods, EqualTheQueryOfEachPeriodOnRandomJobs) {
+  std::mt19937 random(11);
+  const auto Upto = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
+  const test::TempFolder folder;
+  for (int round = 0; round < 60; ++round) {
+    test::JobBuilder builder(folder / ("job" + std::to_string(round) + ".sqlite"));
+    for (int i = Upto(60); i > 0; --i) {
+      jobstore::EpochRow row;
+      row.time = {Upto(4), Upto(12)};
+      row.east = i;
+      row.type = Upto(5) == 0 ? 1 : test::kTakesPart;
+      builder.Epoch(row);
+    }
+    jobstore::Job job(builder.Finish());
+    for (int timeline = 0; timeline < 10; ++timeline) {
+      std::vector<jobstore::GpsKey> times;
+      for (int i = Upto(10); i > 0; --i) times.push_back({Upto(4), Upto(12)});
+      std::sort(times.begin(), times.end());
+      const auto entries = EntriesAt(times);
+      ASSERT_EQ(ByScan(job, entries), ByQuery(job, entries)) << "job " << round;
+    }
+  }
+}
+
+TEST(Periods, MissingGpsTableIsNotPrepared) {
+  const test::TempFolder folder;
+  test::JobBuilder builder(folder / "job.sqlite");
+  builder.Execute("DROP TABLE GpsDataTable");
+  jobstore::Job job(builder.Finish());
+  const auto entries = EntriesAt({{1, 1}});
+  Periods periods(job, entries);
+  EXPECT_FALSE(periods.Prepared());
+  jobstore::EpochRow row;
+  EXPECT_FALSE(periods.Next(0, row));
+}
+
+}  // namespace
+}  // namespace kestrin::boom

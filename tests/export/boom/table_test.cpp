@@ -1,0 +1,85 @@
+#include "export/boom/table.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/export/boom/boomFixture.h"
+
+namespace kestrin::boom {
+namespace {
+
+using testing::ElementsAre;
+using testing::SizeIs;
+
+class BoomAttributes : public test::BoomFixture {};
+
+TEST_F(BoomAttributes, TableShowsImplementProductsAndRatesOfThePeriod) {
+  ReferenceAndDisc();
+  builder.Products(kStart, "Urea", "Potash", "Lime").DesiredRates(kStart, 100, 50.5, 25.25);
+  builder.ActualRates(kStart, 99.994, 50, 25.126);
+  builder.Epoch(kStart, 0, 0);
+  EXPECT_THAT(
+      ExportedSet().shapes.at(0).fields,
+      ElementsAre("       0", "      Disc", "      Urea", "       100", "     99.99", "    Potash",
+                  "      50.5", "        50", "      Lime", "     25.25", "     25.13"));
+}
+
+TEST_F(BoomAttributes, IdsCountFromZeroAndRecordsFromOne) {
+  ReferenceAndDisc();
+  for (int i = 0; i < 2; ++i) builder.ActualRates(After(i), i).Epoch(After(i), 0, 0);
+  const test::BoomSet set = ExportedSet();
+  ASSERT_THAT(set.shapes, SizeIs(2));
+  EXPECT_EQ(set.shapes[1].number, 2U);
+  EXPECT_EQ(set.shapes[1].fields[0], "       1");
+}
+
+TEST_F(BoomAttributes, DesiredRatesOfZeroAreReportedWithThoseBefore) {
+  ReferenceAndDisc();
+  builder.DesiredRates(kStart, 100, 50, 25).DesiredRates(After(1), 0, 0, 0);
+  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  const test::BoomSet set = ExportedSet();
+  ASSERT_THAT(set.shapes, SizeIs(2));
+  EXPECT_EQ(set.shapes[1].TargetRate(0), "       100");
+  EXPECT_EQ(set.shapes[1].TargetRate(2), "        25");
+}
+
+TEST_F(BoomAttributes, NamesKeepTheirFirstTenCharactersAndShorterOnesStandRight) {
+  ReferenceOnly();
+  builder.Implement(kStart, "  Sprayer of 24 m ", {{4, 0, 0, 0}});
+  builder.Products(kStart, "Ammonium sulphate", "TenLetters", " Lime ");
+  builder.Epoch(kStart, 0, 0);
+  const test::BoomShape shape = ExportedSet().shapes.at(0);
+  EXPECT_EQ(shape.Implement(), "Sprayer of");
+  EXPECT_EQ(shape.Product(0), "Ammonium s");
+  EXPECT_EQ(shape.Product(1), "TenLetters");
+  EXPECT_EQ(shape.Product(2), "     Lime ");
+}
+
+TEST_F(BoomAttributes, NamesNeverEndInsideACharacter) {
+  ReferenceOnly();
+  builder.Implement(kStart, "123456789\xC3\xA9", {{4, 0, 0, 0}});
+  builder.Epoch(kStart, 0, 0);
+  EXPECT_EQ(ExportedSet().shapes.at(0).Implement(), " 123456789");
+}
+
+TEST_F(BoomAttributes, RateTooLongForItsFieldKeepsItsFirstCharacters) {
+  ReferenceAndDisc();
+  builder.DesiredRates(kStart, 12345678.25, 12345678901.5);
+  builder.Epoch(kStart, 0, 0);
+  const test::BoomShape shape = ExportedSet().shapes.at(0);
+  EXPECT_EQ(shape.TargetRate(0), "12345678.2");
+  EXPECT_EQ(shape.TargetRate(1), "1234567890");
+}
+
+TEST_F(BoomAttributes, ImplementOfBlanksTakesNameAndSetupOfTheOneBefore) {
+  ReferenceAndDisc();
+  builder.Implement(After(1), "  ", {{8, 0, 0, 0}});
+  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  const test::BoomSet set = ExportedSet();
+  ASSERT_THAT(set.shapes, SizeIs(2));
+  EXPECT_EQ(set.shapes[1].Implement(), "      Disc");
+  EXPECT_THAT(Easts(set.shapes[1]), ElementsAre(2, -2));
+}
+
+}  // namespace
+}  // namespace kestrin::boom

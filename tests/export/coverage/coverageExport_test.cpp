@@ -1,0 +1,226 @@
+#include "export/coverage/coverageExport.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "export/coverage/polygonBuilder.h"
+#include "export/coverage/widths.h"
+#include "tests/export/coverage/literalCoverage.h"
+#include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
+#include "tests/support/shapeReader.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::coverage {
+namespace {
+
+constexpr bool kBegins = true;
+
+class PolyExport : public testing::Test {
+ protected:
+  test::JobBuilder& Job(double width = 10) {
+    builder_ = std::make_unique<test::JobBuilder>(jobPath_);
+    builder_->Reference({1, 0}, 45.25, -93.5);
+    return builder_->Implement({1, 0}, "a", {{width, 0, 0, 0}});
+  }
+
+  exports::ExportOutcome Export(const std::string& base) {
+    exports::ExportRun run{host_, *files_, {{2006, 7, 9}, false}};
+    return ExportPolyShape(base, builder_->Finish(), run);
+  }
+
+  test::ReadSet Exported() {
+    EXPECT_TRUE(Export(base_).made);
+    return test::ReadShapeSet(base_);
+  }
+
+  test::TempFolder folder_;
+  std::string jobPath_ = folder_ / "job.sqlite";
+  std::string base_ = folder_ / "job_POLY";
+  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
+  test::RecordingHost host_;
+  std::unique_ptr<test::JobBuilder> builder_;
+};
+
+/// Four rows due north, 10 m apart.
+void DriveNorth(test::JobBuilder& job, int rows = 4) {
+  for (int i = 0; i < rows; ++i) job.Epoch({1, 100 * i}, 0, 10.0 * i);
+}
+
+TEST_F(PolyExport, RingRunsUpTheLeftEdgeAndDownTheRightOne) {
+  DriveNorth(Job());
+  const test::ReadSet set = Exported();
+  EXPECT_EQ(set.type, 5);
+  ASSERT_EQ(set.records.size(), 1U);
+  const auto& points = set.records[0].points;
+  ASSERT_EQ(points.size(), 9U);
+  EXPECT_EQ(points.front(), points.back());
+  EXPECT_LT(points[0].first, points[7].first);
+  EXPECT_LT(points[0].second, points[3].second);
+  EXPECT_LT(points[3].first, points[4].first);
+}
+
+TEST_F(PolyExport, AreaIsInAcresOfThePlane) {
+  DriveNorth(Job());
+  // 30 m by 10 m.
+  EXPECT_EQ(Exported().rows[0], (std::vector<std::string>{"       0", "      0.07"}));
+}
+
+TEST_F(PolyExport, FewerThanFourRowsWriteNothingAndTheOldSetIsGone) {
+  for (const char* extension : {".shp", ".shx", ".dbf"}) {
+    files_->Create(base_ + extension)->WriteAt(0, "old");
+  }
+  DriveNorth(Job(), 3);
+  EXPECT_FALSE(Export(base_).made);
+  for (const char* extension : {".shp", ".shx", ".dbf"}) {
+    EXPECT_FALSE(std::filesystem::exists(base_ + extension));
+  }
+}
+
+TEST_F(PolyExport, SkippedRowsDoNotCountAsRows) {
+  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5).Epoch({1, 3}, 0, 9);
+  EXPECT_FALSE(Export(base_).made);
+}
+
+TEST_F(PolyExport, WithoutBasePathRowsAreReadAndNothingIsWritten) {
+  DriveNorth(Job());
+  const exports::ExportOutcome outcome = Export("");
+  EXPECT_FALSE(outcome.made);
+  EXPECT_EQ(host_.rows, 4);
+}
+
+TEST_F(PolyExport, CountsAndYieldsOncePerRowReadAlsoForSkippedOnes) {
+  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5);
+  Export(base_);
+  EXPECT_EQ(host_.rows, 3);
+  EXPECT_EQ(host_.yields, 3);
+}
+
+TEST_F(PolyExport, YieldsWhileALongRingIsWrittenAndLeavesNothingWhenCancelledThere) {
+  DriveNorth(Job(), 100);
+  host_.cancelAt = 101;
+  EXPECT_THROW(Export(base_), base::RunCancelled);
+  EXPECT_EQ(host_.rows, 100);
+  for (const char* extension : {".shp", ".shx", ".dbf"}) {
+    EXPECT_FALSE(std::filesystem::exists(base_ + extension));
+  }
+}
+
+TEST_F(PolyExport, MarkedRowsBeginAPolygonEvenOnTheSpot) {
+  Job();
+  DriveNorth(*builder_);
+  for (int i = 0; i < 4; ++i) builder_->Epoch({2, i}, 0, 30 + 5.0 * i, 0, i == 0 && kBegins);
+  const test::ReadSet set = Exported();
+  ASSERT_EQ(set.records.size(), 2U);
+  EXPECT_EQ(set.records[1].points.size(), 9U);
+  EXPECT_EQ(set.rows[1][0], "       1");
+}
+
+TEST_F(PolyExport, RingOfFewerThanThreePointsIsNotWrittenAndIdsStayConsecutive) {
+  Job().Epoch({1, 0}, 0, 0, 0, kBegins);
+  for (int i = 1; i < 5; ++i) builder_->Epoch({1, i}, 50, 5.0 * i, 0, i == 1 && kBegins);
+  const test::ReadSet set = Exported();
+  ASSERT_EQ(set.records.size(), 1U);
+  EXPECT_EQ(set.rows[0][0], "       0");
+}
+
+TEST_F(PolyExport, NoRingAtAllMakesNoFiles) {
+  Job();
+  for (int i = 0; i < 6; ++i) builder_->Epoch({1, i}, 50.0 * i, 0, 0, kBegins);
+  EXPECT_FALSE(Export(base_).made);
+  EXPECT_FALSE(std::filesystem::exists(base_ + ".shp"));
+}
+
+TEST_F(PolyExport, MissingImplementTableIsReportedAndWidthIsNone) {
+  Job().Execute("DROP TABLE ImplChangeTable");
+  builder_->Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 5).Epoch({1, 2}, 5, 9).Epoch({1, 3}, 9, 9);
+  EXPECT_EQ(Exported().rows[0][1], "         0");
+  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error creating statement: -1"});
+}
+
+TEST_F(PolyExport, MissingGpsTableIsReportedAndNothingIsWritten) {
+  Job().Execute("DROP TABLE GpsDataTable");
+  EXPECT_FALSE(Export(base_).made);
+  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error creating statement: -1"});
+}
+
+TEST_F(PolyExport, WithoutReferenceNothingIsWritten) {
+  Job().Execute("DELETE FROM ReferenceLocationChangeTable");
+  DriveNorth(*builder_);
+  EXPECT_FALSE(Export(base_).made);
+  EXPECT_TRUE(host_.messages.empty());
+}
+
+jobstore::ImplementRow Implement(jobstore::GpsKey time, std::initializer_list<double> widths) {
+  jobstore::ImplementRow row;
+  row.time = time;
+  std::size_t slot = 0;
+  for (const double width : widths) row.sections[slot++].width = width;
+  return row;
+}
+
+TEST(WidthTimeline, WidthsAddUpOverTheRows) {
+  WidthTimeline widths;
+  widths.Add(Implement({1, 0}, {10}));
+  widths.Add(Implement({1, 50}, {4, 6, -1}));
+  EXPECT_EQ(widths.At({1, 0}), 10);
+  EXPECT_EQ(widths.At({1, 49}), 10);
+  EXPECT_EQ(widths.At({1, 50}), 20);
+}
+
+TEST(WidthTimeline, EarlierRowsUseTheFirstEntryEvenOfNoWidth) {
+  WidthTimeline widths;
+  widths.Add(Implement({1, 100}, {}));
+  widths.Add(Implement({1, 200}, {3}));
+  EXPECT_EQ(widths.At({1, 0}), 0);
+  EXPECT_EQ(widths.At({1, 200}), 3);
+}
+
+TEST(WidthTimeline, EmptyTimelineHasNoWidth) { EXPECT_EQ(WidthTimeline().At({1, 0}), 0); }
+
+TEST(PolygonBuilder, RingsOfWaysWhoseEdgesDoNotCrossAreTheLiteralOnes) {
+  for (int run = 0; run < 50; ++run) {
+    std::vector<test::LiteralRow> rows;
+    double yaw = run;
+    geo::UtmPoint at{5e5, 5e6};
+    for (int i = 0; i < 200; ++i) {
+      yaw += 0.04 * std::sin(0.1 * i + run);
+      at = {at.easting + 2 * std::sin(yaw), at.northing + 2 * std::cos(yaw)};
+      rows.push_back({SwathRow::Of(at, yaw, 4 + run % 5), i % (60 + run) == 59});
+    }
+    std::vector<std::vector<geo::UtmPoint>> rings;
+    PolygonBuilder builder([&](const Ring& ring) {
+      if (ring.IsPolygon()) rings.push_back(ring.Points());
+    });
+    for (const auto& [row, begins] : rows) builder.Add(row, begins);
+    builder.Finish();
+    const auto literal = test::LiteralPolygons(rows).Rings();
+    for (const auto& ring : literal) ASSERT_FALSE(test::RingCrossesItself(ring));
+    EXPECT_TRUE(rings == literal) << run;
+  }
+}
+
+TEST(FindLineIntersection, IsThatOfTheInfiniteLines) {
+  double x = 0;
+  double y = 0;
+  FindLineIntersection(0, 0, 1, 1, 10, 0, 10, 1, x, y);
+  EXPECT_EQ(x, 10);
+  EXPECT_EQ(y, 10);
+  FindLineIntersection(0, 0, 1, 1, 5, 0, 6, 1, x, y);
+  EXPECT_EQ(x, 1E+38);
+  EXPECT_EQ(y, 1E+38);
+}
+
+TEST(PolygonArea, IsSignedAndDoesNotMindAClosingPoint) {
+  const std::vector<geo::UtmPoint> open{{0, 0}, {4, 0}, {4, 3}};
+  const std::vector<geo::UtmPoint> closed{{0, 0}, {4, 0}, {4, 3}, {0, 0}};
+  const std::vector<geo::UtmPoint> back{{4, 3}, {4, 0}, {0, 0}};
+  EXPECT_EQ(PolygonArea(open), 6);
+  EXPECT_EQ(PolygonArea(closed), 6);
+  EXPECT_EQ(PolygonArea(back), -6);
+}
+
+}  // namespace
+}  // namespace kestrin::coverage

@@ -1,0 +1,146 @@
+#include "export/coverage/edge.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "export/coverage/polygonBuilder.h"
+#include "tests/export/coverage/literalCoverage.h"
+#include "tests/export/coverage/sharpTurns.h"
+
+namespace kestrin::coverage {
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+constexpr double kRight = std::numbers::pi / 2;
+constexpr double kWidth = 12;
+
+MATCHER_P2(IsNear, east, north, "") {
+  return std::fabs(arg.easting - east) < 1e-6 && std::fabs(arg.northing - north) < 1e-6;
+}
+
+/// North from the origin; by default with rows where no corner is.
+test::Driver North(double step = 0.93) { return {{0, 0}, 0, kWidth, step}; }
+
+/// The edges of a way without its last row's clean-up at the polygon's end.
+Outline EdgesOf(const test::Driver& driver) {
+  Outline outline;
+  outline.Begin(driver.Rows().front());
+  for (std::size_t i = 1; i < driver.Rows().size(); ++i) {
+    outline.Append(driver.Rows()[i]);
+    EXPECT_EQ(CleanOutline(outline), 0U);
+  }
+  return outline;
+}
+
+std::vector<std::vector<geo::UtmPoint>> RingsOf(const std::vector<SwathRow>& rows) {
+  std::vector<std::vector<geo::UtmPoint>> rings;
+  PolygonBuilder builder([&](const Ring& ring) { rings.push_back(ring.Points()); });
+  for (const SwathRow& row : rows) builder.Add(row, false);
+  builder.Finish();
+  return rings;
+}
+
+std::vector<std::vector<geo::UtmPoint>> LiteralRingsOf(const std::vector<SwathRow>& rows) {
+  std::vector<test::LiteralRow> literal;
+  for (const SwathRow& row : rows) literal.push_back({row, false});
+  return test::LiteralPolygons(literal).Rings();
+}
+
+/// One ring that would cross itself and does not.
+void ExpectUntangled(const test::Driver& driver) {
+  ASSERT_EQ(LiteralRingsOf(driver.Rows()).size(), 1U);
+  EXPECT_TRUE(test::RingCrossesItself(LiteralRingsOf(driver.Rows())[0]));
+  ASSERT_EQ(RingsOf(driver.Rows()).size(), 1U);
+  EXPECT_FALSE(test::RingCrossesItself(RingsOf(driver.Rows())[0]));
+}
+
+TEST(Edge, InnerLoopOfATurnIsCutOffAtTheCrossing) {
+  const test::Driver driver = North().Straight(24).Turn(kRight, 2).Straight(24);
+  const Outline outline = EdgesOf(driver);
+  // The inner end goes up 6 m east of the first leg, and on 6 m south of the second.
+  EXPECT_THAT(outline.rightEdge.Points(), Contains(IsNear(6, 20)));
+  for (const geo::UtmPoint& point : outline.rightEdge.Points()) {
+    EXPECT_GT(point.easting, 6 - 1e-6);
+    EXPECT_LT(point.northing, 20 + 1e-6);
+  }
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, OuterEdgeOfATurnKeepsEveryPoint) {
+  const test::Driver driver = North().Straight(24).Turn(kRight, 2).Straight(24);
+  const auto outer = EdgesOf(driver).leftEdge.Points();
+  ASSERT_EQ(outer.size(), driver.Rows().size());
+  for (std::size_t i = 0; i < outer.size(); ++i) EXPECT_EQ(outer[i], driver.Rows()[i].left);
+}
+
+TEST(Edge, LeftTurnsLoseTheLoopOfTheLeftEdge) {
+  const test::Driver driver = North().Straight(24).Turn(-kRight, 2).Straight(24);
+  const Outline outline = EdgesOf(driver);
+  EXPECT_THAT(outline.leftEdge.Points(), Contains(IsNear(-6, 20)));
+  EXPECT_EQ(outline.rightEdge.Points().size(), driver.Rows().size());
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, BothCornersOfATurnBackLoseTheirLoops) {
+  const test::Driver driver =
+      North().Straight(24).Turn(kRight, 1).Straight(13).Turn(kRight, 1).Straight(24);
+  const auto inner = EdgesOf(driver).rightEdge.Points();
+  EXPECT_THAT(inner, Contains(IsNear(6, 19)));
+  EXPECT_THAT(inner, Contains(IsNear(9, 19)));
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, LoopAroundTheBeginningIsCutOffAtTheFirstBoom) {
+  // A turn on the spot after 3 m: the inner end leaves behind the first boom.
+  const test::Driver driver = North(1).Straight(3).Turn(kRight, 0).Straight(40);
+  const auto inner = EdgesOf(driver).rightEdge.Points();
+  // From (6, 3) to (1, -3) it passes the boom in the middle.
+  EXPECT_THAT(inner.front(), IsNear(3.5, 0));
+  EXPECT_THAT(inner[1], IsNear(1, -3));
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, LoopAtTheEndIsCutOffAtTheLastBoom) {
+  const test::Driver driver = North(1).Straight(40).Turn(kRight, 0).Straight(3);
+  // The last boom stands 3 m to the right of the first leg, across its inner edge's
+  // way from (6, 40) to (1, 34).
+  ExpectUntangled(driver);
+  EXPECT_THAT(RingsOf(driver.Rows())[0], Contains(IsNear(3, 36.4)));
+  EXPECT_THAT(RingsOf(driver.Rows())[0], Not(Contains(IsNear(1, 34))));
+}
+
+TEST(Edge, RoundThatComesBackToItsOwnEdgeKeepsEveryPoint) {
+  // A circle that goes on a little inside its own beginning: the outer edge crosses
+  // the first boom, but what it closes lies around ground that is not covered.
+  const test::Driver driver =
+      North().Turn(3.6 * kRight, 26).Turn(0.5 * kRight, 18).Turn(0.2 * kRight, 26);
+  const Outline outline = EdgesOf(driver);
+  EXPECT_EQ(outline.rightEdge.Points().size(), driver.Rows().size());
+  EXPECT_EQ(outline.leftEdge.Points().size(), driver.Rows().size());
+  EXPECT_TRUE(test::RingCrossesItself(LiteralRingsOf(driver.Rows())[0]));
+  EXPECT_TRUE(RingsOf(driver.Rows()) == LiteralRingsOf(driver.Rows()));
+}
+
+TEST(Edge, RingsRunClockwiseWhenDrivenForward) {
+  for (double yaw = 0; yaw < 6; yaw += 0.5) {
+    for (const double turn : {-kRight, 0.5 * -kRight, 0.5 * kRight, kRight}) {
+      for (const double radius : {0.0, 3.0, 20.0}) {
+        const auto rings = RingsOf(test::Driver({5e5, 5e6}, yaw, kWidth, 1)
+                                       .Straight(24)
+                                       .Turn(turn, radius)
+                                       .Straight(24)
+                                       .Rows());
+        ASSERT_EQ(rings.size(), 1U);
+        EXPECT_LT(PolygonArea(rings[0]), 0) << yaw << " " << turn << " " << radius;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kestrin::coverage

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "export/coverage/outline.h"
+
+namespace kestrin::test {
+
+struct LiteralRow {
+  coverage::SwathRow row;
+  bool begins = false;
+};
+
+/// The polygons of a list of rows, made slowly step by step with lists over all rows
+/// that count from 1: no index, no early end, no loop taken out of the edges.
+struct LiteralPolygons {
+  std::vector<geo::UtmPoint> leftEdge = {geo::UtmPoint{}};
+  std::vector<geo::UtmPoint> rightEdge = {geo::UtmPoint{}};
+  std::vector<geo::UtmPoint> outline = {geo::UtmPoint{}};
+  std::vector<int> starts{0};
+
+  explicit LiteralPolygons(const std::vector<LiteralRow>& rows);
+
+  /// The rings that are written.
+  std::vector<std::vector<geo::UtmPoint>> Rings() const;
+};
+
+/// Whether any two segments of the edges or of the lines that close the ring at its
+/// start and end properly cross, each pair compared.
+bool RingCrossesItself(const std::vector<geo::UtmPoint>& ring);
+
+}  // namespace kestrin::test

@@ -1,0 +1,37 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "jobstore/sqliteDefs.h"
+#include "tests/jobstore/opening/ordinaryUser.h"
+#include "tests/support/jobBuilder.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::opening {
+namespace {
+
+constexpr std::int32_t kCannotOpen = -14;
+
+std::int32_t OpenResult(const std::string& path) {
+  jobstore::sqliteDefs library;
+  return library.linx_sqlite3_open(path);
+}
+
+TEST(JobOpening, APipeIsRefusedInsteadOfWaitedFor) {
+  const test::TempFolder folder;
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(OpenResult(folder / "pipe"), kCannotOpen);
+}
+
+TEST(JobOpening, AFileWithoutPermissionIsANegativeHandle) {
+  const test::TempFolder folder;
+  const std::string path = test::JobBuilder(folder / "job.sqlite").Epoch({1, 2}, 3, 4).Finish();
+  std::filesystem::permissions(path, std::filesystem::perms::none);
+  const test::OrdinaryUser user;
+  if (!user.CanTell(path)) GTEST_SKIP() << "permissions cannot be made to bind";
+  EXPECT_EQ(OpenResult(path), kCannotOpen);
+}
+
+}  // namespace
+}  // namespace kestrin::opening

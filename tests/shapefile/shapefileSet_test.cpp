@@ -1,0 +1,320 @@
+#include "shapefile/shapefileSet.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <random>
+
+#include "tests/support/shapeReader.h"
+#include "tests/support/tempFolder.h"
+
+namespace kestrin::shapefile {
+namespace {
+
+const std::array<Field, 1> kFields{{{"ID", 'N', 3, 0}}};
+
+/// Bytes from their hexadecimal digits; blanks are for the reader.
+std::string Hex(const std::string& digits) {
+  std::string bytes;
+  std::string pair;
+  for (const char digit : digits) {
+    if (digit == ' ') continue;
+    pair += digit;
+    if (pair.size() < 2) continue;
+    bytes += static_cast<char>(std::stoi(pair, nullptr, 16));
+    pair.clear();
+  }
+  return bytes;
+}
+
+// Doubles as they stand in the files.
+const std::string kOne = "000000000000F03F ";
+const std::string kTwo = "0000000000000040 ";
+const std::string kThree = "0000000000000840 ";
+const std::string kMinusHalf = "000000000000E0BF ";
+const std::string kZero = "0000000000000000 ";
+
+/// The 100 bytes in front of a file: length in words, shape type and box in digits.
+std::string HeaderHex(const std::string& words, const std::string& type, const std::string& box) {
+  return "0000270A 00000000 00000000 00000000 00000000 00000000 " + words + " E8030000 " + type +
+         " " + box + kZero + kZero + kZero + kZero;
+}
+
+class ShapefileSetTest : public testing::Test {
+ protected:
+  ShapefileSet MakeSet(ShapeType type) { return {*files_, base_, type, kFields, options_}; }
+
+  std::string Shp() const { return test::FileBytes(base_ + ".shp"); }
+  std::string Shx() const { return test::FileBytes(base_ + ".shx"); }
+  std::string Dbf() const { return test::FileBytes(base_ + ".dbf"); }
+
+  std::size_t FileCount() const {
+    std::size_t count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+      ++count;
+    }
+    return count;
+  }
+
+  test::TempFolder folder_;
+  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
+  std::string base_ = folder_ / "job_KIND";
+  SetOptions options_{{2006, 7, 9}, false};
+};
+
+const std::string kTableHead =
+    "03 6A 07 09 01000000 4100 0400 0000000000000000000000000000000000000000 "
+    "4944000000000000000000 4E 00000000 03 00 0000000000000000000000000000 0D ";
+
+TEST_F(ShapefileSetTest, PolylinesByteForByte) {
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  set.BeginRecord();
+  set.AddVertex(1, 2);
+  set.AddVertex(3, -0.5);
+  set.EndRecord();
+  set.AddAttributes("   0");
+  set.BeginRecord();
+  set.AddVertex(-0.5, 3);
+  set.EndRecord();
+  set.AddAttributes("   1");
+  set.Commit();
+
+  const std::string box = kMinusHalf + kMinusHalf + kThree + kThree;
+  EXPECT_EQ(Shp(), Hex(HeaderHex("00000082", "03000000", box) +
+                       // Record 1: 40 words, its box, 1 part, 2 points.
+                       "00000001 00000028 03000000 " + kOne + kMinusHalf + kThree + kTwo +
+                       "01000000 02000000 00000000 " + kOne + kTwo + kThree + kMinusHalf +
+                       // Record 2: 32 words, 1 point.
+                       "00000002 00000020 03000000 " + kMinusHalf + kThree + kMinusHalf + kThree +
+                       "01000000 01000000 00000000 " + kMinusHalf + kThree));
+  EXPECT_EQ(Shx(),
+            Hex(HeaderHex("0000003A", "03000000", box) + "00000032 00000028 0000005E 00000020"));
+  std::string head = kTableHead;
+  head.replace(head.find("01000000"), 2, "02");
+  EXPECT_EQ(Dbf(), Hex(head + "20202030 20202031 1A"));
+}
+
+TEST_F(ShapefileSetTest, PolygonsByteForByte) {
+  ShapefileSet set = MakeSet(ShapeType::kPolygon);
+  set.BeginRecord();
+  for (const auto& [x, y] : {std::pair{1.0, 1.0}, {1.0, 2.0}, {2.0, 2.0}, {1.0, 1.0}}) {
+    set.AddVertex(x, y);
+  }
+  set.EndRecord();
+  set.AddAttributes("   0");
+  set.Commit();
+
+  const std::string box = kOne + kOne + kTwo + kTwo;
+  EXPECT_EQ(Shp(), Hex(HeaderHex("0000006E", "05000000", box) + "00000001 00000038 05000000 " +
+                       box + "01000000 04000000 00000000 " + kOne + kOne + kOne + kTwo + kTwo +
+                       kTwo + kOne + kOne));
+  EXPECT_EQ(Shx(), Hex(HeaderHex("00000036", "05000000", box) + "00000032 00000038"));
+  EXPECT_EQ(Dbf(), Hex(kTableHead + "20202030 1A"));
+}
+
+TEST_F(ShapefileSetTest, PointsByteForByte) {
+  ShapefileSet set = MakeSet(ShapeType::kPoint);
+  set.AddPoint(1, -0.5);
+  set.AddAttributes("   0");
+  set.AddPoint(2, 3);
+  set.AddAttributes("   1");
+  set.Commit();
+
+  const std::string box = kOne + kMinusHalf + kTwo + kThree;
+  EXPECT_EQ(Shp(), Hex(HeaderHex("0000004E", "01000000", box) + "00000001 0000000A 01000000 " +
+                       kOne + kMinusHalf + "00000002 0000000A 01000000 " + kTwo + kThree));
+  EXPECT_EQ(Shx(),
+            Hex(HeaderHex("0000003A", "01000000", box) + "00000032 0000000A 00000040 0000000A"));
+}
+
+TEST_F(ShapefileSetTest, PairsByteForByte) {
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  geo::Box box;
+  for (const auto& [x, y] : {std::pair{1.0, 2.0}, {3.0, 2.0}, {1.0, 3.0}, {-0.5, 3.0}}) {
+    box.Widen(x, y);
+    set.WidenBox(x, y);
+  }
+  set.AddPairs(box, std::array<double, 8>{1, 2, 3, 2, 1, 3, -0.5, 3});
+  set.AddAttributes("   0");
+  set.Commit();
+
+  const std::string bounds = kMinusHalf + kTwo + kThree + kThree;
+  // 44 + 4 * 2 + 16 * 4 bytes of content: 58 words.
+  EXPECT_EQ(Shp(), Hex(HeaderHex("00000070", "03000000", bounds) + "00000001 0000003A 03000000 " +
+                       bounds + "02000000 04000000 00000000 02000000 " + kOne + kTwo + kThree +
+                       kTwo + kOne + kThree + kMinusHalf + kThree));
+  EXPECT_EQ(Shx(), Hex(HeaderHex("00000036", "03000000", bounds) + "00000032 0000003A"));
+}
+
+TEST_F(ShapefileSetTest, RecordWithoutPairsHasNoPartsAndAZeroBox) {
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  set.AddPairs({}, {});
+  set.AddAttributes("   0");
+  set.Commit();
+
+  const std::string zeros = kZero + kZero + kZero + kZero;
+  EXPECT_EQ(Shp(), Hex(HeaderHex("0000004C", "03000000", zeros) + "00000001 00000016 03000000 " +
+                       zeros + "00000000 00000000"));
+}
+
+TEST_F(ShapefileSetTest, FileBoxIsOnlyWhatWidenedIt) {
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  set.AddPairs({1, 2, 3, 2, false}, std::array<double, 4>{1, 2, 3, 2});
+  set.AddAttributes("   0");
+  set.WidenBox(7, 8);
+  set.Commit();
+  EXPECT_EQ(test::ReadShapeSet(base_).box, (test::Bounds{7, 8, 7, 8}));
+}
+
+TEST_F(ShapefileSetTest, OneRecordGivesAnIndexOf54Words) {
+  ShapefileSet set = MakeSet(ShapeType::kPoint);
+  set.AddPoint(1, 2);
+  set.AddAttributes("   0");
+  set.Commit();
+  EXPECT_EQ(Shx().size(), 108U);
+  EXPECT_EQ(Shx().substr(24, 4), Hex("00000036"));
+}
+
+TEST_F(ShapefileSetTest, SetWithoutRecordsIsThreeHeaders) {
+  MakeSet(ShapeType::kPolyline).Commit();
+  const std::string zeros = kZero + kZero + kZero + kZero;
+  EXPECT_EQ(Shp(), Hex(HeaderHex("00000032", "03000000", zeros)));
+  EXPECT_EQ(Shx(), Hex(HeaderHex("00000032", "03000000", zeros)));
+  std::string head = kTableHead;
+  head.replace(head.find("01000000"), 2, "00");
+  EXPECT_EQ(Dbf(), Hex(head + "1A"));
+}
+
+TEST_F(ShapefileSetTest, TableDateIsTheDayOfWriting) {
+  options_ = SetOptions{};
+  const CalendarDate before = Today();
+  MakeSet(ShapeType::kPoint).Commit();
+  const auto date = test::ReadShapeSet(base_).date;
+  const CalendarDate after = Today();
+  EXPECT_TRUE(date == (std::array<int, 3>{before.year, before.month, before.day}) ||
+              date == (std::array<int, 3>{after.year, after.month, after.day}));
+}
+
+TEST_F(ShapefileSetTest, ProjectionAndEncodingOnlyWhenAskedFor) {
+  MakeSet(ShapeType::kPoint).Commit();
+  EXPECT_EQ(FileCount(), 3U);
+  options_.withProjection = true;
+  MakeSet(ShapeType::kPoint).Commit();
+  EXPECT_EQ(FileCount(), 5U);
+  EXPECT_EQ(test::FileBytes(base_ + ".cpg"), "UTF-8");
+  EXPECT_EQ(test::FileBytes(base_ + ".prj"),
+            "GEOGCS[\"GCS_North_American_1983\",DATUM[\"D_North_American_1983\","
+            "SPHEROID[\"GRS_1980\",6378137.0,298.257222101]],PRIMEM[\"Greenwich\",0.0],"
+            "UNIT[\"Degree\",0.0174532925199433]]");
+}
+
+TEST_F(ShapefileSetTest, NothingHasItsNameBeforeCommit) {
+  ShapefileSet set = MakeSet(ShapeType::kPoint);
+  set.AddPoint(1, 2);
+  set.AddAttributes("   0");
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+    EXPECT_EQ(entry.path().extension(), ".tmp");
+  }
+  EXPECT_EQ(FileCount(), 3U);
+}
+
+TEST_F(ShapefileSetTest, NothingIsLeftWithoutCommit) {
+  {
+    ShapefileSet set = MakeSet(ShapeType::kPoint);
+    set.AddPoint(1, 2);
+  }
+  EXPECT_EQ(FileCount(), 0U);
+}
+
+/// Records longer than every buffer, and fixed parts that lie across the places
+/// where buffers end.
+TEST_F(ShapefileSetTest, LargeSetsReadBackAsTheyWereWritten) {
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> degrees(-180, 180);
+  std::vector<std::vector<std::pair<double, double>>> records;
+  for (const int size : {200'000, 1, 0, 65'534, 65'529, 3, 131'072}) {
+    records.emplace_back();
+    for (int i = 0; i < size; ++i) {
+      const double x = degrees(random);
+      records.back().emplace_back(x, degrees(random));
+    }
+  }
+  for (int i = 0; i < 40'000; ++i) records.push_back({{i, -i}, {i, i}});
+
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  for (const auto& record : records) {
+    set.BeginRecord();
+    for (const auto& [x, y] : record) set.AddVertex(x, y);
+    set.EndRecord();
+    set.AddAttributes("   9");
+  }
+  EXPECT_EQ(set.RecordCount(), 40'007);
+  set.Commit();
+
+  const test::ReadSet read = test::ReadShapeSet(base_);
+  ASSERT_EQ(read.records.size(), records.size());
+  for (std::size_t i = 0; i < records.size(); ++i) ASSERT_EQ(read.records[i].points, records[i]);
+}
+
+TEST_F(ShapefileSetTest, LargePairsReadBackAsTheyWereWritten) {
+  std::vector<double> coordinates;
+  geo::Box box;
+  for (int i = 0; i < 150'000; ++i) {
+    coordinates.insert(coordinates.end(), {i * 0.5, -i * 0.25});
+    box.Widen(i * 0.5, -i * 0.25);
+  }
+  ShapefileSet set = MakeSet(ShapeType::kPolyline);
+  set.AddPairs(box, coordinates);
+  set.AddAttributes("   0");
+  set.Commit();
+
+  const test::ReadSet read = test::ReadShapeSet(base_);
+  ASSERT_EQ(read.records[0].parts.size(), 75'000U);
+  EXPECT_EQ(read.records[0].parts.back(), 149'998);
+  EXPECT_EQ(read.records[0].points.back(), std::pair(149'999 * 0.5, -149'999 * 0.25));
+}
+
+TEST_F(ShapefileSetTest, RemoveSetRemovesTheThreeFilesAndNoOther) {
+  options_.withProjection = true;
+  MakeSet(ShapeType::kPoint).Commit();
+  RemoveSet(*files_, base_);
+  EXPECT_EQ(FileCount(), 2U);
+  EXPECT_TRUE(files_->Exists(base_ + ".prj"));
+  RemoveSet(*files_, base_);
+}
+
+TEST_F(ShapefileSetTest, RemoveSetOfAnEmptyBasePathRemovesNothing) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path());
+  const auto file = files_->Create(".shp");
+  RemoveSet(*files_, "");
+  const bool kept = files_->Exists(".shp");
+  std::filesystem::current_path(before);
+  EXPECT_TRUE(kept);
+}
+
+TEST_F(ShapefileSetTest, RemoveSetFailsWhereAFolderIsInTheWay) {
+  files_->MakeFolder(base_ + ".shx");
+  try {
+    RemoveSet(*files_, base_);
+    FAIL();
+  } catch (const base::FileError& error) {
+    EXPECT_EQ(error.Path(), base_ + ".shx");
+    EXPECT_FALSE(error.Reason().empty());
+  }
+}
+
+TEST_F(ShapefileSetTest, SetExistsOnlyWithAllThreeFiles) {
+  EXPECT_FALSE(SetExists(*files_, base_));
+  MakeSet(ShapeType::kPoint).Commit();
+  for (const char* extension : {".shp", ".shx", ".dbf"}) {
+    EXPECT_TRUE(SetExists(*files_, base_));
+    files_->Rename(base_ + extension, folder_ / "away");
+    EXPECT_FALSE(SetExists(*files_, base_)) << extension;
+    files_->Rename(folder_ / "away", base_ + extension);
+  }
+}
+
+}  // namespace
+}  // namespace kestrin::shapefile

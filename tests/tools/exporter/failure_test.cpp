@@ -1,0 +1,128 @@
+#include <fstream>
+
+#include "tests/support/jobBuilder.h"
+#include "tests/tools/exporter/exportFixture.h"
+#include "tests/tools/exporter/jobQuery.h"
+
+namespace kestrin::exporter {
+namespace {
+
+using test::CommandResult;
+using test::FileBytes;
+using ::testing::HasSubstr;
+
+class ExportFailure : public test::ExportCommand {
+ protected:
+  std::string Builder(const std::string& name) const { return folder_ / name; }
+};
+
+TEST_F(ExportFailure, MissingJobIsNamedForEveryKindAndTheOthersAreMade) {
+  Sample("there.sqlite", 20);
+  const CommandResult run =
+      Run({"--kind", "wire", "--kind", "poly", "gone.sqlite", "there.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.err,
+            "kestrin-export: gone.sqlite: wire: Error opening: -14\n"
+            "kestrin-export: gone.sqlite: poly: Error opening: -14\n");
+  EXPECT_EQ(run.out,
+            "TrevaskData/there/2025Jun3/there_2025Jun3_WIRE.shp: 20 epochs\n"
+            "TrevaskData/there/2025Jun3/there_2025Jun3_POLY.shp: 20 epochs\n");
+  EXPECT_FALSE(Exists("gone.sqlite"));
+}
+
+TEST_F(ExportFailure, MissingJobTakesTheOldSetOfItsBaseAway) {
+  Sample("job.sqlite", 20);
+  Run({"--kind", "wire", "--base", "x", "job.sqlite"});
+  ASSERT_TRUE(HasSet("x_WIRE"));
+  const CommandResult run = Run({"--kind", "wire", "--base", "x", "gone.sqlite"});
+  EXPECT_EQ(run.err, "kestrin-export: gone.sqlite: wire: Error opening: -14\n");
+  EXPECT_EQ(run.code, 1);
+  EXPECT_FALSE(Exists("x_WIRE.shp") || Exists("x_WIRE.shx") || Exists("x_WIRE.dbf"));
+}
+
+TEST_F(ExportFailure, JobThatIsNoDatabaseCannotBeOpened) {
+  std::ofstream(folder_ / "text.sqlite") << std::string(5000, 'x');
+  for (const auto& target : {std::vector<std::string>{}, {"--base", "x"}}) {
+    std::vector<std::string> arguments{"--kind", "wire", "text.sqlite"};
+    arguments.insert(arguments.begin(), target.begin(), target.end());
+    const CommandResult run = Run(arguments);
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, ::testing::StartsWith("kestrin-export: text.sqlite: wire: Error "));
+  }
+}
+
+TEST_F(ExportFailure, JobWithoutRowsOrReferenceHasNothingToExport) {
+  test::JobBuilder(Builder("rows.sqlite")).Epoch({1345, 0}, 0, 0).Finish();
+  test::JobBuilder(Builder("reference.sqlite")).Reference({1345, 0}, 42, -93).Finish();
+  for (const char* job : {"rows.sqlite", "reference.sqlite"}) {
+    for (const char* target : {"--out=out", "--base=x"}) {
+      const CommandResult run = Run({"--kind", "wire", "--kind", "point", target, job});
+      EXPECT_EQ(run.code, 1);
+      EXPECT_EQ(run.out, "");
+      const std::string front = std::string("kestrin-export: ") + job;
+      EXPECT_EQ(run.err, front + ": wire: no set made: nothing to export\n" + front +
+                             ": point: no set made: nothing to export\n");
+    }
+  }
+}
+
+TEST_F(ExportFailure, SubscriptErrorNamesItsKindAndTheOtherKindsAreMade) {
+  test::JobBuilder job(Builder("job.sqlite"));
+  job.Reference({1345, 0}, 42, -93).Implement({1345, 0}, "Boom", {{3, 0, 0, 0}});
+  for (int i = 0; i < 8; ++i) job.Epoch({1345, i * 1000}, i, i);
+  // The rates of the first record come back within its period.
+  job.ActualRates({1345, 0}, 1).ActualRates({1345, 2000}, 2).ActualRates({1345, 4000}, 1);
+  job.Finish();
+  const CommandResult run = Run({"--base", "x", "job.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: boom: Subscript out of range\n");
+  EXPECT_TRUE(HasSet("x_WIRE") && HasSet("x_POLY") && HasSet("x_POINT"));
+  EXPECT_FALSE(Exists("x_BOOM.shp"));
+}
+
+TEST_F(ExportFailure, SecondJobOfTheSameTargetIsRefused) {
+  Sample("a/job.sqlite", 20);
+  Sample("b/job.sqlite", 40);
+  for (const char* jobs : {"1", "4"}) {
+    const CommandResult run =
+        Run({"--kind", "wire", "--jobs", jobs, "a/job.sqlite", "b/job.sqlite"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.out, "TrevaskData/job/2025Jun3/job_2025Jun3_WIRE.shp: 20 epochs\n");
+    EXPECT_EQ(run.err,
+              "kestrin-export: b/job.sqlite: wire: its sets would take the names of "
+              "those of a/job.sqlite\n");
+  }
+}
+
+// Read through an index, the rows before the damage come out before the error.
+TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
+  const std::string job = Sample("job.sqlite", 3000);
+  test::Change(job, "CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  test::DamageTablePage(job);
+
+  const CommandResult run = Run({"--kind", "wire", "--base", "x", "job.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_TRUE(HasSet("x_WIRE"));
+  const int epochs = std::atoi(run.out.c_str() + std::string("x_WIRE.shp: ").size());
+  EXPECT_GT(epochs, 100);
+  EXPECT_LT(epochs, 3000);
+  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: wire: could not be read to its end: " +
+                         std::to_string(epochs) + " epochs written, code 11\n");
+}
+
+TEST_F(ExportFailure, OutThatCannotBeMadeIsNamed) {
+  Sample("job.sqlite", 20);
+  std::ofstream(folder_ / "file") << "no folder";
+  for (const char* out : {"file", "file/deeper"}) {
+    const CommandResult run = Run({"--kind", "wire", "--out", out, "job.sqlite"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, ::testing::StartsWith("kestrin-export: job.sqlite: wire: "));
+    EXPECT_THAT(run.err, HasSubstr("wire: file"));
+  }
+  EXPECT_EQ(FileBytes(folder_ / "file"), "no folder");
+}
+
+}  // namespace
+}  // namespace kestrin::exporter

@@ -1,0 +1,77 @@
+#include "tools/exporter/commandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "base/utf8Path.h"
+#include "export/exportKinds.h"
+#include "tools/exporter/exitCode.h"
+
+namespace kestrin::exporter {
+namespace {
+
+constexpr const char* kEveryKind = "all";
+
+std::vector<std::string> KindNames() {
+  std::vector<std::string> names;
+  for (const exports::ExportKind& kind : exports::kExportKinds) names.emplace_back(kind.name);
+  names.emplace_back(kEveryKind);
+  return names;
+}
+
+std::vector<std::size_t> KindsNamed(const std::vector<std::string>& names) {
+  const auto asked = [&](std::string_view name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+  };
+  std::vector<std::size_t> kinds;
+  for (std::size_t i = 0; i < exports::kExportKinds.size(); ++i) {
+    if (names.empty() || asked(kEveryKind) || asked(exports::kExportKinds[i].name))
+      kinds.push_back(i);
+  }
+  return kinds;
+}
+
+}  // namespace
+
+std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOptions& options) {
+  std::vector<std::string> kinds;
+  CLI::App app("Writes the shapefile sets of job files: wire, boom, poly and point.",
+               "kestrin-export");
+  app.set_version_flag("--version", "kestrin-export " KESTRIN_VERSION);
+  app.add_option("--kind", kinds, "Kind of set, any number of times; default: all")
+      ->allow_extra_args(false)
+      ->check(CLI::IsMember(KindNames()));
+  CLI::Option* out =
+      app.add_option("--out", options.out, "Folder that the jobs' own folders go into")
+          ->capture_default_str()
+          ->type_name("DIR");
+  CLI::Option* base =
+      app.add_option("--base", options.base, "Base path of the sets, without suffix; one JOB only")
+          ->excludes(out)
+          ->type_name("PATH");
+  app.add_option("--jobs", options.jobs, "Work on so many jobs at once")
+      ->capture_default_str()
+      ->check(CLI::Range(1U, 256U));
+  app.add_flag("--prj", options.prj, "Add \".prj\" (NAD83) and \".cpg\" to each set");
+  app.add_flag("--quiet", options.quiet, "No progress bar, no result lines");
+  app.add_option("JOB", options.jobPaths, "Job files")->required();
+  app.callback([&] {
+    if (options.out.empty()) throw CLI::ValidationError("--out", "is empty");
+    if (base->count() == 0) return;
+    if (options.base.empty()) throw CLI::ValidationError("--base", "is empty");
+    if (options.jobPaths.size() > 1) throw CLI::ValidationError("--base", "takes one JOB only");
+  });
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kAllMade : kWrongUsage;
+  }
+  options.kinds = KindsNamed(kinds);
+  // Where the system takes more than one separator, the rules of naming know its own.
+  options.out = base::WithOwnSeparators(options.out);
+  options.base = base::WithOwnSeparators(options.base);
+  for (std::string& path : options.jobPaths) path = base::WithOwnSeparators(path);
+  return std::nullopt;
+}
+
+}  // namespace kestrin::exporter

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "export/setNames.h"
+
+namespace kestrin::exporter {
+
+/// What the command line asks for.
+struct ExportOptions {
+  /// Indices into kExportKinds, ascending, each once.
+  std::vector<std::size_t> kinds;
+  /// The folder that job folders go into.
+  std::string out{exports::kDataFolderName};
+  /// Base path without suffix; then there is one job.
+  std::string base;
+  unsigned jobs = 1;  ///< at once
+  bool prj = false;
+  bool quiet = false;
+  std::vector<std::string> jobPaths;
+};
+
+/// Reads the command line into `options` and returns nothing, or returns the exit
+/// code when there is nothing to do: help or version (printed to stdout) or wrong
+/// usage (said on stderr).
+std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOptions& options);
+
+}  // namespace kestrin::exporter

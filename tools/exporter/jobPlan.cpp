@@ -1,0 +1,70 @@
+#include "tools/exporter/jobPlan.h"
+
+#include <exception>
+#include <map>
+
+#include "base/nameKey.h"
+#include "export/exportRun.h"
+#include "export/setNames.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
+#include "tools/exporter/obstacles.h"
+
+namespace kestrin::exporter {
+namespace {
+
+std::string DefaultBase(const JobPlan& plan, jobstore::GpsKey newest, const ExportOptions& options,
+                        const DateRules& dates) {
+  const std::string name = exports::FileSafeName(exports::JobNameOf(plan.jobPath).name);
+  const std::string date = geo::DateText(geo::LocalTimeOf(newest, dates.zoneOffset), dates.months);
+  return base::WithSeparator(exports::ExportFolder(base::WithSeparator(options.out), name, date)) +
+         exports::SetName(name, date);
+}
+
+void FindDefaultBase(jobstore::Job& job, JobPlan& plan, const ExportOptions& options,
+                     const DateRules& dates) {
+  jobstore::KeyRow newest;
+  jobstore::Query<jobstore::NewestEpoch> query(job);
+  if (!job.IsOpen()) {
+    plan.obstacle = exports::NotOpenedText(job.Handle());
+  } else if (!query.Prepared()) {
+    plan.obstacle = exports::NotPreparedText(query.Handle());
+  } else if (query.Next(newest)) {
+    plan.basePath = DefaultBase(plan, newest.time, options, dates);
+  } else if (query.LastStep() != jobstore::sqliteDefs::kDone) {
+    plan.obstacle = UnreadableRows(0, query.LastStep());
+  } else {
+    plan.obstacle = kNothingToExport;
+  }
+}
+
+}  // namespace
+
+JobPlan PlanJob(const std::string& jobPath, const ExportOptions& options, const DateRules& dates) {
+  JobPlan plan;
+  plan.jobPath = jobPath;
+  plan.basePath = options.base;
+  try {
+    jobstore::Job job(jobPath);
+    jobstore::CountRow count;
+    if (job.IsOpen() && jobstore::ReadFirst<jobstore::EpochCount>(job, count))
+      plan.rows = count.count;
+    if (options.base.empty()) FindDefaultBase(job, plan, options, dates);
+  } catch (const std::exception& error) {
+    plan.obstacle = error.what();
+  }
+  return plan;
+}
+
+void RefuseSharedTargets(std::vector<JobPlan>& plans) {
+  std::map<std::string, const JobPlan*> taken;
+  for (JobPlan& plan : plans) {
+    if (!plan.obstacle.empty()) continue;
+    const auto [holder, isNew] = taken.emplace(base::NameKey(plan.basePath), &plan);
+    if (!isNew) {
+      plan.obstacle = "its sets would take the names of those of " + holder->second->jobPath;
+    }
+  }
+}
+
+}  // namespace kestrin::exporter
