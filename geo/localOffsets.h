@@ -4,24 +4,11 @@
 #include <span>
 
 #include "geo/modProj4.h"
+#include "geo/points.h"
 #include "jobstore/changeCursor.h"
 #include "jobstore/queries.h"
 
 namespace kestrin::geo {
-
-/// Metres in the plane of the working UTM zone.
-struct UtmPoint {
-  double easting = 0;
-  double northing = 0;
-
-  friend bool operator==(const UtmPoint&, const UtmPoint&) = default;
-};
-
-/// Decimal degrees, NAD83.
-struct GeoPoint {
-  double longitude = 0;
-  double latitude = 0;
-};
 
 /// The plane a whole run works in: the UTM zone of the job's first reference
 /// location, kept also when a later one lies in another zone, and the projected

@@ -37,8 +37,10 @@ constexpr std::string_view kEncoding = "UTF-8";
 /// The formats count in 16-bit words.
 std::uint32_t Words(std::uint64_t bytes) { return static_cast<std::uint32_t>(bytes / 2); }
 
+/// Bounds of nothing are four zeros in a file.
 char* PutBox(char* out, const geo::Box& box) {
-  for (const double bound : {box.xMin, box.yMin, box.xMax, box.yMax}) {
+  const geo::Box shown = box.IsEmpty() ? geo::Box{0, 0, 0, 0} : box;
+  for (const double bound : {shown.xMin, shown.yMin, shown.xMax, shown.yMax}) {
     out = base::PutLeDouble(out, bound);
   }
   return out;

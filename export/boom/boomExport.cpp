@@ -1,12 +1,12 @@
 #include "export/boom/boomExport.h"
 
-#include <cmath>
 #include <vector>
 
 #include "export/boom/periods.h"
 #include "export/boom/records.h"
 #include "export/boom/table.h"
 #include "export/boom/timeline.h"
+#include "geo/heading.h"
 #include "geo/weekFirstOffsets.h"
 #include "jobstore/changeCursor.h"
 #include "jobstore/job.h"
@@ -84,17 +84,15 @@ class BoomLayer {
 
     const geo::WorkingPlane& plane = offsets_.Plane();
     const geo::UtmPoint antenna = plane.At(epoch.east, epoch.north);
-    const double cosine = std::cos(epoch.yaw);
-    const double sine = std::sin(epoch.yaw);
+    const geo::Heading heading(epoch.yaw);
     for (const UsedSection& section : setup.sections) {
       // The offsets keep to east and north whatever the heading, as the sets have
       // always shown them.
-      const double east = cosine * section.halfWidth;
-      const double north = sine * section.halfWidth;
-      const geo::GeoPoint first = plane.ToGeo(
-          {antenna.easting + east + section.xOffset, antenna.northing - north + section.yOffset});
-      const geo::GeoPoint second = plane.ToGeo(
-          {antenna.easting - east + section.xOffset, antenna.northing + north + section.yOffset});
+      const auto toDegrees = [&](geo::UtmPoint end) {
+        return plane.ToGeo({end.easting + section.xOffset, end.northing + section.yOffset});
+      };
+      const geo::GeoPoint first = toDegrees(heading.RightOf(antenna, section.halfWidth));
+      const geo::GeoPoint second = toDegrees(heading.LeftOf(antenna, section.halfWidth));
       records_.Lay({first.longitude, first.latitude, second.longitude, second.latitude});
     }
   }
@@ -122,7 +120,7 @@ void WriteRecords(const Records& records, const Timeline& timeline, base::RunHos
     set.AddAttributes(table.RowOf(record, records[record]));
   }
   const geo::Box& box = records.FileBox();
-  if (box.empty) return;
+  if (box.IsEmpty()) return;
   set.WidenBox(box.xMin, box.yMin);
   set.WidenBox(box.xMax, box.yMax);
 }

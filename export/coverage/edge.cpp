@@ -109,8 +109,8 @@ bool Edge::RemoveLoopAtStart(const Edge& other) {
   if (trail_.Size() < 3) return false;
   const geo::UtmPoint a = FromEnd(1);
   const geo::UtmPoint b = FromEnd(0);
-  const Extent start = Extent::Of(trail_[0], other.trail_[0]);
-  if (!start.Overlaps(Extent::Of(a, b))) return false;
+  const geo::Box start = geo::Box::Of(trail_[0], other.trail_[0]);
+  if (!start.Overlaps(geo::Box::Of(a, b))) return false;
   if (!SegmentsCross(a, b, trail_[0], other.trail_[0])) return false;
   const geo::UtmPoint point = MeetingPoint(a, b, trail_[0], other.trail_[0]);
   const double area = LoopArea(other, 0, point);
@@ -128,7 +128,7 @@ bool Edge::RemoveLoopWith(Edge& other) {
   const geo::UtmPoint b = FromEnd(0);
   const double most = SquareDistance(trail_.Back(), other.trail_.Back());
   Crossing first;
-  other.trail_.AnyNear(Extent::Of(a, b), other.trail_.Size() - 2, [&](std::size_t i) {
+  other.trail_.AnyNear(geo::Box::Of(a, b), other.trail_.Size() - 2, [&](std::size_t i) {
     if (SegmentsCross(a, b, other.trail_[i], other.trail_[i + 1])) {
       const geo::UtmPoint point = MeetingPoint(a, b, other.trail_[i], other.trail_[i + 1]);
       const double area = LoopArea(other, i, point);
@@ -147,7 +147,7 @@ void Edge::RemoveLastLoop(const Edge& other) {
   const geo::UtmPoint a = trail_.Back();
   const geo::UtmPoint b = other.trail_.Back();
   Crossing first;
-  trail_.AnyNear(Extent::Of(a, b), trail_.Size() - 2, [&](std::size_t i) {
+  trail_.AnyNear(geo::Box::Of(a, b), trail_.Size() - 2, [&](std::size_t i) {
     if (SegmentsCross(a, b, trail_[i], trail_[i + 1])) {
       const geo::UtmPoint point = MeetingPoint(a, b, trail_[i], trail_[i + 1]);
       const double area = LoopArea(i, point, trail_.Size() - 1);

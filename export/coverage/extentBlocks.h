@@ -13,12 +13,12 @@ class ExtentBlocks {
  public:
   void Clear() { Truncate(0); }
 
-  void Add(const Extent& block) {
+  void Add(const geo::Box& block) {
     levels_[0].push_back(block);
     std::size_t count = levels_[0].size();
     for (unsigned level = 1; level < kLevels && (count & kMask) == 0; ++level) {
-      const std::vector<Extent>& lower = levels_[level - 1];
-      Extent together;
+      const std::vector<geo::Box>& lower = levels_[level - 1];
+      geo::Box together;
       for (std::size_t i = count - kFan; i < count; ++i) together.Widen(lower[i]);
       levels_[level].push_back(together);
       count = levels_[level].size();
@@ -34,12 +34,12 @@ class ExtentBlocks {
   }
 
   std::size_t Size() const { return levels_[0].size(); }
-  const Extent& operator[](std::size_t block) const { return levels_[0][block]; }
+  const geo::Box& operator[](std::size_t block) const { return levels_[0][block]; }
 
   /// Calls `visit(block)` for the blocks from `begin` to before `end` that overlap
   /// an extent, in order, until a call returns true; tells whether one did.
   template <class Visit>
-  bool AnyOverlapping(std::size_t begin, std::size_t end, const Extent& extent,
+  bool AnyOverlapping(std::size_t begin, std::size_t end, const geo::Box& extent,
                       Visit&& visit) const {
     for (std::size_t block = begin; block < end;) {
       if (const std::size_t passed = Passed(block, extent)) {
@@ -59,7 +59,7 @@ class ExtentBlocks {
   static constexpr std::size_t kMask = kFan - 1;
 
   /// How many blocks from this one on lie elsewhere for certain.
-  std::size_t Passed(std::size_t block, const Extent& extent) const {
+  std::size_t Passed(std::size_t block, const geo::Box& extent) const {
     if (levels_[0][block].Overlaps(extent)) return 0;
     std::size_t passed = 1;
     for (unsigned level = 1; level < kLevels && (block & kMask) == 0; ++level) {
@@ -70,7 +70,7 @@ class ExtentBlocks {
     return passed;
   }
 
-  std::vector<Extent> levels_[kLevels];
+  std::vector<geo::Box> levels_[kLevels];
 };
 
 }  // namespace kestrin::coverage

@@ -13,7 +13,7 @@ constexpr double kAside = 2;
 constexpr double kFarthest = 32;
 
 /// An extent and some ground around it.
-Extent Widened(const Extent& extent, double by) {
+geo::Box Widened(const geo::Box& extent, double by) {
   return {extent.xMin - by, extent.yMin - by, extent.xMax + by, extent.yMax + by};
 }
 
@@ -39,7 +39,7 @@ void IndexedPath::Truncate(std::size_t count) {
 
 void IndexedPath::WidenOpen(std::size_t segment) {
   // One that meets nothing would only make its block be asked from everywhere.
-  const Extent extent = ExtentOf(segment);
+  const geo::Box extent = ExtentOf(segment);
   if (extent.IsFinite()) open_.Widen(extent);
 }
 
@@ -60,7 +60,7 @@ void IndexedPath::AddToTiles(std::size_t block) {
   tiles_.Add(static_cast<std::uint32_t>(block), blocks_[block]);
 }
 
-void IndexedPath::LookAround(const Extent& extent) {
+void IndexedPath::LookAround(const geo::Box& extent) {
   around_ = extent;
   const geo::UtmPoint from = points_[points_.size() - 1 - kUnsettled];
   const geo::UtmPoint to = points_.back();
@@ -69,7 +69,7 @@ void IndexedPath::LookAround(const Extent& extent) {
   const double length = std::max(std::fabs(east), std::fabs(north));
   if (length * kAside < kFarthest) {
     const double times = std::min(kAhead, kFarthest / length);
-    around_.Widen(Extent::Of(to, {to.easting + times * east, to.northing + times * north}));
+    around_.Widen(geo::Box::Of(to, {to.easting + times * east, to.northing + times * north}));
     around_ = Widened(around_, kAside * length);
   }
   near_.clear();

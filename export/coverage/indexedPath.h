@@ -46,7 +46,7 @@ class IndexedPath {
   /// returns true; tells whether one did. Segments of no length and segments with
   /// infinite or missing coordinates, which meet nothing, may be left out.
   template <class Visit>
-  bool AnyNear(const Extent& extent, std::size_t end, Visit visit) const {
+  bool AnyNear(const geo::Box& extent, std::size_t end, Visit visit) const {
     return AnyBlock(extent, [&](std::size_t block) { return AnyOf(block, end, extent, visit); }) ||
            AnyBetween(blocks_.Size() << kBlockBits, end, extent, visit);
   }
@@ -56,7 +56,7 @@ class IndexedPath {
   template <class Visit>
   bool AnyNearNewest(Visit visit) {
     const std::size_t end = points_.size() - kUnsettled;
-    const Extent extent = Extent::Of(points_[points_.size() - 2], points_.back());
+    const geo::Box extent = geo::Box::Of(points_[points_.size() - 2], points_.back());
     if (!around_.Contains(extent) || blocks_.Size() > lookedUp_ + kMostNew) LookAround(extent);
     for (const Block& block : near_) {
       if (block.extent.Overlaps(extent) && AnyOf(block.number, end, extent, visit)) return true;
@@ -77,21 +77,21 @@ class IndexedPath {
   static constexpr std::size_t kMostNew = 4;
 
   struct Block {
-    Extent extent;
+    geo::Box extent;
     std::size_t number;
   };
 
   void Settle(std::size_t segment);
   void WidenOpen(std::size_t segment);
   void AddToTiles(std::size_t block);
-  void LookAround(const Extent& extent);
+  void LookAround(const geo::Box& extent);
 
-  Extent ExtentOf(std::size_t segment) const {
-    return Extent::Of(points_[segment], points_[segment + 1]);
+  geo::Box ExtentOf(std::size_t segment) const {
+    return geo::Box::Of(points_[segment], points_[segment + 1]);
   }
 
   template <class Visit>
-  bool AnyBlock(const Extent& extent, Visit visit) const {
+  bool AnyBlock(const geo::Box& extent, Visit visit) const {
     if (!tiled_ || !tiles_.CanFind(extent)) {
       return blocks_.AnyOverlapping(0, blocks_.Size(), extent, visit);
     }
@@ -102,13 +102,13 @@ class IndexedPath {
   }
 
   template <class Visit>
-  bool AnyOf(std::size_t block, std::size_t end, const Extent& extent, Visit& visit) const {
+  bool AnyOf(std::size_t block, std::size_t end, const geo::Box& extent, Visit& visit) const {
     const std::size_t behind = (block + 1) << kBlockBits;
     return AnyBetween(block << kBlockBits, behind < end ? behind : end, extent, visit);
   }
 
   template <class Visit>
-  bool AnyBetween(std::size_t begin, std::size_t end, const Extent& extent, Visit& visit) const {
+  bool AnyBetween(std::size_t begin, std::size_t end, const geo::Box& extent, Visit& visit) const {
     for (std::size_t i = begin; i < end; ++i) {
       if (ExtentOf(i).Overlaps(extent) && visit(i)) return true;
     }
@@ -117,11 +117,11 @@ class IndexedPath {
 
   std::vector<geo::UtmPoint> points_;
   ExtentBlocks blocks_;
-  Extent open_;  // of the settled segments that do not fill a block yet
+  geo::Box open_;  // of the settled segments that do not fill a block yet
   PolyTiles tiles_;
   bool tiled_ = false;
 
-  Extent around_;             // the ground looked up,
+  geo::Box around_;           // the ground looked up,
   std::vector<Block> near_;   // what blocks are there
   std::size_t lookedUp_ = 0;  // of the first so many
 };

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "geo/heading.h"
+
 namespace kestrin::coverage {
 namespace {
 
@@ -27,13 +29,8 @@ double TurnBetween(double from, double to) {
 }  // namespace
 
 SwathRow SwathRow::Of(geo::UtmPoint centre, double yaw, double width) {
-  const double half = width / 2;
-  const double east = std::cos(yaw) * half;
-  const double south = std::sin(yaw) * half;
-  return {centre,
-          {centre.easting - east, centre.northing + south},
-          {centre.easting + east, centre.northing - south},
-          yaw};
+  const geo::Heading heading(yaw);
+  return {centre, heading.LeftOf(centre, width / 2), heading.RightOf(centre, width / 2), yaw};
 }
 
 void Outline::Begin(const SwathRow& row) {

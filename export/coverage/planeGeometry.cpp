@@ -62,7 +62,7 @@ bool SegmentsMeet(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoi
   double y = 0;
   FindLineIntersection(a.easting, a.northing, b.easting, b.northing, c.easting, c.northing,
                        d.easting, d.northing, x, y);
-  return x < kNoIntersection && Extent::Of(a, b).Holds(x, y) && Extent::Of(c, d).Holds(x, y);
+  return x < kNoIntersection && geo::Box::Of(a, b).Holds(x, y) && geo::Box::Of(c, d).Holds(x, y);
 }
 
 int SideOf(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
@@ -75,7 +75,7 @@ bool SegmentsCross(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPo
 }
 
 bool LiesBeforeEnd(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
-  return point != b && Extent::Of(a, b).Holds(point.easting, point.northing);
+  return point != b && geo::Box::Of(a, b).Holds(point.easting, point.northing);
 }
 
 bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, geo::UtmPoint a,

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <limits>
 #include <span>
 
-#include "geo/localOffsets.h"
+#include "geo/box.h"
+#include "geo/points.h"
 
 /// The plane geometry of the coverage polygons: UTM metres throughout.
 
@@ -23,49 +23,6 @@ void FindLineIntersection(double x1, double y1, double x2, double y2, double x3,
 /// runs counter-clockwise. The last point is followed by the first; a ring that
 /// repeats its first point at the end has the same area.
 double PolygonArea(std::span<const geo::UtmPoint> points);
-
-/// The bounds of two points or more; of none, an extent that overlaps no other. With
-/// a NaN among its bounds it overlaps nothing and widens nothing that way.
-struct Extent {
-  double xMin = kNothing;
-  double yMin = kNothing;
-  double xMax = -kNothing;
-  double yMax = -kNothing;
-
-  static constexpr double kNothing = std::numeric_limits<double>::infinity();
-
-  static Extent Of(geo::UtmPoint a, geo::UtmPoint b) {
-    return {a.easting < b.easting ? a.easting : b.easting,
-            a.northing < b.northing ? a.northing : b.northing,
-            a.easting > b.easting ? a.easting : b.easting,
-            a.northing > b.northing ? a.northing : b.northing};
-  }
-
-  /// Whether all bounds are there, as they are not before the first point.
-  bool IsFinite() const {
-    return -kNothing < xMin && xMin < kNothing && -kNothing < xMax && xMax < kNothing &&
-           -kNothing < yMin && yMin < kNothing && -kNothing < yMax && yMax < kNothing;
-  }
-
-  void Widen(const Extent& other) {
-    if (other.xMin < xMin) xMin = other.xMin;
-    if (other.xMax > xMax) xMax = other.xMax;
-    if (other.yMin < yMin) yMin = other.yMin;
-    if (other.yMax > yMax) yMax = other.yMax;
-  }
-
-  /// Whether the point lies in the extent, its bounds included.
-  bool Holds(double x, double y) const { return xMin <= x && x <= xMax && yMin <= y && y <= yMax; }
-
-  bool Contains(const Extent& other) const {
-    return xMin <= other.xMin && other.xMax <= xMax && yMin <= other.yMin && other.yMax <= yMax;
-  }
-
-  /// Whether the two have a point in common, bounds included.
-  bool Overlaps(const Extent& other) const {
-    return xMin <= other.xMax && other.xMin <= xMax && yMin <= other.yMax && other.yMin <= yMax;
-  }
-};
 
 /// Whether the two segments meet, tested as the outline's clean-up does: their
 /// lines' intersection lies within both extents, bounds included.

@@ -6,6 +6,7 @@
 
 #include "export/coverage/planeGeometry.h"
 #include "export/exportRun.h"
+#include "geo/localOffsets.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::coverage {

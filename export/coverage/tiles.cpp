@@ -24,7 +24,7 @@ void PolyTiles::Clear() {
   }
 }
 
-void PolyTiles::Add(std::uint32_t block, const Extent& extent) {
+void PolyTiles::Add(std::uint32_t block, const geo::Box& extent) {
   if (!extent.IsFinite()) return;
   const std::size_t level = LevelFor(extent);
   const Cells cells = CellsOf(extent, levels_[level].perMetre);
@@ -35,7 +35,7 @@ void PolyTiles::Add(std::uint32_t block, const Extent& extent) {
   }
 }
 
-std::size_t PolyTiles::LevelFor(const Extent& extent) {
+std::size_t PolyTiles::LevelFor(const geo::Box& extent) {
   // Far out, doubles are too coarse to number small tiles.
   const double length =
       std::max({extent.xMax - extent.xMin, extent.yMax - extent.yMin,
@@ -53,7 +53,7 @@ std::size_t PolyTiles::LevelFor(const Extent& extent) {
   return levels_.size() - 1;
 }
 
-void PolyTiles::AddToCell(std::uint64_t key, std::uint32_t block, const Extent& extent) {
+void PolyTiles::AddToCell(std::uint64_t key, std::uint32_t block, const geo::Box& extent) {
   if (used_ * 2 >= slots_.size()) Grow();
   Slot& slot = slots_[SlotOf(key)];
   if (slot.generation != generation_) {

@@ -20,10 +20,10 @@ class PolyTiles {
 
   /// Numbers must not go back by more than the caller has forgotten; what is given
   /// again is simply there twice. Blocks with infinite or missing bounds are left out.
-  void Add(std::uint32_t block, const Extent& extent);
+  void Add(std::uint32_t block, const geo::Box& extent);
 
   /// Whether an extent is small enough to be looked up tile by tile.
-  bool CanFind(const Extent& extent) const {
+  bool CanFind(const geo::Box& extent) const {
     for (const Level& level : levels_) {
       const double scale = level.perMetre;
       if (!((extent.xMax - extent.xMin) * scale < kTilesAcross &&
@@ -39,7 +39,7 @@ class PolyTiles {
   /// Calls `visit(first, last)` for runs that may overlap an extent that can be
   /// found, until a call returns true; tells whether one did.
   template <class Visit>
-  bool AnyRun(const Extent& extent, Visit visit) const {
+  bool AnyRun(const geo::Box& extent, Visit visit) const {
     for (std::size_t number = 0; number < levels_.size(); ++number) {
       const Cells cells = CellsOf(extent, levels_[number].perMetre);
       for (std::int64_t y = cells.yFirst; y <= cells.yLast; ++y) {
@@ -64,7 +64,7 @@ class PolyTiles {
     double perMetre;  // tiles per metre
   };
   struct Run {
-    Extent extent;
+    geo::Box extent;
     std::uint32_t first;
     std::uint32_t last;
     std::uint32_t next;
@@ -78,7 +78,7 @@ class PolyTiles {
     std::int64_t xFirst, xLast, yFirst, yLast;
   };
 
-  static Cells CellsOf(const Extent& extent, double perMetre) {
+  static Cells CellsOf(const geo::Box& extent, double perMetre) {
     const auto cell = [perMetre](double metres) {
       return static_cast<std::int64_t>(std::floor(metres * perMetre));
     };
@@ -106,8 +106,8 @@ class PolyTiles {
     return slot.generation == generation_ ? slot.head : kNone;
   }
 
-  std::size_t LevelFor(const Extent& extent);
-  void AddToCell(std::uint64_t key, std::uint32_t block, const Extent& extent);
+  std::size_t LevelFor(const geo::Box& extent);
+  void AddToCell(std::uint64_t key, std::uint32_t block, const geo::Box& extent);
   void Grow();
 
   std::vector<Level> levels_;

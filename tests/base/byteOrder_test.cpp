@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "geo/box.h"
-
 namespace kestrin::base {
 namespace {
 
@@ -25,33 +23,6 @@ TEST(ByteOrder, HighBitsSurvive) {
   char bytes[8] = {};
   PutBe32(PutLe32(bytes, 0xFFFEFDFC), 0xFFFEFDFC);
   EXPECT_EQ(std::string(bytes, 8), "\xFC\xFD\xFE\xFF\xFF\xFE\xFD\xFC");
-}
-
-TEST(Box, StaysZeroWithoutPoints) {
-  const geo::Box box;
-  EXPECT_TRUE(box.empty);
-  EXPECT_EQ(box.xMin, 0);
-  EXPECT_EQ(box.yMax, 0);
-}
-
-TEST(Box, FirstPointSetsAllBounds) {
-  geo::Box box;
-  box.Widen(-5, 7);
-  EXPECT_EQ(box.xMin, -5);
-  EXPECT_EQ(box.xMax, -5);
-  EXPECT_EQ(box.yMin, 7);
-  EXPECT_EQ(box.yMax, 7);
-}
-
-TEST(Box, LaterPointsWidenOneSideOfEachAxis) {
-  geo::Box box;
-  box.Widen(1, 1);
-  box.Widen(3, -2);
-  box.Widen(2, 0);
-  EXPECT_EQ(box.xMin, 1);
-  EXPECT_EQ(box.xMax, 3);
-  EXPECT_EQ(box.yMin, -2);
-  EXPECT_EQ(box.yMax, 1);
 }
 
 }  // namespace

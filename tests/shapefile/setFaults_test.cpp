@@ -151,7 +151,7 @@ TEST(SetLimits, ShapesOverTwoGiBAreAnErrorAboutTheShapes) {
   ShapefileSet set(files, "base", ShapeType::kPolyline, kFields, {});
   try {
     for (std::uint64_t bytes = 100; bytes < kTwoGiB; bytes += 52 + 36 * kPairs) {
-      set.AddPairs({1, 1, 1, 1, false}, coordinates);
+      set.AddPairs({1, 1, 1, 1}, coordinates);
       set.AddAttributes("        0");
     }
     set.Commit();

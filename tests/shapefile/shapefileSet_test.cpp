@@ -60,7 +60,7 @@ class ShapefileSetTest : public testing::Test {
   test::TempFolder folder_;
   std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
   std::string base_ = folder_ / "job_KIND";
-  SetOptions options_{{2006, 7, 9}, false};
+  SetOptions options_{{2006, 7, 9}};
 };
 
 const std::string kTableHead =
@@ -160,7 +160,7 @@ TEST_F(ShapefileSetTest, RecordWithoutPairsHasNoPartsAndAZeroBox) {
 
 TEST_F(ShapefileSetTest, FileBoxIsOnlyWhatWidenedIt) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
-  set.AddPairs({1, 2, 3, 2, false}, std::array<double, 4>{1, 2, 3, 2});
+  set.AddPairs({1, 2, 3, 2}, std::array<double, 4>{1, 2, 3, 2});
   set.AddAttributes("   0");
   set.WidenBox(7, 8);
   set.Commit();
