@@ -1,13 +1,12 @@
 #include <benchmark/benchmark.h>
 #include <proj.h>
 
-#include <array>
+#include <vector>
 
 #include "geo/modProj4.h"
-#include "geo/proj_api.h"
+#include "geo/utmProjection.h"
 
-/// What a conversion costs beside PROJ's own part of it: proj_trans alone is the
-/// floor, the handle work alone what is laid on top of it.
+/// What a conversion costs beside PROJ's own part of it: proj_trans alone is the floor.
 
 namespace kestrin {
 namespace {
@@ -64,16 +63,36 @@ void ProjTransInverse(benchmark::State& state) {
 }
 BENCHMARK(ProjTransInverse);
 
-void UtmToGeoPoint(benchmark::State& state) {
+/// A conversion as exports and previews make it.
+void HeldToGeo(benchmark::State& state) {
+  const geo::UtmProjection projection(kZone);
   std::size_t i = 0;
   for (auto _ : state) {
     double y = kNorthing;
     double x = kEasting + Metres(++i);
-    benchmark::DoNotOptimize(kestrin::geo::UtmToGeo(y, x, kZone));
+    Seen(x, y);
+    const geo::GeoPoint point = projection.ToGeo({x, y});
+    x = point.longitude;
+    y = point.latitude;
     Seen(x, y);
   }
 }
-BENCHMARK(UtmToGeoPoint);
+BENCHMARK(HeldToGeo);
+
+/// A thousand at a time.
+void HeldToGeoRange(benchmark::State& state) {
+  const geo::UtmProjection projection(kZone);
+  std::vector<geo::UtmPoint> from;
+  for (std::size_t i = 0; i < 1000; ++i) from.push_back({kEasting + Metres(i), kNorthing});
+  std::vector<geo::GeoPoint> to(from.size());
+  for (auto _ : state) {
+    projection.ToGeo(from, to);
+    benchmark::DoNotOptimize(to.data());
+    benchmark::ClobberMemory();
+  }
+  state.SetItemsProcessed(state.iterations() * 1000);
+}
+BENCHMARK(HeldToGeoRange);
 
 void ProjTransForward(benchmark::State& state) {
   const Projection projection;
@@ -91,49 +110,32 @@ void ProjTransForward(benchmark::State& state) {
 }
 BENCHMARK(ProjTransForward);
 
-void GeoToUtmPoint(benchmark::State& state) {
+void HeldToUtm(benchmark::State& state) {
+  const geo::UtmProjection projection(kZone);
   std::size_t i = 0;
   for (auto _ : state) {
     double y = kLatitude;
     double x = kLongitude + Metres(++i) * 1e-5;
-    benchmark::DoNotOptimize(kestrin::geo::GeoToUtm(y, x, kZone));
+    Seen(x, y);
+    const geo::UtmPoint point = projection.ToUtm({x, y});
+    x = point.easting;
+    y = point.northing;
     Seen(x, y);
   }
 }
-BENCHMARK(GeoToUtmPoint);
+BENCHMARK(HeldToUtm);
 
-/// The points of a call share its handles: near proj_trans itself.
-void TransformThousandPoints(benchmark::State& state) {
-  const std::int32_t utm = kestrin::geo::pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
-  const std::int32_t geographic = kestrin::geo::pjInitPlus("+proj=latlong +datum=NAD83");
-  std::array<double, 1000> x;
-  std::array<double, 1000> y;
-  std::array<double, 1000> z{};
+/// One conversion on its own, which makes and frees its handles.
+void UtmToGeoPoint(benchmark::State& state) {
+  std::size_t i = 0;
   for (auto _ : state) {
-    for (std::size_t i = 0; i < x.size(); ++i) x[i] = kEasting + Metres(i);
-    y.fill(kNorthing);
-    benchmark::DoNotOptimize(
-        kestrin::geo::pjTransform(utm, geographic, 1000, 1, x.data(), y.data(), z.data()));
-  }
-  kestrin::geo::pjFree(geographic);
-  kestrin::geo::pjFree(utm);
-  state.SetItemsProcessed(state.iterations() * 1000);
-}
-BENCHMARK(TransformThousandPoints);
-
-/// All of a conversion but the conversion: two handles made, a transformation of no
-/// point, two handles freed.
-void HandlesOfOneConversion(benchmark::State& state) {
-  for (auto _ : state) {
-    const std::int32_t utm = kestrin::geo::pjInitPlus("+proj=utm +zone=14 +datum=NAD83 +nodefs");
-    const std::int32_t geographic = kestrin::geo::pjInitPlus("+proj=latlong +datum=NAD83");
-    benchmark::DoNotOptimize(
-        kestrin::geo::pjTransform(utm, geographic, 0, 1, nullptr, nullptr, nullptr));
-    kestrin::geo::pjFree(geographic);
-    kestrin::geo::pjFree(utm);
+    double y = kNorthing;
+    double x = kEasting + Metres(++i);
+    benchmark::DoNotOptimize(geo::UtmToGeo(y, x, kZone));
+    Seen(x, y);
   }
 }
-BENCHMARK(HandlesOfOneConversion);
+BENCHMARK(UtmToGeoPoint);
 
 }  // namespace
 }  // namespace kestrin

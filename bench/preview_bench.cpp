@@ -97,8 +97,8 @@ constexpr KindScan kScans[]{{kestrin::jobstore::PreviewWireEpochs::Text(), 4},
 void SelectAndPreview(const std::string& path, int kind, BlankPicture& picture) {
   {
     kestrin::jobstore::Job job(path);
-    kestrin::jobstore::CountRow count;
-    kestrin::jobstore::KeyRow newest;
+    std::int32_t count = 0;
+    kestrin::jobstore::GpsKey newest;
     kestrin::jobstore::ReadFirst<kestrin::jobstore::EpochCount>(job, count);
     kestrin::jobstore::ReadFirst<kestrin::jobstore::NewestEpoch>(job, newest);
     benchmark::DoNotOptimize(newest);

@@ -24,7 +24,7 @@ struct ExportOutcome {
   bool made = false;
   /// GPS rows read.
   std::int64_t epochs = 0;
-  /// What ended the GPS rows: sqliteDefs::kDone in good order, else the library's
+  /// What ended the GPS rows: kDone in good order, else the library's
   /// error code, and the set then holds the rows before it.
   std::int32_t lastStep = 101;
 };

@@ -90,8 +90,6 @@ void WalkAll(jobstore::Job& job) {
   Walk<jobstore::PolyEpochs>(job);
   Walk<jobstore::PointEpochs>(job);
   Walk<jobstore::BoomEpochs>(job);
-  Walk<jobstore::BoomEpochs>(job, jobstore::GpsKey{100, 1});
-  Walk<jobstore::BoomEpochs>(job, jobstore::GpsKey{100, 1}, jobstore::GpsKey{101, 2});
   Walk<jobstore::PreviewBoomEpochs>(job);
   Walk<jobstore::PreviewWireEpochs>(job);
   Walk<jobstore::PreviewPolyEpochs>(job);

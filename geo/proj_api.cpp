@@ -2,157 +2,98 @@
 
 #include <proj.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstring>
-#include <string_view>
-
-#include "geo/perThread.h"
-#include "geo/projDefinition.h"
-#include "geo/projOperations.h"
+#include <cstddef>
+#include <string>
 
 namespace kestrin::geo {
 namespace {
 
-constexpr int kGeographic = CoordinateSystem::kGeographic;
-
-/// The two texts read last. Callers ask for the same two in turn, so the one that
-/// was not asked for last is tried first.
-class RecentDefinitions {
- public:
-  static constexpr int kNoSystem = -1;
-
-  /// The zone of a text's system (CoordinateSystem::zone), kNoSystem when it has none.
-  int ZoneOf(const char* text) {
-    Entry& other = entries_[1 - last_];
-    if (std::strcmp(other.text.data(), text) == 0) {
-      last_ = 1 - last_;
-      return other.zone;
-    }
-    const Entry& last = entries_[last_];
-    return std::strcmp(last.text.data(), text) == 0 ? last.zone : Parse(text, other);
-  }
-
- private:
-  struct Entry {
-    std::array<char, 60> text{};
-    int zone = kNoSystem;  // of the empty text, which stands here until taken
+/// The file system that PROJ is shown: one without a file. It would look for its database
+/// and its configuration otherwise, wherever the environment says, though a projection
+/// given by its parameters needs neither.
+PROJ_FILE_API NoFiles() {
+  PROJ_FILE_API files{};
+  files.version = 1;
+  files.open_cbk = [](PJ_CONTEXT*, const char*, PROJ_OPEN_ACCESS, void*) -> PROJ_FILE_HANDLE* {
+    return nullptr;
   };
-
-  int Parse(std::string_view text, Entry& place) {
-    const auto system = ParseDefinition(text);
-    if (!system) return kNoSystem;
-    if (text.size() < place.text.size()) {
-      *std::copy(text.begin(), text.end(), place.text.begin()) = '\0';
-      place.zone = system->zone;
-      last_ = 1 - last_;
-    }
-    return system->zone;
-  }
-
-  std::array<Entry, 2> entries_;
-  std::size_t last_ = 0;
-};
-
-/// Handles: a system's zone + 1, and how many of it are out. Equal definitions have
-/// equal handles, so that making one is no more than counting.
-class Handles {
- public:
-  std::int32_t Make(int zone) {
-    ++out_[static_cast<std::size_t>(zone)];
-    return zone + 1;
-  }
-
-  bool Holds(std::int32_t handle) const {
-    return handle >= 1 && handle <= CoordinateSystem::kZones + 1 && out_[Place(handle)] > 0;
-  }
-
-  /// The zone of a handle that is held.
-  static int ZoneOf(std::int32_t handle) { return handle - 1; }
-
-  void Free(std::int32_t handle) {
-    if (Holds(handle)) --out_[Place(handle)];
-  }
-
- private:
-  static std::size_t Place(std::int32_t handle) { return static_cast<std::size_t>(handle - 1); }
-
-  std::array<std::uint64_t, CoordinateSystem::kZones + 1> out_{};
-};
-
-struct ThreadState {
-  RecentDefinitions definitions;
-  Handles handles;
-  ProjOperations operations;
-};
-
-ThreadState& ThisThread() { return PerThread<ThreadState>(); }
-
-// PROJ itself lets a NaN through as a result, and says HUGE_VAL on an error.
-bool IsPosition(double x, double y) { return std::isfinite(x) && std::isfinite(y); }
-
-/// Converts a point in place and says whether PROJ could.
-bool Step(PJ* operation, PJ_DIRECTION direction, double& x, double& y) {
-  const PJ_COORD result = proj_trans(operation, direction, PJ_COORD{{x, y, 0, 0}});
-  x = result.v[0];
-  y = result.v[1];
-  return IsPosition(x, y);
+  files.read_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, void*, std::size_t, void*) {
+    return std::size_t{0};
+  };
+  files.write_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, const void*, std::size_t, void*) {
+    return std::size_t{0};
+  };
+  files.seek_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, long long, int, void*) { return 0; };
+  files.tell_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, void*) { return 0ULL; };
+  files.close_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, void*) {};
+  files.exists_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; };
+  files.mkdir_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; };
+  files.unlink_cbk = [](PJ_CONTEXT*, const char*, void*) { return 0; };
+  files.rename_cbk = [](PJ_CONTEXT*, const char*, const char*, void*) { return 0; };
+  return files;
 }
 
-/// The way from one system to the other; a null step is left out.
-struct Route {
-  PJ* inverse = nullptr;
-  PJ* forward = nullptr;
+/// With the datum's name, PROJ goes through WGS84, which costs time and moves points by up
+/// to 0.1 mm.
+std::string WithEllipsoidForDatum(std::string definition) {
+  const std::string datum = "+datum=NAD83";
+  const std::size_t at = definition.find(datum);
+  if (at != std::string::npos) definition.replace(at, datum.size(), "+ellps=GRS80");
+  return definition;
+}
 
-  bool Convert(double& x, double& y) const {
-    return IsPosition(x, y) && (inverse == nullptr || Step(inverse, PJ_INV, x, y)) &&
-           (forward == nullptr || Step(forward, PJ_FWD, x, y));
-  }
-
-  /// The reason of the last failure, forgotten in PROJ.
-  std::int32_t TakeError() const {
-    for (PJ* step : {inverse, forward}) {
-      const int error = step == nullptr ? 0 : proj_errno_reset(step);
-      if (error != 0) return error;
-    }
-    return PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
-  }
-};
+/// Converts a point in place and returns 0, or PROJ's error code. A geographic definition
+/// has nothing to convert, and PROJ would wrap its longitudes instead of refusing them.
+std::int32_t Step(const ProjHandle& handle, PJ_DIRECTION direction, double& x, double& y) {
+  if (proj_angular_output(handle.projection, PJ_FWD) != 0) return 0;
+  const PJ_COORD result = proj_trans(handle.projection, direction, PJ_COORD{{x, y, 0, 0}});
+  x = result.v[0];
+  y = result.v[1];
+  // PROJ lets a NaN through as a result, and says HUGE_VAL on an error.
+  if (std::isfinite(x) && std::isfinite(y)) return 0;
+  const std::int32_t error = proj_errno_reset(handle.projection);
+  return error != 0 ? error : PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
+}
 
 }  // namespace
 
-std::int32_t pjInitPlus(const char* definition) {
-  if (definition == nullptr) return 0;
-  ThreadState& state = ThisThread();
-  const int zone = state.definitions.ZoneOf(definition);
-  if (zone == RecentDefinitions::kNoSystem) return 0;
-  if (zone != kGeographic && state.operations.OfZone(zone) == nullptr) return 0;
-  return state.handles.Make(zone);
+ProjHandle* pjInitPlus(const char* definition) {
+  // A context of its own: what the process does with PROJ otherwise stays as it was, and
+  // nothing is printed, whatever PROJ_DEBUG says.
+  auto* handle = new ProjHandle{proj_context_create(), nullptr};
+  if (handle->context != nullptr && definition != nullptr) {
+    proj_log_func(handle->context, nullptr, [](void*, int, const char*) {});
+    const PROJ_FILE_API files = NoFiles();
+    proj_context_set_fileapi(handle->context, &files, nullptr);
+    handle->projection = proj_create(handle->context, WithEllipsoidForDatum(definition).c_str());
+  }
+  if (handle->projection != nullptr) return handle;
+  pjFree(handle);
+  return nullptr;
 }
 
-std::int32_t pjTransform(std::int32_t source, std::int32_t destination, std::int32_t pointCount,
-                         std::int32_t pointOffset, double* x, double* y, double*) {
-  ThreadState& state = ThisThread();
-  if (!state.handles.Holds(source) || !state.handles.Holds(destination)) {
-    return PROJ_ERR_OTHER_API_MISUSE;
-  }
-  const int from = Handles::ZoneOf(source);
-  const int to = Handles::ZoneOf(destination);
-
-  Route route;
-  if (from != kGeographic) route.inverse = state.operations.OfZone(from);
-  if (to != kGeographic) route.forward = state.operations.OfZone(to);
+std::int32_t pjTransform(const ProjHandle* source, const ProjHandle* destination,
+                         std::int32_t pointCount, std::int32_t pointOffset, double* x, double* y,
+                         double*) {
+  if (source == nullptr || destination == nullptr) return PROJ_ERR_OTHER_API_MISUSE;
   for (std::int32_t i = 0; i < pointCount; ++i, x += pointOffset, y += pointOffset) {
     double convertedX = *x;
     double convertedY = *y;
-    if (!route.Convert(convertedX, convertedY)) return route.TakeError();
+    std::int32_t error = Step(*source, PJ_INV, convertedX, convertedY);
+    if (error == 0) error = Step(*destination, PJ_FWD, convertedX, convertedY);
+    if (error != 0) return error;
     *x = convertedX;
     *y = convertedY;
   }
   return 0;
 }
 
-void pjFree(std::int32_t handle) { ThisThread().handles.Free(handle); }
+void pjFree(ProjHandle* handle) {
+  if (handle == nullptr) return;
+  proj_destroy(handle->projection);
+  proj_context_destroy(handle->context);
+  delete handle;
+}
 
 }  // namespace kestrin::geo

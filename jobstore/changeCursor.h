@@ -31,7 +31,7 @@ class ChangeCursor {
   }
 
   bool Prepared() const { return query_.Prepared(); }
-  std::int32_t Handle() const { return query_.Handle(); }
+  std::int32_t Result() const { return query_.Result(); }
 
   /// Whether the table has any row.
   bool HasCurrent() const { return hasCurrent_; }

@@ -1,35 +1,98 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/angles.h"
+#include "jobstore/epochs.h"
 #include "jobstore/fixedText.h"
 #include "jobstore/gpsKey.h"
-#include "jobstore/job.h"
+#include "jobstore/sqliteDefs.h"
 
-/// Every query of the program: its text, the row it yields and the reader that
-/// takes the columns by position. No SQL and no column number stands anywhere else.
-/// The tables and what their columns mean: docs/job-file.md.
+/// Every query of the program but those of the GPS rows (jobstore/epochs.h): its text, the
+/// row it yields and the reader that takes the columns by position. No SQL and no column
+/// number stands anywhere else. The tables and what their columns mean: docs/job-file.md.
 
 namespace kestrin::jobstore {
 
 inline constexpr int kSectionSlots = 16;
 inline constexpr int kProductSlots = 3;
 
-/// Angles are stored in radians.
-inline constexpr double kDegreesPerRadian = 57.2957795130823;
+// ---------------------------------------------------------------- selection
 
-// ---------------------------------------------------------------- rows
+struct VersionTableCount {
+  using Row = std::int32_t;
+  static constexpr std::string_view Text() {
+    return "Select Count(*) From sqlite_master WHERE type='table' AND name= 'VersionChangeTable'";
+  }
+  static void Read(const Statement& columns, Row& count) { count = columns.linx_getInt(0); }
+};
 
-/// Origin of the local offsets from `time` on: degrees, altitude as stored.
+/// The newest first; only the first row is read.
+struct NewestVersion {
+  using Row = std::string;
+  static constexpr std::string_view Text() {
+    return "Select sqlite_ver From VersionChangeTable Order By gpsWeek DESC, gpsMsec DESC";
+  }
+  static void Read(const Statement& columns, Row& version) { ReadText(columns, 0, version); }
+};
+
+struct EpochCount {
+  using Row = std::int32_t;
+  static constexpr std::string_view Text() {
+    return kJoined<"Select Count(*) From GpsDataTable Where ", kGpsFilter>;
+  }
+  static void Read(const Statement& columns, Row& count) { count = columns.linx_getInt(0); }
+};
+
+/// The newest first; only the first row is read.
+struct NewestEpoch {
+  using Row = GpsKey;
+  static constexpr std::string_view Text() {
+    return kJoined<"Select gpsWeek, gpsMsec From GpsDataTable Where ", kGpsFilter,
+                   " Order By gpsWeek DESC, gpsMsec DESC">;
+  }
+  static void Read(const Statement& columns, Row& time) { time = KeyOf(columns); }
+};
+
+// ---------------------------------------------------------------- change tables
+
+/// Origin of the local offsets from `time` on: degrees.
 struct ReferenceRow {
   GpsKey time;
   double latitude = 0;
   double longitude = 0;
+};
+struct References {
+  using Row = ReferenceRow;
+  static constexpr std::string_view Text() {
+    return "Select gpsWeek, gpsMsec, latitude, longitude From ReferenceLocationChangeTable "
+           "Order By gpsWeek, gpsMsec";
+  }
+  static void Read(const Statement& columns, Row& row) {
+    row.time = KeyOf(columns);
+    row.latitude = columns.linx_getDouble(2) * base::kDegreesPerRadian;
+    row.longitude = columns.linx_getDouble(3) * base::kDegreesPerRadian;
+  }
+};
+
+/// The same with the altitude as stored.
+struct ReferenceWithAltitudeRow : ReferenceRow {
   double altitude = 0;
+};
+struct ReferencesWithAltitude {
+  using Row = ReferenceWithAltitudeRow;
+  static constexpr std::string_view Text() {
+    return "Select gpsWeek, gpsMsec, latitude, longitude, altitude "
+           "From ReferenceLocationChangeTable Order By gpsWeek, gpsMsec";
+  }
+  static void Read(const Statement& columns, Row& row) {
+    References::Read(columns, row);
+    row.altitude = columns.linx_getDouble(4);
+  }
 };
 
 /// One boom section slot: metres. A negative width marks an absent section.
@@ -48,283 +111,115 @@ struct ImplementRow {
   std::array<Section, kSectionSlots> sections{};
 };
 
-/// Rates of the three product slots from `time` on, as stored.
-struct RatesRow {
-  GpsKey time;
-  std::array<double, kProductSlots> rates{};
-};
-
-/// Names of the products in the three slots from `time` on.
-struct ProductsRow {
-  GpsKey time;
-  std::array<std::string, kProductSlots> names;
-};
-
-/// One GPS epoch. Offsets in metres from the reference location in force,
-/// attitude in radians. A query fills only what it selects.
-struct EpochRow {
-  GpsKey time;
-  double east = 0;
-  double north = 0;
-  double down = 0;
-  double yaw = 0;
-  double pitch = 0;
-  double roll = 0;
-  double speed = 0;
-  std::int32_t type = 0;
-  std::int32_t boomStatus = 0;
-
-  /// The bit of `type` that marks a row as beginning a new stretch.
-  static constexpr std::int32_t kNewStretch = 16384;
-  bool BeginsStretch() const { return (type & kNewStretch) != 0; }
-};
-
-struct CountRow {
-  std::int32_t count = 0;
-};
-struct TextRow {
-  std::string text;
-};
-struct KeyRow {
-  GpsKey time;
-};
-struct IntRow {
-  std::int32_t value = 0;
-};
-struct DoubleRow {
-  double value = 0;
-};
-/// The largest rate of each product slot; NULL counts as 0.
-struct RateMaxima {
-  std::array<double, kProductSlots> rates{};
-};
-
-// ---------------------------------------------------------------- the GPS filter
-
-/// Which GPS rows take part. One text for every query over them, so that no two
-/// parts of the program can come to see different rows.
-inline constexpr FixedText kGpsFilter{"type & 8192"};
-
-/// The GPS rows that take part, in time order.
-template <FixedText columns>
-inline constexpr std::string_view kEpochsText =
-    kJoined<"Select ", columns, " From GpsDataTable Where ", kGpsFilter,
-            " Order By gpsWeek, gpsMsec">;
-
-// ---------------------------------------------------------------- selection
-
-struct VersionTableCount {
-  using Row = CountRow;
-  static constexpr std::string_view Text() {
-    return "Select Count(*) From sqlite_master WHERE type='table' AND name= 'VersionChangeTable'";
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-/// The newest first; only the first row is read.
-struct NewestVersion {
-  using Row = TextRow;
-  static constexpr std::string_view Text() {
-    return "Select sqlite_ver From VersionChangeTable Order By gpsWeek DESC, gpsMsec DESC";
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct EpochCount {
-  using Row = CountRow;
-  static constexpr std::string_view Text() {
-    return kJoined<"Select Count(*) From GpsDataTable Where ", kGpsFilter>;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-/// The newest first; only the first row is read.
-struct NewestEpoch {
-  using Row = KeyRow;
-  static constexpr std::string_view Text() {
-    return kJoined<"Select gpsWeek, gpsMsec From GpsDataTable Where ", kGpsFilter,
-                   " Order By gpsWeek DESC, gpsMsec DESC">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-// ---------------------------------------------------------------- change tables
-
-struct References {
-  using Row = ReferenceRow;
-  static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, latitude, longitude From ReferenceLocationChangeTable "
-           "Order By gpsWeek, gpsMsec";
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct ReferencesWithAltitude {
-  using Row = ReferenceRow;
-  static constexpr std::string_view Text() {
-    return "Select gpsWeek, gpsMsec, latitude, longitude, altitude "
-           "From ReferenceLocationChangeTable Order By gpsWeek, gpsMsec";
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-/// Read by position: week, millisecond, name, number, then four numbers a section.
+/// By position: week, millisecond, name, number, then four numbers a section; columns that
+/// the table lacks are 0.
 struct Implements {
   using Row = ImplementRow;
   static constexpr std::string_view Text() {
     return "Select * From ImplChangeTable Order By gpsWeek, gpsMsec";
   }
-  static void Read(const Columns& columns, Row& row);
+  static void Read(const Statement& columns, Row& row) {
+    row.time = KeyOf(columns);
+    ReadText(columns, 2, row.name);
+    row.number = columns.linx_getDouble(3);
+    std::int32_t column = 4;
+    for (Section& section : row.sections) {
+      section.width = columns.linx_getDouble(column++);
+      section.xOffset = columns.linx_getDouble(column++);
+      section.yOffset = columns.linx_getDouble(column++);
+      section.zOffset = columns.linx_getDouble(column++);
+    }
+  }
 };
 
-struct DesiredRates {
+/// A number for each product slot, from a column on.
+using SlotRates = std::array<double, kProductSlots>;
+inline void ReadSlots(const Statement& columns, std::int32_t column, SlotRates& rates) {
+  for (double& rate : rates) rate = columns.linx_getDouble(column++);
+}
+
+/// Rates of the product slots from `time` on, as stored.
+struct RatesRow {
+  GpsKey time;
+  SlotRates rates{};
+};
+struct RatesReader {
   using Row = RatesRow;
+  static void Read(const Statement& columns, Row& row) {
+    row.time = KeyOf(columns);
+    ReadSlots(columns, 2, row.rates);
+  }
+};
+struct DesiredRates : RatesReader {
   static constexpr std::string_view Text() {
     return "Select gpsWeek, gpsMsec, desiredRate0, desiredRate1, desiredRate2 "
            "From AsAppliedDesRateChangeTable Order By gpsWeek, gpsMsec";
   }
-  static void Read(const Columns& columns, Row& row);
 };
-
-struct ActualRates {
-  using Row = RatesRow;
+struct ActualRates : RatesReader {
   static constexpr std::string_view Text() {
     return "Select gpsWeek, gpsMsec, actualRate0, actualRate1, actualRate2 "
            "From AsAppliedActRateChangeTable Order By gpsWeek, gpsMsec";
   }
-  static void Read(const Columns& columns, Row& row);
 };
 
-/// An empty name leaves the row's text as it was (Columns::Text).
+/// Names of the products in the slots from `time` on.
+struct ProductsRow {
+  GpsKey time;
+  std::array<std::string, kProductSlots> names;
+};
+
+/// An empty name leaves the row's text as it was (ReadText).
 struct Products {
   using Row = ProductsRow;
   static constexpr std::string_view Text() {
     return "Select gpsWeek, gpsMsec, ProductName0, ProductName1, ProductName2 "
            "From AsAppliedProductChangeTable Order By gpsWeek, gpsMsec";
   }
-  static void Read(const Columns& columns, Row& row);
+  static void Read(const Statement& columns, Row& row) {
+    row.time = KeyOf(columns);
+    std::int32_t column = 2;
+    for (std::string& name : row.names) ReadText(columns, column++, name);
+  }
 };
 
 // ---------------------------------------------------------------- maxima
+// NULL counts as 0.
 
 /// Without the GPS filter: the rows that no export shows count here as well.
 struct BoomStatusMaximum {
-  using Row = IntRow;
+  using Row = std::int32_t;
   static constexpr std::string_view Text() {
     return "Select MAX(boomStatusBitfield) From GpsDataTable";
   }
-  static void Read(const Columns& columns, Row& row);
+  static void Read(const Statement& columns, Row& largest) { largest = columns.linx_getInt(0); }
 };
 
 /// Largest width of section slot 0 to 15 over all implements.
 struct SectionWidthMaximum {
-  using Row = DoubleRow;
-  static std::string Text(int section);
-  static void Read(const Columns& columns, Row& row);
+  using Row = double;
+  static std::string Text(int section) {
+    return "Select MAX(width" + std::to_string(section) + ") From ImplChangeTable";
+  }
+  static void Read(const Statement& columns, Row& largest) { largest = columns.linx_getDouble(0); }
 };
 
-struct DesiredRateMaxima {
-  using Row = RateMaxima;
+/// Largest rate of each product slot.
+struct RateMaximaReader {
+  using Row = SlotRates;
+  static void Read(const Statement& columns, Row& largest) { ReadSlots(columns, 0, largest); }
+};
+struct DesiredRateMaxima : RateMaximaReader {
   static constexpr std::string_view Text() {
     return "Select MAX(desiredRate0), MAX(desiredRate1), MAX(desiredRate2) "
            "From AsAppliedDesRateChangeTable";
   }
-  static void Read(const Columns& columns, Row& row);
 };
-
-struct ActualRateMaxima {
-  using Row = RateMaxima;
+struct ActualRateMaxima : RateMaximaReader {
   static constexpr std::string_view Text() {
     return "Select MAX(actualRate0), MAX(actualRate1), MAX(actualRate2) "
            "From AsAppliedActRateChangeTable";
   }
-  static void Read(const Columns& columns, Row& row);
-};
-
-// ---------------------------------------------------------------- GPS rows
-// The exports select east before north, the previews north before east; each
-// reader keeps its query's own order.
-
-struct WireEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, type">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct PolyEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct PointEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<
-        "gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, pitch, roll, speed, type, "
-        "boomStatusBitfield">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-/// The epochs of one period of the boom export's change timeline: from `start` up
-/// to, not including, `end`; without an end, all from `start` on.
-///
-/// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the
-/// rows of its own first week too, so those at or after that millisecond belong to
-/// no period. This is how the sets have always been cut; downstream tools rely on it.
-///
-/// A query per period reads the whole table for each, and a job can hold tens of
-/// thousands of periods. The text without a period yields the epochs of all of
-/// them, and those between, in one scan and in the same order; Takes says of each
-/// what the time clause of a period says.
-struct BoomEpochs {
-  using Row = EpochRow;
-  static constexpr FixedText kColumns{
-      "gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield"};
-  static std::string Text(GpsKey start);
-  static std::string Text(GpsKey start, GpsKey end);
-  static constexpr std::string_view Text() { return kEpochsText<kColumns>; }
-  /// Whether the period from `start` to `end`, if it ends, holds the time.
-  static bool Takes(GpsKey start, std::optional<GpsKey> end, GpsKey time);
-  static void Read(const Columns& columns, Row& row);
-};
-
-/// For the preview's extent and for its boom lines.
-struct PreviewBoomEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, yaw">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct PreviewWireEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct PreviewPolyEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2, type, yaw">;
-  }
-  static void Read(const Columns& columns, Row& row);
-};
-
-struct PreviewPointEpochs {
-  using Row = EpochRow;
-  static constexpr std::string_view Text() {
-    return kEpochsText<"gpsWeek, gpsMsec, n_I_B__B2, e_I_B__B2">;
-  }
-  static void Read(const Columns& columns, Row& row);
 };
 
 }  // namespace kestrin::jobstore

@@ -2,70 +2,90 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <string>
+
+#include "jobstore/opening/jobOpening.h"
+#include "jobstore/opening/sqliteHandles.h"
+
+/// The operations through which every job file is read, over SQLite 3. A job is only ever
+/// read, and nothing is created or changed for it: the file and the folder it lies in keep
+/// every byte, and no journal, write-ahead log or shared-memory file appears beside it,
+/// while a write-ahead log that holds content is read together with its job.
+///
+/// An operation's result is a number: negative on failure, and then the library's result
+/// code made negative, which is what messages show.
 
 namespace kestrin::jobstore {
 
-/// The operations through which every job file is read, over SQLite 3.
-///
-/// Databases and statements are 32-bit handles of this object; a negative handle
-/// is a failure, and its value the library's result code made negative. An object
-/// serves one thread at a time; two objects share no state. Whatever is still open
-/// at destruction is closed.
-///
-/// A job is only ever read, and nothing is created or changed for it: the file and
-/// the folder it lies in keep every byte, and no journal, write-ahead log or
-/// shared-memory file appears beside it, while a write-ahead log that holds content
-/// is read together with its job.
-class sqliteDefs {
+/// linx_sqlite3_step's result when a row is ready. Any other value ends the rows.
+inline constexpr std::int32_t kRowReady = 100;
+/// The result that ends the rows in good order; the others are errors.
+inline constexpr std::int32_t kDone = 101;
+
+/// A job's database. Closed at the end of its scope, which must lie behind those of its
+/// statements. Serves one thread at a time; two share no state.
+class Database {
  public:
-  /// linx_sqlite3_step's result when a row is ready. Any other value ends the rows.
-  static constexpr std::int32_t kRowReady = 100;
-  /// The result that ends the rows in good order; the others are errors.
-  static constexpr std::int32_t kDone = 101;
-
-  sqliteDefs();
-  ~sqliteDefs();
-  sqliteDefs(const sqliteDefs&) = delete;
-  sqliteDefs& operator=(const sqliteDefs&) = delete;
-
-  /// Opens a database file for reading. Negative when there is no such file, it
-  /// cannot be read, or it is no database. Path in the system's 8-bit text.
+  /// Opens a database file for reading, path in UTF-8; 0 on success. Fails when there is
+  /// no such file, it cannot be read, or it is no database.
   std::int32_t linx_sqlite3_open(const std::string& path);
 
-  /// From now on `call` is called now and then while a statement of the database is
-  /// at work inside linx_sqlite3_step. It must neither throw nor use this object.
-  void CallDuringSteps(std::int32_t database, std::function<void()> call);
+  /// From now on `call` is called now and then while a statement is at work inside
+  /// linx_sqlite3_step. It must neither throw nor use this object.
+  void CallDuringSteps(std::function<void()> call);
 
-  /// Prepares the first statement in the text's first `length` characters. Only
-  /// selections over the job's own tables can be prepared.
-  std::int32_t linx_sqlite3_prepare(std::int32_t database, const std::string& sql,
+  /// The same as the end of the scope.
+  void linx_sqlite3_close();
+
+ private:
+  friend class Statement;
+
+  opening::OpenedJob job_;
+  std::int32_t statements_ = 0;  // prepared so far
+};
+
+/// A selection over a job's own tables, and the row it has reached. Finalized at the end of
+/// its scope.
+class Statement {
+ public:
+  /// Prepares the first statement in the text's first `length` characters. A statement is
+  /// numbered among those of its database from 1 on; fails for a database that is not open,
+  /// for a text without a statement, and for anything but a selection.
+  std::int32_t linx_sqlite3_prepare(Database& database, const std::string& sql,
                                     const std::int32_t& length);
 
   /// Steps to the next row: kRowReady, kDone, or the library's error code.
-  std::int32_t linx_sqlite3_step(std::int32_t statement);
+  std::int32_t linx_sqlite3_step() { return sqlite3_step(prepared_.get()); }
 
-  /// The column's value in the current row; 0 for a column the result does not
-  /// have, for NULL, and for a handle that is none.
-  std::int32_t linx_getInt(std::int32_t statement, std::int32_t column);
-  double linx_getDouble(std::int32_t statement, std::int32_t column);
+  // The library's own getters are safe for no statement, no row and no such column: they
+  // all read NULL then.
+
+  /// The column's value in the current row; 0 for NULL and for a column the result does
+  /// not have.
+  std::int32_t linx_getInt(std::int32_t column) const {
+    return sqlite3_column_int(prepared_.get(), column);
+  }
+  double linx_getDouble(std::int32_t column) const {
+    return sqlite3_column_double(prepared_.get(), column);
+  }
 
   /// Length in bytes of the column's text; 0 where there is none.
-  std::int32_t linx_getColSize(std::int32_t statement, std::int32_t column);
+  std::int32_t linx_getColSize(std::int32_t column) const {
+    return sqlite3_column_bytes(prepared_.get(), column);
+  }
 
-  /// Fills the front of the buffer with the column's text, at most buffer.size()
-  /// bytes of it, unchanged. The result means nothing.
-  std::int32_t linx_getText(std::int32_t statement, std::int32_t column, std::string& buffer);
+  /// Fills the front of the buffer with the column's text, at most buffer.size() bytes of
+  /// it, unchanged.
+  void linx_getText(std::int32_t column, std::string& buffer) const;
 
-  void linx_sqlite3_finalize(std::int32_t statement);
-
-  /// Closes a database; its statements are finalized first.
-  void linx_sqlite3_close(std::int32_t database);
+  void linx_sqlite3_finalize() { prepared_.reset(); }
 
  private:
-  struct Tables;
-  std::unique_ptr<Tables> tables_;
+  opening::StatementPtr prepared_;
 };
+
+/// Reads a column's text over `text`. An empty or NULL column leaves `text` as it was:
+/// whoever wants it empty then starts from an empty text.
+void ReadText(const Statement& row, std::int32_t column, std::string& text);
 
 }  // namespace kestrin::jobstore

@@ -18,7 +18,7 @@ class BoomPainter {
 
   bool Ready() const { return implement_.HasCurrent(); }
 
-  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
+  void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
     implement_.ForEachSection(vehicle, epoch.yaw, [this](const GroundLine& line) { Draw(line); });
   }

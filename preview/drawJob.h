@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/runHost.h"
+#include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -15,7 +16,7 @@ namespace kestrin::preview {
 ///
 /// A Painter names its query as Epochs, is made of (Job&, const PictureMap&,
 /// Picture&), and has Ready() (whether what it reads of the job is there),
-/// Add(const EpochRow&, UtmPoint) and Finish().
+/// Add(const Epochs::Row&, UtmPoint) and Finish().
 template <class Painter>
 void DrawJob(const PreviewState& state, Picture& picture, base::RunHost& host) {
   if (state.jobPath.empty()) return;
@@ -30,12 +31,8 @@ void DrawJob(const PreviewState& state, Picture& picture, base::RunHost& host) {
     Painter painter(job, PictureMap(state.extent, picture), picture);
     jobstore::Query<typename Painter::Epochs> epochs(job);
     if (!painter.Ready() || !epochs.Prepared()) return;
-    for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
-      host.CountRow();
-      host.Yield();
-      offsets.AdvanceTo(epoch.time);
-      painter.Add(epoch, offsets.At(epoch));
-    }
+    geo::WalkEpochs(epochs, offsets, host,
+                    [&](const auto& epoch, geo::UtmPoint vehicle) { painter.Add(epoch, vehicle); });
     painter.Finish();
   }
   picture.Refresh();

@@ -16,7 +16,7 @@ class PointPainter {
 
   bool Ready() const { return true; }
 
-  void Add(const jobstore::EpochRow&, geo::UtmPoint vehicle) {
+  void Add(const Epochs::Row&, geo::UtmPoint vehicle) {
     const GroundPoint ground{vehicle.easting, vehicle.northing};
     if (!map_.Covers(ground)) return;
     if (const auto point = map_.At(ground)) picture_.Circle(*point, kRadius);

@@ -30,7 +30,7 @@ class PolyPainter {
 
   bool Ready() const { return implement_.HasCurrent(); }
 
-  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
+  void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
     const std::optional<SwathEnds> ends = EndsAt(vehicle, epoch.yaw);
     // Without movement to be seen a row counts for nothing, not even as a break.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -76,18 +77,14 @@ Bounds BoundsOf(jobstore::Job& job, geo::LocalOffsets<jobstore::References>& off
   Bounds bounds;
   PreviewImplement implement(job);
   jobstore::Query<jobstore::PreviewBoomEpochs> epochs(job);
-  for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
-    host.CountRow();
-    host.Yield();
-    offsets.AdvanceTo(epoch.time);
+  geo::WalkEpochs(epochs, offsets, host, [&](const auto& epoch, geo::UtmPoint vehicle) {
     implement.AdvanceTo(epoch.time);
-    const geo::UtmPoint vehicle = offsets.At(epoch);
     bounds.Widen({vehicle.easting, vehicle.northing});
     implement.ForEachSection(vehicle, epoch.yaw, [&bounds](const GroundLine& line) {
       bounds.Widen(line.from);
       bounds.Widen(line.to);
     });
-  }
+  });
   return bounds;
 }
 

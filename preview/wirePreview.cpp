@@ -17,7 +17,7 @@ class WirePainter {
 
   bool Ready() const { return true; }
 
-  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint vehicle) {
+  void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     // A row without a place in the picture adds no point but still parts the path.
     if (epoch.BeginsStretch()) Finish();
     if (const auto point = map_.At({vehicle.easting, vehicle.northing})) points_.push_back(*point);

@@ -147,8 +147,7 @@ bool ExportCommands::RunProcedure(int kind, const std::string& basePath) {
     exports::ExportRun run{host_, files_, shapefile::SetOptions{}};
     const exports::ExportOutcome outcome =
         kinds_[At(kind)].procedure(basePath, state_.JobPath(), run);
-    if (outcome.lastStep != jobstore::sqliteDefs::kDone)
-      screen_.ShowWarning(IncompleteText(outcome));
+    if (outcome.lastStep != jobstore::kDone) screen_.ShowWarning(IncompleteText(outcome));
     return true;
   } catch (const base::FileError& error) {
     screen_.ShowMessage("Error writing: " + error.Path() + ": " + error.Reason());

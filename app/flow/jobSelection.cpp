@@ -64,12 +64,12 @@ bool JobSelection::ReadJob(const std::string& path) {
 }
 
 void JobSelection::CheckFormat(jobstore::Job& job) {
-  jobstore::CountRow tables;
-  jobstore::TextRow newest;
-  if (jobstore::ReadFirst<jobstore::VersionTableCount>(job, tables) && tables.count > 0) {
+  std::int32_t tables = 0;
+  std::string newest;
+  if (jobstore::ReadFirst<jobstore::VersionTableCount>(job, tables) && tables > 0) {
     jobstore::ReadFirst<jobstore::NewestVersion>(job, newest);
   }
-  const std::string version(base::TrimmedBlanks(newest.text));
+  const std::string version(base::TrimmedBlanks(newest));
   switch (CompareFormat(version)) {
     case FormatAge::kCompatible:
       break;
@@ -83,15 +83,15 @@ void JobSelection::CheckFormat(jobstore::Job& job) {
 }
 
 void JobSelection::CountRows(jobstore::Job& job) {
-  jobstore::CountRow rows;
+  std::int32_t rows = 0;
   jobstore::ReadFirst<jobstore::EpochCount>(job, rows);
-  state_.progress = {.count = 0, .total = rows.count, .twoPass = true};
+  state_.progress = {.count = 0, .total = rows, .twoPass = true};
 }
 
 void JobSelection::TakeLastTime(jobstore::Job& job) {
-  jobstore::KeyRow newest;
+  jobstore::GpsKey newest;
   if (!jobstore::ReadFirst<jobstore::NewestEpoch>(job, newest)) return;
-  state_.lastGpsTime = geo::LocalTimeOf(newest.time, state_.timeZoneOffset);
+  state_.lastGpsTime = geo::LocalTimeOf(newest, state_.timeZoneOffset);
   state_.job.dateText = geo::DateText(state_.lastGpsTime, ports_.dates.AbbreviatedMonths());
 }
 

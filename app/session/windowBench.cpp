@@ -26,16 +26,16 @@ template <class Epochs>
 void Walk(const std::string& path) {
   jobstore::Job job(path);
   jobstore::Query<Epochs> epochs(job);
-  for (jobstore::EpochRow row; epochs.Next(row);) {
+  for (typename Epochs::Row row; epochs.Next(row);) {
   }
 }
 
 void WalkSelection(const std::string& path) {
   {
     jobstore::Job job(path);
-    jobstore::CountRow count;
+    std::int32_t count = 0;
     jobstore::ReadFirst<jobstore::EpochCount>(job, count);
-    jobstore::KeyRow newest;
+    jobstore::GpsKey newest;
     jobstore::ReadFirst<jobstore::NewestEpoch>(job, newest);
   }
   Walk<jobstore::PreviewBoomEpochs>(path);

@@ -6,6 +6,7 @@
 #include "export/boom/records.h"
 #include "export/boom/table.h"
 #include "export/boom/timeline.h"
+#include "geo/epochWalk.h"
 #include "geo/heading.h"
 #include "geo/weekFirstOffsets.h"
 #include "jobstore/changeCursor.h"
@@ -24,7 +25,7 @@ std::vector<jobstore::ReferenceRow> ReadReferences(jobstore::Job& job, base::Run
   std::vector<jobstore::ReferenceRow> references;
   jobstore::Query<jobstore::References> query(job);
   if (!query.Prepared()) {
-    host.ShowMessage(exports::NotPreparedText(query.Handle()));
+    host.ShowMessage(exports::NotPreparedText(query.Result()));
   }
   for (jobstore::ReferenceRow row; query.Next(row);) references.push_back(row);
   return references;
@@ -56,7 +57,7 @@ class BoomLayer {
       if (periods_.Prepared()) {
         LayPeriod(entry);
       } else {
-        host_.ShowMessage(exports::NotPreparedText(periods_.Handle()));
+        host_.ShowMessage(exports::NotPreparedText(periods_.Result()));
       }
     }
   }
@@ -68,22 +69,18 @@ class BoomLayer {
  private:
   void LayPeriod(std::size_t entry) {
     const ImplementSetup& setup = timeline_.ImplementOf(timeline_.Entries()[entry]);
-    for (jobstore::EpochRow epoch; periods_.Next(entry, epoch);) {
-      host_.CountRow();
-      host_.Yield();
-      ++epochs_;
-      Lay(epoch, setup);
-    }
+    PeriodRows rows(periods_, entry);
+    epochs_ += geo::WalkEpochs(
+        rows, offsets_, host_,
+        [&](const auto& epoch, geo::UtmPoint antenna) { Lay(epoch, antenna, setup); });
   }
 
-  void Lay(const jobstore::EpochRow& epoch, const ImplementSetup& setup) {
-    offsets_.AdvanceTo(epoch.time);
+  void Lay(const PeriodRows::Row& epoch, geo::UtmPoint antenna, const ImplementSetup& setup) {
     actualRates_.AdvanceTo(epoch.time,
                            [this](const jobstore::RatesRow& row) { rates_ = Rounded(row); });
     records_.Select(rates_);
 
     const geo::WorkingPlane& plane = offsets_.Plane();
-    const geo::UtmPoint antenna = plane.At(epoch.east, epoch.north);
     const geo::Heading heading(epoch.yaw);
     for (const UsedSection& section : setup.sections) {
       // The offsets keep to east and north whatever the heading, as the sets have
@@ -134,7 +131,7 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
 
   jobstore::Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Handle()));
+    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
     return outcome;
   }
   std::vector<jobstore::ReferenceRow> references = ReadReferences(job, run.host);

@@ -6,31 +6,41 @@
 #include <vector>
 
 #include "export/boom/timeline.h"
+#include "jobstore/epochs.h"
 #include "jobstore/job.h"
-#include "jobstore/queries.h"
 
 namespace kestrin::boom {
 
-/// The GPS epochs of a timeline's periods, period after period: the rows that
-/// BoomEpochs selects for each, out of one scan of the job. The scan begins with
-/// the object; job and entries must outlive it.
+/// Whether a period of the timeline, from `start` up to, not including, `end`, holds a
+/// time; without an end, all times from `start` on.
+///
+/// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the rows of
+/// its own first week too, so those at or after that millisecond belong to no period. This
+/// is how the sets have always been cut; downstream tools rely on it.
+bool PeriodHolds(jobstore::GpsKey start, std::optional<jobstore::GpsKey> end,
+                 jobstore::GpsKey time);
+
+/// The GPS epochs of a timeline's periods, period after period, out of one scan of the job:
+/// a query for each period would read the whole table for each, and a job can hold tens of
+/// thousands. The scan begins with the object; job and entries must outlive it.
 class Periods {
  public:
+  using Row = jobstore::BoomEpochs::Row;
+
   Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries)
       : query_(job), entries_(entries) {}
 
   bool Prepared() const { return query_.Prepared(); }
-  std::int32_t Handle() const { return query_.Handle(); }
+  std::int32_t Result() const { return query_.Result(); }
 
-  /// Reads the next epoch of an entry's period over `row` and returns true; false
-  /// when the period has no more. Entries must be asked for in their order.
-  bool Next(std::size_t entry, jobstore::EpochRow& row);
+  /// Reads the next epoch of an entry's period over `row` and returns true; false when the
+  /// period has no more. Entries must be asked for in their order.
+  bool Next(std::size_t entry, Row& row);
 
-  /// What ended the rows, once the last period has been read: kDone in good order,
-  /// also when there was no period to read any for.
+  /// What ended the rows, once the last period has been read: kDone in good order, also
+  /// when there was no period to read any for.
   std::int32_t LastStep() const {
-    return query_.LastStep() == jobstore::sqliteDefs::kRowReady ? jobstore::sqliteDefs::kDone
-                                                                : query_.LastStep();
+    return query_.LastStep() == jobstore::kRowReady ? jobstore::kDone : query_.LastStep();
   }
 
  private:
@@ -38,8 +48,22 @@ class Periods {
 
   jobstore::Query<jobstore::BoomEpochs> query_;
   const std::vector<TimelineEntry>& entries_;
-  jobstore::EpochRow ahead_;
+  Row ahead_;
   bool hasAhead_ = false;
+};
+
+/// The rows of one of the periods.
+class PeriodRows {
+ public:
+  using Row = Periods::Row;
+
+  PeriodRows(Periods& periods, std::size_t entry) : periods_(periods), entry_(entry) {}
+
+  bool Next(Row& row) { return periods_.Next(entry_, row); }
+
+ private:
+  Periods& periods_;
+  std::size_t entry_;
 };
 
 }  // namespace kestrin::boom

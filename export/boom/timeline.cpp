@@ -22,7 +22,7 @@ template <class Q, class Take>
 void ForEachRow(jobstore::Job& job, base::RunHost& host, Take take) {
   jobstore::Query<Q> query(job);
   if (!query.Prepared()) {
-    host.ShowMessage(exports::NotPreparedText(query.Handle()));
+    host.ShowMessage(exports::NotPreparedText(query.Result()));
     return;
   }
   for (typename Q::Row row; query.Next(row); row = {}) take(row);

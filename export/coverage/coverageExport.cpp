@@ -2,6 +2,7 @@
 
 #include "export/coverage/polygonBuilder.h"
 #include "export/coverage/widths.h"
+#include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -14,11 +15,11 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   shapefile::RemoveSet(run.files, basePath);
   jobstore::Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Handle()));
+    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
     return outcome;
   }
   geo::LocalOffsets<jobstore::References> offsets(job);
-  if (!offsets.Prepared()) run.host.ShowMessage(exports::NotPreparedText(offsets.Handle()));
+  if (!offsets.Prepared()) run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
   if (!offsets.HasReference()) return outcome;
 
   std::int32_t handle = 0;
@@ -26,20 +27,16 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   if (handle < 0) run.host.ShowMessage(exports::NotPreparedText(handle));
 
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
-  if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Handle()));
+  if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
 
   RingWriter writer(basePath, offsets.Plane(), run);
   PolygonBuilder polygons([&](const Ring& ring) {
     if (!basePath.empty()) writer.Write(ring);
   });
-  for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
-    run.host.CountRow();
-    run.host.Yield();
-    ++outcome.epochs;
-    offsets.AdvanceTo(epoch.time);
-    polygons.Add(SwathRow::Of(offsets.At(epoch), epoch.yaw, widths.At(epoch.time)),
-                 epoch.BeginsStretch());
-  }
+  const auto add = [&](const auto& epoch, geo::UtmPoint centre) {
+    polygons.Add(SwathRow::Of(centre, epoch.yaw, widths.At(epoch.time)), epoch.BeginsStretch());
+  };
+  outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
   outcome.lastStep = epochs.LastStep();
   polygons.Finish();
   outcome.made = writer.Finish();

@@ -53,18 +53,15 @@ struct RingWriter::Set {
 void RingWriter::Set::AddVertices(std::span<const geo::UtmPoint> points,
                                   const geo::WorkingPlane& plane, base::RunHost& host) {
   constexpr std::size_t kTogether = 64;
-  std::array<double, kTogether> x{};
-  std::array<double, kTogether> y{};
+  std::array<geo::GeoPoint, kTogether> degrees{};
   for (std::size_t i = 0; i < points.size(); i += kTogether) {
     // A whole field can be one ring.
     if (i > 0) host.Yield();
-    const std::size_t count = std::min(kTogether, points.size() - i);
-    for (std::size_t k = 0; k < count; ++k) {
-      x[k] = points[i + k].easting;
-      y[k] = points[i + k].northing;
+    const auto some = points.subspan(i, std::min(kTogether, points.size() - i));
+    plane.ToGeo(some, degrees);
+    for (const geo::GeoPoint& point : std::span(degrees).first(some.size())) {
+      shapes.AddVertex(point.longitude, point.latitude);
     }
-    plane.ToGeo({y.data(), count}, {x.data(), count});
-    for (std::size_t k = 0; k < count; ++k) shapes.AddVertex(x[k], y[k]);
   }
 }
 

@@ -24,7 +24,7 @@ double WidthTimeline::At(jobstore::GpsKey time) {
 WidthTimeline ReadWidths(jobstore::Job& job, std::int32_t& handle) {
   WidthTimeline widths;
   jobstore::Query<jobstore::Implements> implements(job);
-  handle = implements.Handle();
+  handle = implements.Result();
   for (jobstore::ImplementRow row; implements.Next(row);) widths.Add(row);
   return widths;
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "jobstore/gpsKey.h"
+#include "jobstore/job.h"
 #include "jobstore/queries.h"
 
 namespace kestrin::coverage {

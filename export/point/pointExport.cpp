@@ -4,6 +4,7 @@
 
 #include "export/point/record.h"
 #include "export/point/table.h"
+#include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/changeCursor.h"
 #include "jobstore/job.h"
@@ -56,12 +57,12 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
 
   jobstore::Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Handle()));
+    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
     return outcome;
   }
   geo::LocalOffsets<jobstore::ReferencesWithAltitude> offsets(job);
   if (!offsets.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(offsets.Handle()));
+    run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
     return outcome;
   }
   if (!offsets.HasReference()) return outcome;
@@ -71,25 +72,22 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   Equipment equipment(job, record);
   jobstore::Query<jobstore::PointEpochs> epochs(job);
   if (!epochs.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(epochs.Handle()));
+    run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
     return outcome;
   }
 
   std::optional<shapefile::ShapefileSet> set;
-  for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
-    run.host.CountRow();
-    run.host.Yield();
-    ++outcome.epochs;
-    offsets.AdvanceTo(epoch.time);
+  const auto add = [&](const jobstore::EpochRow& epoch, geo::UtmPoint point) {
     equipment.AdvanceTo(epoch.time);
     if (!set) {
       set.emplace(run.files, basePath, shapefile::ShapeType::kPoint, FieldsOf(groups), run.options);
     }
-    const geo::GeoPoint position = offsets.Plane().ToGeo(offsets.At(epoch));
+    const geo::GeoPoint position = offsets.Plane().ToGeo(point);
     record.SetEpoch(set->RecordCount(), epoch, position, offsets.Reference().altitude);
     set->AddPoint(position.longitude, position.latitude);
     set->AddAttributes(record.Bytes());
-  }
+  };
+  outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
   outcome.lastStep = epochs.LastStep();
   if (!set) return outcome;
   set->Commit();

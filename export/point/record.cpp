@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "base/angles.h"
 #include "base/text.h"
 #include "shapefile/numberText.h"
 
@@ -81,9 +82,9 @@ void Record::SetEpoch(std::int32_t id, const jobstore::EpochRow& epoch, geo::Geo
       .Rounded(epoch.east)
       .Rounded(epoch.north)
       .Rounded(epoch.down)
-      .Rounded(epoch.yaw * jobstore::kDegreesPerRadian)
-      .Rounded(epoch.pitch * jobstore::kDegreesPerRadian)
-      .Rounded(epoch.roll * jobstore::kDegreesPerRadian)
+      .Rounded(epoch.yaw * base::kDegreesPerRadian)
+      .Rounded(epoch.pitch * base::kDegreesPerRadian)
+      .Rounded(epoch.roll * base::kDegreesPerRadian)
       .Rounded(epoch.speed)
       .Integer(epoch.type)
       .Integer(epoch.boomStatus);

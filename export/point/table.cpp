@@ -13,18 +13,18 @@ constexpr std::size_t kFieldsPerSection = 4;
 constexpr std::uint32_t kSectionBits = 0xFFFF;
 
 int SectionsByStatus(jobstore::Job& job) {
-  jobstore::IntRow largest;
+  std::int32_t largest = 0;
   jobstore::ReadFirst<jobstore::BoomStatusMaximum>(job, largest);
-  if (largest.value <= 0) return 0;
-  return static_cast<int>(std::bit_width(static_cast<std::uint32_t>(largest.value) & kSectionBits));
+  if (largest <= 0) return 0;
+  return static_cast<int>(std::bit_width(static_cast<std::uint32_t>(largest) & kSectionBits));
 }
 
 int SectionsByWidth(jobstore::Job& job) {
   int sections = 0;
   for (int section = 0; section < jobstore::kSectionSlots; ++section) {
-    jobstore::DoubleRow largest;
+    double largest = 0;
     jobstore::ReadFirst<jobstore::SectionWidthMaximum>(job, largest, section);
-    if (largest.value > 0) sections = section + 1;
+    if (largest > 0) sections = section + 1;
   }
   return sections;
 }
@@ -32,10 +32,10 @@ int SectionsByWidth(jobstore::Job& job) {
 /// Brings `products` to the last slot with a rate; as it was when there is none.
 template <class Maxima>
 void CountProducts(jobstore::Job& job, int& products) {
-  jobstore::RateMaxima maxima;
+  jobstore::SlotRates maxima{};
   jobstore::ReadFirst<Maxima>(job, maxima);
   for (int slot = 0; slot < jobstore::kProductSlots; ++slot) {
-    if (maxima.rates[static_cast<std::size_t>(slot)] > 0) products = slot + 1;
+    if (maxima[static_cast<std::size_t>(slot)] > 0) products = slot + 1;
   }
 }
 

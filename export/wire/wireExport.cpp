@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -26,8 +27,8 @@ class WireWriter {
       : set_(run.files, basePath, shapefile::ShapeType::kPolyline, kFields, run.options),
         record_(kFields) {}
 
-  void Add(const jobstore::EpochRow& epoch, geo::UtmPoint point, geo::GeoPoint position) {
-    if (!open_ || epoch.BeginsStretch()) {
+  void Add(bool begins, geo::UtmPoint point, geo::GeoPoint position) {
+    if (!open_ || begins) {
       Close();
       set_.BeginRecord();
       open_ = Stretch{};
@@ -70,12 +71,12 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
 
   jobstore::Job job(jobPath, run.host);
   if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Handle()));
+    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
     return outcome;
   }
   geo::LocalOffsets<jobstore::References> offsets(job);
   if (!offsets.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(offsets.Handle()));
+    run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
     return outcome;
   }
   if (!offsets.HasReference()) return outcome;
@@ -84,20 +85,16 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
   if (!epochs.Prepared()) {
     // The message has always named the reference statement here, and support
     // notes quote it so.
-    run.host.ShowMessage(exports::NotPreparedText(offsets.Handle()));
+    run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
     return outcome;
   }
 
   std::optional<WireWriter> writer;
-  for (jobstore::EpochRow epoch; epochs.Next(epoch);) {
-    run.host.CountRow();
-    run.host.Yield();
-    ++outcome.epochs;
-    offsets.AdvanceTo(epoch.time);
-    const geo::UtmPoint point = offsets.At(epoch);
-    if (!writer) writer.emplace(basePath, run);
-    writer->Add(epoch, point, offsets.Plane().ToGeo(point));
-  }
+  outcome.epochs =
+      geo::WalkEpochs(epochs, offsets, run.host, [&](const auto& epoch, geo::UtmPoint point) {
+        if (!writer) writer.emplace(basePath, run);
+        writer->Add(epoch.BeginsStretch(), point, offsets.Plane().ToGeo(point));
+      });
   outcome.lastStep = epochs.LastStep();
   if (!writer) return outcome;
   writer->Finish();

@@ -58,7 +58,7 @@ TEST(ChangeCursor, WithoutATableStaysAtItsEmptyValue) {
               .Finish());
   Rates cursor(job);
   EXPECT_FALSE(cursor.Prepared());
-  EXPECT_LT(cursor.Handle(), 0);
+  EXPECT_LT(cursor.Result(), 0);
   EXPECT_FALSE(cursor.HasCurrent());
   EXPECT_EQ(InForce(cursor, {{1, 0}}), (std::vector<double>{0}));
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "jobstore/queries.h"
+#include "tests/support/boomPeriodQuery.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -19,8 +20,8 @@ class QueryRows : public testing::Test {
     Job job(builder_.Finish());
     Query<Q> epochs(job, numbers...);
     std::vector<double> easts;
-    for (EpochRow row; epochs.Next(row);) easts.push_back(row.east);
-    EXPECT_EQ(epochs.LastStep(), sqliteDefs::kDone);
+    for (typename Q::Row row; epochs.Next(row);) easts.push_back(row.east);
+    EXPECT_EQ(epochs.LastStep(), kDone);
     return easts;
   }
 
@@ -50,23 +51,23 @@ TEST_F(QueryRows, WithoutBit8192AreInvisibleToTheRowsTheCountAndTheTimeSpan) {
   Add({1, 1}, 1);
   builder_.Execute("INSERT INTO GpsDataTable SELECT 9, 9, 5, 0, 0, 0, 0, 0, 0, 16384 + 4096, 0");
   Job job(builder_.Finish());
-  EpochRow row;
+  WireEpochs::Row row;
   Query<WireEpochs> epochs(job);
   EXPECT_TRUE(epochs.Next(row));
   EXPECT_FALSE(epochs.Next(row));
-  CountRow count;
+  std::int32_t count = 0;
   ASSERT_TRUE(ReadFirst<EpochCount>(job, count));
-  EXPECT_EQ(count.count, 1);
-  KeyRow newest;
+  EXPECT_EQ(count, 1);
+  GpsKey newest;
   ASSERT_TRUE(ReadFirst<NewestEpoch>(job, newest));
-  EXPECT_EQ(newest.time, (GpsKey{1, 1}));
+  EXPECT_EQ(newest, (GpsKey{1, 1}));
 }
 
 TEST_F(QueryRows, OfTheLastBoomPeriodRunFromItsStartOn) {
   Add({5, 99}, 1);
   Add({5, 100}, 2);
   Add({6, 0}, 3);
-  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}), (std::vector<double>{2, 3}));
+  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}), (std::vector<double>{2, 3}));
 }
 
 TEST_F(QueryRows, OfABoomPeriodEndBeforeItsEnd) {
@@ -74,7 +75,8 @@ TEST_F(QueryRows, OfABoomPeriodEndBeforeItsEnd) {
   Add({5, 100}, 2);
   Add({5, 199}, 3);
   Add({5, 200}, 4);
-  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}, GpsKey{5, 200}), (std::vector<double>{2, 3}));
+  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}, GpsKey{5, 200}),
+            (std::vector<double>{2, 3}));
 }
 
 TEST_F(QueryRows, OfABoomPeriodOverAWeekAreCutByTheEndsMillisecondInTheFirstWeekToo) {
@@ -83,16 +85,17 @@ TEST_F(QueryRows, OfABoomPeriodOverAWeekAreCutByTheEndsMillisecondInTheFirstWeek
   Add({6, 500}, 3);
   Add({7, 199}, 4);
   Add({7, 200}, 5);
-  EXPECT_EQ(Easts<BoomEpochs>(GpsKey{5, 100}, GpsKey{7, 200}), (std::vector<double>{1, 3, 4}));
+  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}, GpsKey{7, 200}),
+            (std::vector<double>{1, 3, 4}));
 }
 
 TEST(Job, WithoutAVersionTableCountsNone) {
   const test::TempFolder folder;
   Job job(
       test::JobBuilder(folder / "job.sqlite").Execute("DROP TABLE VersionChangeTable").Finish());
-  CountRow count{7};
+  std::int32_t count = 7;
   ASSERT_TRUE(ReadFirst<VersionTableCount>(job, count));
-  EXPECT_EQ(count.count, 0);
+  EXPECT_EQ(count, 0);
   EXPECT_FALSE(Query<NewestVersion>(job).Prepared());
 }
 
@@ -102,9 +105,9 @@ TEST(Job, AViewDoesNotCountAsAVersionTable) {
               .Execute("DROP TABLE VersionChangeTable")
               .Execute("CREATE VIEW VersionChangeTable AS SELECT 1 AS sqlite_ver")
               .Finish());
-  CountRow count{7};
+  std::int32_t count = 7;
   ASSERT_TRUE(ReadFirst<VersionTableCount>(job, count));
-  EXPECT_EQ(count.count, 0);
+  EXPECT_EQ(count, 0);
 }
 
 TEST(Job, TheNewestVersionIsTheLatestInTimeNotInEntry) {
@@ -113,52 +116,52 @@ TEST(Job, TheNewestVersionIsTheLatestInTimeNotInEntry) {
               .Version({2, 1}, "new")
               .Version({1, 9}, "old")
               .Finish());
-  TextRow row;
-  ASSERT_TRUE(ReadFirst<NewestVersion>(job, row));
-  EXPECT_EQ(row.text, "new");
+  std::string version;
+  ASSERT_TRUE(ReadFirst<NewestVersion>(job, version));
+  EXPECT_EQ(version, "new");
 }
 
-TEST(Job, ThatIsMissingHasANegativeHandleAndQueriesThatDoNotPrepare) {
+TEST(Job, ThatIsMissingHasANegativeResultAndQueriesThatDoNotPrepare) {
   const test::TempFolder folder;
   Job job(folder / "missing.sqlite");
   EXPECT_FALSE(job.IsOpen());
-  EXPECT_LT(job.Handle(), 0);
+  EXPECT_LT(job.Result(), 0);
   Query<WireEpochs> epochs(job);
   EXPECT_FALSE(epochs.Prepared());
-  EXPECT_LT(epochs.Handle(), 0);
-  EpochRow row;
+  EXPECT_LT(epochs.Result(), 0);
+  WireEpochs::Row row;
   EXPECT_FALSE(epochs.Next(row));
-  EXPECT_NE(epochs.LastStep(), sqliteDefs::kDone);
+  EXPECT_NE(epochs.LastStep(), kDone);
 }
 
 TEST(Job, AMissingTableFailsAtPrepareAndYieldsNoRow) {
   const test::TempFolder folder;
   Job job(test::JobBuilder(folder / "job.sqlite").Execute("DROP TABLE GpsDataTable").Finish());
   Query<WireEpochs> epochs(job);
-  EXPECT_LT(epochs.Handle(), 0);
-  EpochRow row;
+  EXPECT_LT(epochs.Result(), 0);
+  WireEpochs::Row row;
   EXPECT_FALSE(epochs.Next(row));
 }
 
 TEST(Job, MaximaOfEmptyTablesAreZero) {
   const test::TempFolder folder;
   Job job(test::JobBuilder(folder / "job.sqlite").Finish());
-  IntRow status{7};
+  std::int32_t status = 7;
   ASSERT_TRUE(ReadFirst<BoomStatusMaximum>(job, status));
-  EXPECT_EQ(status.value, 0);
-  RateMaxima rates{{1, 2, 3}};
+  EXPECT_EQ(status, 0);
+  SlotRates rates{1, 2, 3};
   ASSERT_TRUE(ReadFirst<DesiredRateMaxima>(job, rates));
-  EXPECT_EQ(rates.rates, (std::array{0.0, 0.0, 0.0}));
+  EXPECT_EQ(rates, (std::array{0.0, 0.0, 0.0}));
 }
 
 TEST(Query, RowsThatEndedStayEnded) {
   const test::TempFolder folder;
   Job job(test::JobBuilder(folder / "job.sqlite").Epoch({1, 1}, 1, 1).Finish());
   Query<WireEpochs> epochs(job);
-  EpochRow row;
+  WireEpochs::Row row;
   EXPECT_TRUE(epochs.Next(row));
   for (int i = 0; i < 3; ++i) EXPECT_FALSE(epochs.Next(row));
-  EXPECT_EQ(epochs.LastStep(), sqliteDefs::kDone);
+  EXPECT_EQ(epochs.LastStep(), kDone);
 }
 
 }  // namespace

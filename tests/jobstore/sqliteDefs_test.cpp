@@ -11,166 +11,169 @@ namespace {
 constexpr std::int32_t kMisuse = 21;
 
 /// A job with one table t(i, d, s, e, n, b) of one row, opened.
-class OpenedLibrary : public testing::Test {
+class OpenedDatabase : public testing::Test {
  protected:
-  OpenedLibrary() {
+  OpenedDatabase() {
     const std::string path =
         test::JobBuilder(folder_ / "job.sqlite")
             .Execute("CREATE TABLE t(i, d, s, e, n, b)")
             .Execute("INSERT INTO t VALUES(-7, 2.5, 'Süd', '', NULL, x'410042')")
             .Finish();
-    database_ = library_.linx_sqlite3_open(path);
+    opened_ = database_.linx_sqlite3_open(path);
   }
 
+  std::int32_t Prepare(Statement& statement, const std::string& sql) {
+    return statement.linx_sqlite3_prepare(database_, sql, static_cast<std::int32_t>(sql.size()));
+  }
   std::int32_t Prepare(const std::string& sql) {
-    return library_.linx_sqlite3_prepare(database_, sql, static_cast<std::int32_t>(sql.size()));
+    Statement statement;
+    return Prepare(statement, sql);
+  }
+  Statement Prepared(const std::string& sql) {
+    Statement statement;
+    EXPECT_GT(Prepare(statement, sql), 0);
+    return statement;
   }
 
-  /// The text of a column of the first row, by the three steps of every reader.
+  /// The text of a column of the first row.
   std::string Text(const std::string& column) {
-    const auto statement = Prepare("Select " + column + " From t");
-    library_.linx_sqlite3_step(statement);
+    Statement statement = Prepared("Select " + column + " From t");
+    statement.linx_sqlite3_step();
     std::string text;
-    const auto size = library_.linx_getColSize(statement, 0);
-    if (size > 0) {
-      text.assign(static_cast<std::size_t>(size), ' ');
-      library_.linx_getText(statement, 0, text);
-    }
-    library_.linx_sqlite3_finalize(statement);
+    ReadText(statement, 0, text);
     return text;
   }
 
   test::TempFolder folder_;
-  sqliteDefs library_;
-  std::int32_t database_ = 0;
+  Database database_;
+  std::int32_t opened_ = -1;
 };
 
-TEST_F(OpenedLibrary, HandlesOfASuccessAreNeverNegative) {
-  EXPECT_GE(database_, 0);
+TEST_F(OpenedDatabase, ResultsOfASuccessAreNeverNegative) {
+  EXPECT_GE(opened_, 0);
   EXPECT_GE(Prepare("Select i From t"), 0);
 }
 
-TEST_F(OpenedLibrary, AMissingTableFailsAtPrepareWithANegativeStatement) {
+TEST_F(OpenedDatabase, StatementsAreNumberedInTheOrderTheyArePrepared) {
+  EXPECT_EQ(Prepare("Select i From t"), 1);
+  EXPECT_LT(Prepare("Select a From Missing"), 0);
+  EXPECT_EQ(Prepare("Select i From t"), 2);
+}
+
+TEST_F(OpenedDatabase, AMissingTableFailsAtPrepareWithANegativeResult) {
   EXPECT_EQ(Prepare("Select a From Missing"), -1);
 }
 
-TEST_F(OpenedLibrary, ATextWithoutAStatementFailsAtPrepare) {
+TEST_F(OpenedDatabase, ATextWithoutAStatementFailsAtPrepare) {
   EXPECT_LT(Prepare(""), 0);
   EXPECT_LT(Prepare("-- nothing"), 0);
 }
 
-TEST_F(OpenedLibrary, OnlyTheFirstStatementAndOnlyLengthCharactersArePrepared) {
-  auto statement = Prepare("Select i From t; Select Nonsense From Nowhere");
-  EXPECT_EQ(library_.linx_sqlite3_step(statement), 100);
-  EXPECT_EQ(library_.linx_getInt(statement, 0), -7);
-  statement = library_.linx_sqlite3_prepare(database_, "Select i From t and more", 15);
-  EXPECT_EQ(library_.linx_sqlite3_step(statement), 100);
-  EXPECT_GT(library_.linx_sqlite3_prepare(database_, "Select i From t", 1000), 0);
-  EXPECT_LT(library_.linx_sqlite3_prepare(database_, "Select i From t", -1), 0);
+TEST_F(OpenedDatabase, OnlyTheFirstStatementAndOnlyLengthCharactersArePrepared) {
+  Statement statement = Prepared("Select i From t; Select Nonsense From Nowhere");
+  EXPECT_EQ(statement.linx_sqlite3_step(), 100);
+  EXPECT_EQ(statement.linx_getInt(0), -7);
+  EXPECT_GT(statement.linx_sqlite3_prepare(database_, "Select i From t and more", 15), 0);
+  EXPECT_EQ(statement.linx_sqlite3_step(), 100);
+  EXPECT_GT(statement.linx_sqlite3_prepare(database_, "Select i From t", 1000), 0);
+  EXPECT_LT(statement.linx_sqlite3_prepare(database_, "Select i From t", -1), 0);
 }
 
-TEST_F(OpenedLibrary, ARowIs100AndTheEnd101) {
-  const auto statement = Prepare("Select i From t");
-  EXPECT_EQ(library_.linx_sqlite3_step(statement), 100);
-  EXPECT_EQ(library_.linx_sqlite3_step(statement), 101);
+TEST_F(OpenedDatabase, ARowIs100AndTheEnd101) {
+  Statement statement = Prepared("Select i From t");
+  EXPECT_EQ(statement.linx_sqlite3_step(), 100);
+  EXPECT_EQ(statement.linx_sqlite3_step(), 101);
 }
 
-TEST_F(OpenedLibrary, GettersConvertAsTheLibraryDoes) {
-  const auto statement = Prepare("Select i, d, s, n From t");
-  ASSERT_EQ(library_.linx_sqlite3_step(statement), 100);
-  EXPECT_EQ(library_.linx_getInt(statement, 0), -7);
-  EXPECT_EQ(library_.linx_getDouble(statement, 0), -7.0);
-  EXPECT_EQ(library_.linx_getInt(statement, 1), 2);
-  EXPECT_EQ(library_.linx_getDouble(statement, 1), 2.5);
-  EXPECT_EQ(library_.linx_getInt(statement, 2), 0);
-  EXPECT_EQ(library_.linx_getInt(statement, 3), 0);
-  EXPECT_EQ(library_.linx_getDouble(statement, 3), 0.0);
+TEST_F(OpenedDatabase, GettersConvertAsTheLibraryDoes) {
+  Statement statement = Prepared("Select i, d, s, n From t");
+  ASSERT_EQ(statement.linx_sqlite3_step(), 100);
+  EXPECT_EQ(statement.linx_getInt(0), -7);
+  EXPECT_EQ(statement.linx_getDouble(0), -7.0);
+  EXPECT_EQ(statement.linx_getInt(1), 2);
+  EXPECT_EQ(statement.linx_getDouble(1), 2.5);
+  EXPECT_EQ(statement.linx_getInt(2), 0);
+  EXPECT_EQ(statement.linx_getInt(3), 0);
+  EXPECT_EQ(statement.linx_getDouble(3), 0.0);
 }
 
-TEST_F(OpenedLibrary, TextsPassThroughUnchanged) {
+TEST_F(OpenedDatabase, TextsPassThroughUnchanged) {
   EXPECT_EQ(Text("s"), "Süd");
   EXPECT_EQ(Text("b"), std::string("A\0B", 3));
   EXPECT_EQ(Text("i"), "-7");
 }
 
-TEST_F(OpenedLibrary, AnEmptyTextAndNullGiveTheEmptyText) {
+TEST_F(OpenedDatabase, AnEmptyTextAndNullGiveTheEmptyText) {
   EXPECT_EQ(Text("e"), "");
   EXPECT_EQ(Text("n"), "");
 }
 
-TEST_F(OpenedLibrary, GetTextFillsTheFrontOfTheBufferOnly) {
-  const auto statement = Prepare("Select s From t");
-  library_.linx_sqlite3_step(statement);
+TEST_F(OpenedDatabase, GetTextFillsTheFrontOfTheBufferOnly) {
+  Statement statement = Prepared("Select s From t");
+  statement.linx_sqlite3_step();
   std::string buffer = "------";
-  library_.linx_getText(statement, 0, buffer);
+  statement.linx_getText(0, buffer);
   EXPECT_EQ(buffer, "Süd--");
   buffer = "-";
-  library_.linx_getText(statement, 0, buffer);
+  statement.linx_getText(0, buffer);
   EXPECT_EQ(buffer, "S");
   buffer.clear();
-  library_.linx_getText(statement, 0, buffer);
+  statement.linx_getText(0, buffer);
   EXPECT_EQ(buffer, "");
 }
 
-TEST_F(OpenedLibrary, AColumnTheResultDoesNotHaveIsZeroOrEmpty) {
-  const auto statement = Prepare("Select i From t");
-  ASSERT_EQ(library_.linx_sqlite3_step(statement), 100);
+void ExpectZeroOrEmpty(const Statement& statement, std::int32_t column) {
+  std::string buffer = "as it was";
+  EXPECT_EQ(statement.linx_getInt(column), 0);
+  EXPECT_EQ(statement.linx_getDouble(column), 0.0);
+  EXPECT_EQ(statement.linx_getColSize(column), 0);
+  statement.linx_getText(column, buffer);
+  EXPECT_EQ(buffer, "as it was");
+}
+
+TEST_F(OpenedDatabase, AColumnTheResultDoesNotHaveIsZeroOrEmpty) {
+  Statement statement = Prepared("Select i From t");
+  ASSERT_EQ(statement.linx_sqlite3_step(), 100);
   for (const std::int32_t column : {1, 1000, -1, INT32_MIN, INT32_MAX}) {
-    std::string buffer = "as it was";
-    EXPECT_EQ(library_.linx_getInt(statement, column), 0);
-    EXPECT_EQ(library_.linx_getDouble(statement, column), 0.0);
-    EXPECT_EQ(library_.linx_getColSize(statement, column), 0);
-    library_.linx_getText(statement, column, buffer);
-    EXPECT_EQ(buffer, "as it was");
+    ExpectZeroOrEmpty(statement, column);
   }
 }
 
-TEST_F(OpenedLibrary, ColumnsWithoutARowAreZeroOrEmpty) {
-  const auto statement = Prepare("Select i From t");
-  EXPECT_EQ(library_.linx_getInt(statement, 0), 0);
-  library_.linx_sqlite3_step(statement);
-  library_.linx_sqlite3_step(statement);
-  EXPECT_EQ(library_.linx_getInt(statement, 0), 0);
-  EXPECT_EQ(library_.linx_getColSize(statement, 0), 0);
+TEST_F(OpenedDatabase, ColumnsWithoutARowAreZeroOrEmpty) {
+  Statement statement = Prepared("Select i From t");
+  ExpectZeroOrEmpty(statement, 0);
+  statement.linx_sqlite3_step();
+  statement.linx_sqlite3_step();
+  ExpectZeroOrEmpty(statement, 0);
 }
 
-TEST_F(OpenedLibrary, HandlesThatAreNoneAreSafe) {
-  const auto finalized = Prepare("Select i From t");
-  library_.linx_sqlite3_finalize(finalized);
-  for (const std::int32_t handle : {finalized, 0, -1, 99, INT32_MIN, INT32_MAX}) {
-    std::string buffer = "as it was";
-    EXPECT_EQ(library_.linx_sqlite3_step(handle), kMisuse);
-    EXPECT_EQ(library_.linx_getInt(handle, 0), 0);
-    EXPECT_EQ(library_.linx_getDouble(handle, 0), 0.0);
-    EXPECT_EQ(library_.linx_getColSize(handle, 0), 0);
-    library_.linx_getText(handle, 0, buffer);
-    EXPECT_EQ(buffer, "as it was");
-    library_.linx_sqlite3_finalize(handle);
+TEST_F(OpenedDatabase, AStatementThatIsNoneIsSafe) {
+  Statement finalized = Prepared("Select i From t");
+  finalized.linx_sqlite3_finalize();
+  Statement never;
+  for (Statement* statement : {&finalized, &never}) {
+    EXPECT_EQ(statement->linx_sqlite3_step(), kMisuse);
+    ExpectZeroOrEmpty(*statement, 0);
+    statement->linx_sqlite3_finalize();
   }
-  for (const std::int32_t handle : {0, -14, 99, INT32_MIN, INT32_MAX}) {
-    EXPECT_EQ(library_.linx_sqlite3_prepare(handle, "Select 1", 8), -kMisuse);
-    library_.linx_sqlite3_close(handle);
-  }
-  EXPECT_GT(Prepare("Select i From t"), 0);
 }
 
-TEST_F(OpenedLibrary, ClosingFinalizesTheStatementsOfThatDatabaseOnly) {
-  const auto other = library_.linx_sqlite3_open(folder_ / "job.sqlite");
-  const auto one = Prepare("Select i From t");
-  const auto two = library_.linx_sqlite3_prepare(other, "Select d From t", 15);
-  library_.linx_sqlite3_close(database_);
-  EXPECT_EQ(library_.linx_sqlite3_step(one), kMisuse);
-  EXPECT_LT(Prepare("Select i From t"), 0);
-  EXPECT_EQ(library_.linx_sqlite3_step(two), 100);
-  EXPECT_EQ(library_.linx_getDouble(two, 0), 2.5);
+TEST_F(OpenedDatabase, AClosedDatabasePreparesNothing) {
+  database_.linx_sqlite3_close();
+  EXPECT_EQ(Prepare("Select i From t"), -kMisuse);
+  database_.linx_sqlite3_close();
+  EXPECT_EQ(database_.linx_sqlite3_open(folder_ / "missing.sqlite"), -14);
+  EXPECT_EQ(Prepare("Select i From t"), -kMisuse);
 }
 
-TEST_F(OpenedLibrary, HandlesStaySmallHoweverManyAreUsedInTurn) {
-  for (int i = 0; i < 1000; ++i) {
-    const auto statement = Prepare("Select i From t");
-    ASSERT_LE(statement, 2);
-    library_.linx_sqlite3_finalize(statement);
-  }
+TEST_F(OpenedDatabase, TwoOfOneFileShareNothing) {
+  Database other;
+  ASSERT_GE(other.linx_sqlite3_open(folder_ / "job.sqlite"), 0);
+  Statement statement;
+  ASSERT_GT(statement.linx_sqlite3_prepare(other, "Select d From t", 15), 0);
+  database_.linx_sqlite3_close();
+  EXPECT_EQ(statement.linx_sqlite3_step(), 100);
+  EXPECT_EQ(statement.linx_getDouble(0), 2.5);
 }
 
 }  // namespace

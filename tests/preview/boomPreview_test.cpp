@@ -36,7 +36,9 @@ TEST(BoomPreview, AddsSectionOffsetsUnrotated) {
 
 TEST(BoomPreview, DrawsSectionsThatAreSwitchedOff) {
   PreviewJob job;
-  jobstore::EpochRow off{.time = {1, 1000}, .east = 50, .north = 50};
+  jobstore::EpochRow off;
+  off.time = {1, 1000};
+  off.east = off.north = 50;
   off.type = test::kTakesPart;
   off.boomStatus = 0;
   job.Implement(0, {{10, 0, 0, 0}}).builder.Epoch(off);

@@ -73,7 +73,9 @@ TEST_P(AnyPreview, DrawsNothingOnAPictureWithoutSize) {
 
 TEST_P(AnyPreview, CountsAndYieldsOncePerGpsRowThatTakesPart) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60).At(3, 60, 60);
-  job_.builder.Epoch(jobstore::EpochRow{.time = {1, 4000}});
+  jobstore::EpochRow other;
+  other.time = {1, 4000};
+  job_.builder.Epoch(other);
   Draw(test::HundredMetres(job_.builder.Finish()));
   EXPECT_EQ(job_.host.rows, 3);
   EXPECT_EQ(job_.host.yields, 3);

@@ -191,8 +191,10 @@ TEST_F(Extent, AJobWithoutReferenceLocationLeavesNoJob) {
 }
 
 TEST_F(Extent, AJobWithoutGpsRowsKeepsTheExtentOfBefore) {
-  job.builder.Epoch(
-      jobstore::EpochRow{.time = {1, 1000}, .east = 50});  // without the bit that counts
+  jobstore::EpochRow row;  // without the bit that counts
+  row.time = {1, 1000};
+  row.east = 50;
+  job.builder.Epoch(row);
   Find(100, 100);
   EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");

@@ -22,8 +22,8 @@ inline constexpr double kLongitude = -97.1;
 /// a job gives it: stored in radians.
 inline geo::UtmPoint Origin(double latitude = kLatitude, double longitude = kLongitude) {
   constexpr double kRadiansPerDegree = 0.0174532925199433;
-  double northing = latitude * kRadiansPerDegree * jobstore::kDegreesPerRadian;
-  double easting = longitude * kRadiansPerDegree * jobstore::kDegreesPerRadian;
+  double northing = latitude * kRadiansPerDegree * base::kDegreesPerRadian;
+  double easting = longitude * kRadiansPerDegree * base::kDegreesPerRadian;
   geo::GeoToUtm(northing, easting, geo::UtmZoneOf(kLatitude, kLongitude));
   return {easting, northing};
 }

@@ -23,15 +23,15 @@ std::string DefaultBase(const JobPlan& plan, jobstore::GpsKey newest, const Expo
 
 void FindDefaultBase(jobstore::Job& job, JobPlan& plan, const ExportOptions& options,
                      const DateRules& dates) {
-  jobstore::KeyRow newest;
+  jobstore::GpsKey newest;
   jobstore::Query<jobstore::NewestEpoch> query(job);
   if (!job.IsOpen()) {
-    plan.obstacle = exports::NotOpenedText(job.Handle());
+    plan.obstacle = exports::NotOpenedText(job.Result());
   } else if (!query.Prepared()) {
-    plan.obstacle = exports::NotPreparedText(query.Handle());
+    plan.obstacle = exports::NotPreparedText(query.Result());
   } else if (query.Next(newest)) {
-    plan.basePath = DefaultBase(plan, newest.time, options, dates);
-  } else if (query.LastStep() != jobstore::sqliteDefs::kDone) {
+    plan.basePath = DefaultBase(plan, newest, options, dates);
+  } else if (query.LastStep() != jobstore::kDone) {
     plan.obstacle = UnreadableRows(0, query.LastStep());
   } else {
     plan.obstacle = kNothingToExport;
@@ -46,9 +46,8 @@ JobPlan PlanJob(const std::string& jobPath, const ExportOptions& options, const 
   plan.basePath = options.base;
   try {
     jobstore::Job job(jobPath);
-    jobstore::CountRow count;
-    if (job.IsOpen() && jobstore::ReadFirst<jobstore::EpochCount>(job, count))
-      plan.rows = count.count;
+    std::int32_t count = 0;
+    if (job.IsOpen() && jobstore::ReadFirst<jobstore::EpochCount>(job, count)) plan.rows = count;
     if (options.base.empty()) FindDefaultBase(job, plan, options, dates);
   } catch (const std::exception& error) {
     plan.obstacle = error.what();

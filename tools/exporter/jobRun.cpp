@@ -54,7 +54,7 @@ void Report(const exports::ExportOutcome& outcome, const std::string& setBase, S
     console.Result(setBase + std::string(exports::kShapeExtension) + ": " +
                    std::to_string(outcome.epochs) + " epochs");
   }
-  if (outcome.lastStep != jobstore::sqliteDefs::kDone) {
+  if (outcome.lastStep != jobstore::kDone) {
     host.Complain(UnreadableRows(outcome.epochs, outcome.lastStep));
   } else if (!outcome.made && !host.Complained()) {
     host.Complain(kNothingToExport);

@@ -5,14 +5,13 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/angles.h"
 #include "jobstore/opening/sqliteHandles.h"
 #include "tools/sample/jobSchema.h"
 #include "tools/sample/sampleError.h"
 
 namespace kestrin::sample {
 namespace {
-
-constexpr double kRadiansPerDegree = 0.0174532925199433;
 
 [[noreturn]] void Fail(sqlite3* database) { throw SampleError(sqlite3_errmsg(database)); }
 
@@ -107,10 +106,10 @@ void JobWriter::Version(jobstore::GpsKey time, const std::string& text) {
   state_->version.Add(time).Add(text).Insert();
 }
 
-void JobWriter::Reference(const jobstore::ReferenceRow& row) {
+void JobWriter::Reference(const jobstore::ReferenceWithAltitudeRow& row) {
   state_->reference.Add(row.time)
-      .Add(row.latitude * kRadiansPerDegree)
-      .Add(row.longitude * kRadiansPerDegree)
+      .Add(row.latitude * base::kRadiansPerDegree)
+      .Add(row.longitude * base::kRadiansPerDegree)
       .Add(row.altitude)
       .Insert();
 }

@@ -19,7 +19,7 @@ class JobWriter {
 
   void Version(jobstore::GpsKey time, const std::string& text);
   /// Latitude and longitude in degrees; stored in radians.
-  void Reference(const jobstore::ReferenceRow& row);
+  void Reference(const jobstore::ReferenceWithAltitudeRow& row);
   void Implement(const jobstore::ImplementRow& row);
   void DesiredRates(const jobstore::RatesRow& row);
   void ActualRates(const jobstore::RatesRow& row);

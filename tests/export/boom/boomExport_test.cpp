@@ -48,7 +48,7 @@ TEST_F(BoomExport, SectionOffsetsAreNotTurnedWithTheHeading) {
 TEST_F(BoomExport, CoordinatesAreLongitudeAndLatitudeOfTheWorkingPlane) {
   ReferenceAndDisc();
   builder.Epoch(kStart, 10, 20, 0);
-  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5, 0});
+  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5});
   const geo::GeoPoint expected = plane.ToGeo(plane.At(12, 20));
   const test::BoomSet set = ExportedSet();
   // The reference location goes through radians and back.
@@ -253,7 +253,7 @@ TEST_F(BoomExport, BoxesKeepOverwrittenPoints) {
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(3));
   EXPECT_THAT(Easts(set.shapes[1]), ElementsAre(2, -2, 32, 28));
-  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5, 0});
+  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5});
   EXPECT_NEAR(set.shapes[1].box.xMax, plane.ToGeo(plane.At(902, 0)).longitude, 1e-9);
   EXPECT_NEAR(set.box.xMax, plane.ToGeo(plane.At(902, 0)).longitude, 1e-9);
   // The copied pair was laid into another record.

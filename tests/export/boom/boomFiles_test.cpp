@@ -120,7 +120,7 @@ TEST_F(BoomFiles, CountsOncePerEpochAndYieldsAtLeastThen) {
   EXPECT_EQ(host.rows, 7);
   EXPECT_GE(host.yields, 7);
   EXPECT_EQ(outcome.epochs, 7);
-  EXPECT_EQ(outcome.lastStep, jobstore::sqliteDefs::kDone);
+  EXPECT_EQ(outcome.lastStep, jobstore::kDone);
 }
 
 TEST_F(BoomFiles, RunCancelledWhileTheFilesAreWrittenLeavesNoFiles) {
@@ -166,8 +166,8 @@ TEST_F(BoomFiles, RowsThatADamagedJobEndsAreToldByTheirError) {
   }
   const exports::ExportOutcome outcome = Export();
   EXPECT_TRUE(outcome.made);
-  EXPECT_NE(outcome.lastStep, jobstore::sqliteDefs::kDone);
-  EXPECT_NE(outcome.lastStep, jobstore::sqliteDefs::kRowReady);
+  EXPECT_NE(outcome.lastStep, jobstore::kDone);
+  EXPECT_NE(outcome.lastStep, jobstore::kRowReady);
   EXPECT_LT(outcome.epochs, 5000);
 }
 

@@ -60,13 +60,13 @@ BoomShape TakeShape(Bytes& shp) {
   return shape;
 }
 
-const jobstore::ReferenceRow kReference{{}, 47, -97.5, 0};
+const jobstore::ReferenceRow kReference{{}, 47, -97.5};
 
 geo::UtmPoint FromReference(const LiteralPoint& point) {
   const geo::WorkingPlane plane(kReference);
   double northing = point.y;
   double easting = point.x;
-  EXPECT_EQ(geo::GeoToUtm(northing, easting, plane.Zone()), 0);
+  EXPECT_EQ(geo::GeoToUtm(northing, easting, 14), 0);
   return {std::round((easting - plane.Origin().easting) * 1000) / 1000 + 0.0,
           std::round((northing - plane.Origin().northing) * 1000) / 1000 + 0.0};
 }

@@ -6,6 +6,7 @@
 #include <random>
 #include <tuple>
 
+#include "tests/support/boomPeriodQuery.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -21,24 +22,24 @@ std::vector<TimelineEntry> EntriesAt(const std::vector<jobstore::GpsKey>& times)
 /// What of an epoch the sets depend on; `east` tells epochs of one time apart.
 using Seen = std::tuple<jobstore::GpsKey, double, double, double>;
 
-Seen SeenOf(const jobstore::EpochRow& row) { return {row.time, row.east, row.north, row.yaw}; }
+Seen SeenOf(const Periods::Row& row) { return {row.time, row.east, row.north, row.yaw}; }
 
 std::vector<std::vector<Seen>> ByScan(jobstore::Job& job,
                                       const std::vector<TimelineEntry>& entries) {
   Periods periods(job, entries);
   std::vector<std::vector<Seen>> rows(entries.size());
   for (std::size_t k = 0; k < entries.size(); ++k) {
-    for (jobstore::EpochRow row; periods.Next(k, row);) rows[k].push_back(SeenOf(row));
+    for (Periods::Row row; periods.Next(k, row);) rows[k].push_back(SeenOf(row));
   }
-  EXPECT_EQ(periods.LastStep(), jobstore::sqliteDefs::kDone);
+  EXPECT_EQ(periods.LastStep(), jobstore::kDone);
   return rows;
 }
 
 template <class... Numbers>
 std::vector<Seen> Selected(jobstore::Job& job, const Numbers&... numbers) {
   std::vector<Seen> rows;
-  jobstore::Query<jobstore::BoomEpochs> query(job, numbers...);
-  for (jobstore::EpochRow row; query.Next(row);) rows.push_back(SeenOf(row));
+  jobstore::Query<test::BoomPeriodEpochs> query(job, numbers...);
+  for (Periods::Row row; query.Next(row);) rows.push_back(SeenOf(row));
   return rows;
 }
 
@@ -131,7 +132,7 @@ TEST(Periods, MissingGpsTableIsNotPrepared) {
   const auto entries = EntriesAt({{1, 1}});
   Periods periods(job, entries);
   EXPECT_FALSE(periods.Prepared());
-  jobstore::EpochRow row;
+  Periods::Row row;
   EXPECT_FALSE(periods.Next(0, row));
 }
 

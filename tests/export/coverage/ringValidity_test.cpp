@@ -54,7 +54,7 @@ TEST(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
   {
     std::ofstream out(jobs);
     out << std::setprecision(17);
-    const geo::WorkingPlane plane({{}, 40.3, -98.0, 0});
+    const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 40.3, -98.0});
     for (const test::SharpTurn& turn : test::SharpTurns()) Describe(turn, plane, out);
   }
   const std::string judge = "/usr/bin/python3 '" KESTRIN_RING_VALIDITY "' ";

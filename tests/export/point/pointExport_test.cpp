@@ -20,9 +20,9 @@ class PointExport : public test::PointFixture {
                                            double longitude = kLongitude) {
     // Through the radians in which a job stores them.
     const auto stored = [](double degrees) {
-      return degrees * 0.0174532925199433 * jobstore::kDegreesPerRadian;
+      return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
     };
-    const geo::WorkingPlane plane({{}, stored(latitude), stored(longitude), 0});
+    const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
     const geo::GeoPoint point = plane.ToGeo(plane.At(east, north));
     return {point.longitude, point.latitude};
   }
@@ -260,7 +260,7 @@ TEST_F(PointExport, CountsAndYieldsOncePerRow) {
   const exports::ExportOutcome outcome = Export(Job().Finish());
   EXPECT_TRUE(outcome.made);
   EXPECT_EQ(outcome.epochs, 3);
-  EXPECT_EQ(outcome.lastStep, jobstore::sqliteDefs::kDone);
+  EXPECT_EQ(outcome.lastStep, jobstore::kDone);
   EXPECT_EQ(host_.rows, 3);
   EXPECT_EQ(host_.yields, 3);
 }

@@ -18,7 +18,7 @@ class PointFailures : public test::PointFixture {
 TEST_F(PointFailures, MissingJobShowsItsResultAndTheOldSetIsGone) {
   LeaveOldSet();
   const std::string none = folder_ / "none.sqlite";
-  const std::int32_t result = kestrin::jobstore::Job(none).Handle();
+  const std::int32_t result = kestrin::jobstore::Job(none).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(none));
   ExpectMessage("Error opening: ", result);
@@ -29,7 +29,7 @@ TEST_F(PointFailures, FailedReferenceQueryShowsItsResult) {
   Job().Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
   const std::string path = builder_->Finish();
   kestrin::jobstore::Job job(path);
-  const std::int32_t result = jobstore::Query<jobstore::ReferencesWithAltitude>(job).Handle();
+  const std::int32_t result = jobstore::Query<jobstore::ReferencesWithAltitude>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
   ExpectMessage("Error creating statement: ", result);
@@ -40,7 +40,7 @@ TEST_F(PointFailures, FailedGpsQueryShowsItsOwnResult) {
   Job().Execute("ALTER TABLE GpsDataTable RENAME COLUMN speed TO other");
   const std::string path = builder_->Finish();
   kestrin::jobstore::Job job(path);
-  const std::int32_t result = jobstore::Query<jobstore::PointEpochs>(job).Handle();
+  const std::int32_t result = jobstore::Query<jobstore::PointEpochs>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
   ExpectMessage("Error creating statement: ", result);

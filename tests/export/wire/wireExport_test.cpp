@@ -26,9 +26,9 @@ std::pair<double, double> PointAt(double east, double north, double latitude = k
                                   double longitude = kLongitude) {
   // Through the radians in which a job stores them.
   const auto stored = [](double degrees) {
-    return degrees * 0.0174532925199433 * jobstore::kDegreesPerRadian;
+    return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
   };
-  const geo::WorkingPlane plane({{}, stored(latitude), stored(longitude), 0});
+  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
   const geo::GeoPoint point = plane.ToGeo(plane.At(east, north));
   return {point.longitude, point.latitude};
 }
@@ -190,8 +190,10 @@ TEST_F(WireExport, ReferenceAppliesFromExactlyItsOwnTime) {
 
 TEST_F(WireExport, LengthRunsAcrossAChangeOfReference) {
   Job().Reference({1, 100}, kLatitude + 0.01, kLongitude).Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 0);
-  const geo::UtmPoint from = geo::WorkingPlane({{}, kLatitude, kLongitude, 0}).Origin();
-  const geo::UtmPoint to = geo::WorkingPlane({{}, kLatitude + 0.01, kLongitude, 0}).Origin();
+  const geo::UtmPoint from =
+      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude, kLongitude}).Origin();
+  const geo::UtmPoint to =
+      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude + 0.01, kLongitude}).Origin();
   const double metres = std::hypot(to.easting - from.easting, to.northing - from.northing);
   EXPECT_NEAR(std::stod(Exported().rows[0][1]), metres, 0.0051);
 }
@@ -227,7 +229,7 @@ TEST_F(WireExport, CountsAndYieldsOncePerRow) {
   Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
   const exports::ExportOutcome outcome = Export(builder_->Finish());
   EXPECT_EQ(outcome.epochs, 3);
-  EXPECT_EQ(outcome.lastStep, jobstore::sqliteDefs::kDone);
+  EXPECT_EQ(outcome.lastStep, jobstore::kDone);
   EXPECT_EQ(host_.rows, 3);
   EXPECT_EQ(host_.yields, 3);
 }
@@ -235,7 +237,7 @@ TEST_F(WireExport, CountsAndYieldsOncePerRow) {
 TEST_F(WireExport, MissingJobShowsItsResultAndTheOldSetIsGone) {
   LeaveOldSet();
   const std::string none = folder_ / "none.sqlite";
-  const std::int32_t result = kestrin::jobstore::Job(none).Handle();
+  const std::int32_t result = kestrin::jobstore::Job(none).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(none));
   EXPECT_EQ(host_.messages, std::vector<std::string>{"Error opening: " + std::to_string(result)});
@@ -246,7 +248,7 @@ TEST_F(WireExport, FailedReferenceQueryShowsItsResult) {
   Job().Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
   const std::string path = builder_->Finish();
   kestrin::jobstore::Job job(path);
-  const std::int32_t result = jobstore::Query<jobstore::References>(job).Handle();
+  const std::int32_t result = jobstore::Query<jobstore::References>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
   EXPECT_EQ(host_.messages,
@@ -258,7 +260,7 @@ TEST_F(WireExport, FailedGpsQueryShowsTheHandleOfTheReferenceStatement) {
   Job().Execute("DROP TABLE GpsDataTable");
   const std::string path = builder_->Finish();
   kestrin::jobstore::Job job(path);
-  const std::int32_t handle = jobstore::Query<jobstore::References>(job).Handle();
+  const std::int32_t handle = jobstore::Query<jobstore::References>(job).Result();
   ASSERT_GE(handle, 0);
   ExpectNothingWritten(Export(path));
   EXPECT_EQ(host_.messages,

@@ -46,7 +46,7 @@ TEST(FullTemporaryDisk, EndsTheRowsOfALongSortWithAnErrorCode) {
                                .Finish();
   jobstore::Job job(path);
   jobstore::Query<jobstore::PointEpochs> epochs(job);
-  jobstore::EpochRow row;
+  jobstore::PointEpochs::Row row;
   {
     const FullDisk disk(50'000);
     EXPECT_FALSE(epochs.Next(row));
@@ -65,7 +65,7 @@ TEST(FullTemporaryDisk, MakesACutOffJobANegativeHandleAndLeavesNothing) {
   {
     const FullDisk disk(50'000);
     const jobstore::Job job(path);
-    EXPECT_LT(job.Handle(), 0);
+    EXPECT_LT(job.Result(), 0);
   }
   EXPECT_EQ(test::StateOf(folder.Path()), before);
   EXPECT_TRUE(jobstore::Job(path).IsOpen());

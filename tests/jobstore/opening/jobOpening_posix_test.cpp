@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t kCannotOpen = -14;
 
 std::int32_t OpenResult(const std::string& path) {
-  jobstore::sqliteDefs library;
+  jobstore::Database library;
   return library.linx_sqlite3_open(path);
 }
 

@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "jobstore/sqliteDefs.h"
+#include "jobstore/job.h"
+#include "jobstore/queries.h"
 #include "tests/jobstore/opening/folderState.h"
 #include "tests/jobstore/opening/jobStates.h"
 #include "tests/support/jobBuilder.h"
@@ -17,7 +18,7 @@ constexpr std::int32_t kNoDatabase = -26;
 constexpr std::int32_t kCorrupt = -11;
 
 std::int32_t OpenResult(const std::string& path) {
-  jobstore::sqliteDefs library;
+  jobstore::Database library;
   return library.linx_sqlite3_open(path);
 }
 
@@ -46,7 +47,7 @@ TEST(JobOpening, AnEmptyPathAndAFolderAreNoJobs) {
 TEST(JobOpening, NothingAfterAZeroByteOfThePathIsDropped) {
   const test::TempFolder folder;
   const std::string path = SmallJob(folder);
-  EXPECT_GT(OpenResult(path), 0);
+  EXPECT_EQ(OpenResult(path), 0);
   EXPECT_EQ(OpenResult(path + std::string("\0tail", 5)), kCannotOpen);
 }
 
@@ -87,13 +88,10 @@ TEST(JobOpening, AnInvalidLogIsLeftAndTheJobReadWithoutIt) {
   WriteFile(path + "-wal", std::string(5000, 'x'));
   const auto before = test::StateOf(folder.Path());
   {
-    jobstore::sqliteDefs library;
-    const std::int32_t job = library.linx_sqlite3_open(path);
-    ASSERT_GT(job, 0);
-    const std::string count = "Select Count(*) From GpsDataTable";
-    const auto statement = library.linx_sqlite3_prepare(job, count, 33);
-    ASSERT_EQ(library.linx_sqlite3_step(statement), jobstore::sqliteDefs::kRowReady);
-    EXPECT_EQ(library.linx_getInt(statement, 0), test::kStateEpochs);
+    jobstore::Job job(path);
+    std::int32_t count = 0;
+    ASSERT_TRUE(jobstore::ReadFirst<jobstore::EpochCount>(job, count));
+    EXPECT_EQ(count, test::kStateEpochs);
   }
   EXPECT_EQ(test::StateOf(folder.Path()), before);
 }
@@ -103,7 +101,7 @@ TEST(JobOpening, ALogBesideAJobInRollbackModeIsReadAsTheLibraryReadsIt) {
   const std::string path = SmallJob(folder);
   WriteFile(path + "-wal", std::string(5000, 'x'));
   const auto before = test::StateOf(folder.Path());
-  EXPECT_GT(OpenResult(path), 0);
+  EXPECT_EQ(OpenResult(path), 0);
   EXPECT_EQ(test::StateOf(folder.Path()), before);
 }
 

@@ -25,9 +25,9 @@ HANDLE OpenFor(const std::string& path, DWORD access, DWORD sharing) {
 
 int Epochs(const std::string& path) {
   jobstore::Job job(path);
-  jobstore::CountRow count;
+  std::int32_t count = 0;
   return job.IsOpen() && jobstore::ReadFirst<jobstore::EpochCount>(job, count)
-             ? static_cast<int>(count.count)
+             ? static_cast<int>(count)
              : -1;
 }
 
@@ -68,7 +68,7 @@ TEST(JobOnAStick, HeldByAnotherProgramAloneIsANegativeHandle) {
   const test::TempFolder folder;
   const std::string path = MakeJob(folder / "job.sqlite");
   const HANDLE alone = OpenFor(path, GENERIC_READ, 0);
-  EXPECT_EQ(jobstore::Job(path).Handle(), kCannotOpen);
+  EXPECT_EQ(jobstore::Job(path).Result(), kCannotOpen);
   CloseHandle(alone);
   EXPECT_EQ(Epochs(path), 2);
 }
@@ -194,7 +194,7 @@ TEST(JobCopy, NeverReplacesAFileAndTellsOfAFullDisk) {
 
 TEST(JobPath, OfADeviceIsRefusedInsteadOfWaitedFor) {
   for (const char* device : {"CON", "NUL", "COM1", R"(\\.\pipe\kestrin)"}) {
-    EXPECT_EQ(jobstore::Job(device).Handle(), kCannotOpen) << device;
+    EXPECT_EQ(jobstore::Job(device).Result(), kCannotOpen) << device;
   }
 }
 

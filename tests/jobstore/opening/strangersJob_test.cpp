@@ -27,8 +27,9 @@ class StrangersJob : public testing::Test {
   }
 
   std::int32_t PrepareResult(jobstore::Job& job, const std::string& sql) {
-    return job.Library().linx_sqlite3_prepare(job.Handle(), sql,
-                                              static_cast<std::int32_t>(sql.size()));
+    jobstore::Statement statement;
+    return statement.linx_sqlite3_prepare(job.Library(), sql,
+                                          static_cast<std::int32_t>(sql.size()));
   }
 
   test::TempFolder folder_;
@@ -84,8 +85,8 @@ TEST_F(StrangersJob, AnOversizedTextEndsTheRowsWithItsCode) {
                           "INSERT INTO VersionChangeTable VALUES(1, 1, zeroblob(2000000))"}));
   ASSERT_TRUE(job.IsOpen());
   jobstore::Query<jobstore::NewestVersion> versions(job);
-  jobstore::TextRow row;
-  EXPECT_FALSE(versions.Next(row));
+  std::string version;
+  EXPECT_FALSE(versions.Next(version));
   EXPECT_EQ(versions.LastStep(), kTooBig);
 }
 
@@ -136,10 +137,10 @@ TEST_F(StrangersJob, ATreeThatLeadsToItsPagesOverAndOverEnds) {
   jobstore::Job job(path);
   ASSERT_TRUE(job.IsOpen());
   jobstore::Query<jobstore::WireEpochs> epochs(job);
-  jobstore::EpochRow row;
+  jobstore::WireEpochs::Row row;
   EXPECT_FALSE(epochs.Next(row));
   EXPECT_EQ(epochs.LastStep(), kInterrupted);
-  jobstore::CountRow count;
+  std::int32_t count = 0;
   EXPECT_TRUE(jobstore::ReadFirst<jobstore::VersionTableCount>(job, count))
       << "the next query has its own budget";
 }
@@ -163,7 +164,7 @@ TEST_F(StrangersJob, ADamagedPageEndsTheRowsAndItsCodeStays) {
   jobstore::Job job(path);
   ASSERT_TRUE(job.IsOpen());
   jobstore::Query<jobstore::WireEpochs> epochs(job);
-  jobstore::EpochRow row;
+  jobstore::WireEpochs::Row row;
   int rows = 0;
   while (epochs.Next(row)) ++rows;
   EXPECT_GT(rows, 0);
@@ -182,7 +183,7 @@ TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
   ASSERT_TRUE(job.IsOpen());
   jobstore::Query<jobstore::WireEpochs> epochs(job);
   ASSERT_TRUE(epochs.Prepared());
-  jobstore::EpochRow row;
+  jobstore::WireEpochs::Row row;
   row.east = 42;
   EXPECT_FALSE(epochs.Next(row));
   EXPECT_EQ(epochs.LastStep(), kCorrupt);

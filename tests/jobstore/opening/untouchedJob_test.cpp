@@ -28,14 +28,14 @@ std::ptrdiff_t PrivateCopies() {
 
 void ExpectAllEpochs(jobstore::Job& job) {
   jobstore::Query<jobstore::WireEpochs> epochs(job);
-  jobstore::EpochRow row;
+  jobstore::WireEpochs::Row row;
   int count = 0;
   for (; epochs.Next(row); ++count) {
     ASSERT_EQ(row.time, (jobstore::GpsKey{100, count}));
     ASSERT_EQ(row.east, count);
   }
   EXPECT_EQ(count, test::kStateEpochs);
-  EXPECT_EQ(epochs.LastStep(), jobstore::sqliteDefs::kDone);
+  EXPECT_EQ(epochs.LastStep(), jobstore::kDone);
 }
 
 struct StateName {
@@ -52,7 +52,7 @@ TEST_P(UntouchedJob, IsReadRightAndKeepsEveryByteOfItsFolder) {
   const auto before = test::StateOf(folder.Path());
   {
     jobstore::Job job(path);
-    ASSERT_TRUE(job.IsOpen()) << job.Handle();
+    ASSERT_TRUE(job.IsOpen()) << job.Result();
     EXPECT_EQ(test::StateOf(folder.Path()), before) << "while open";
     ExpectAllEpochs(job);
     EXPECT_EQ(test::StateOf(folder.Path()), before) << "after reading";
@@ -91,7 +91,7 @@ TEST_P(UntouchedJob, IsReadRightWhereNothingMayBeWritten) {
     told = user.CanTell(path);
     if (told) {
       jobstore::Job job(path);
-      EXPECT_TRUE(job.IsOpen()) << job.Handle();
+      EXPECT_TRUE(job.IsOpen()) << job.Result();
       ExpectAllEpochs(job);
     }
   }

@@ -60,17 +60,17 @@ TEST_P(EveryProfile, HasTheRowsAskedForThroughTheJobStore) {
   for (const std::int64_t rows : {1, 2, 37, 2000}) {
     jobstore::Job job(Make(Profile(), rows));
     ASSERT_TRUE(job.IsOpen());
-    jobstore::CountRow count;
+    std::int32_t count = 0;
     ASSERT_TRUE(jobstore::ReadFirst<jobstore::EpochCount>(job, count));
-    EXPECT_EQ(count.count, rows);
+    EXPECT_EQ(count, rows);
   }
 }
 
 TEST_P(EveryProfile, SaysTheVersionTheProgramWasMadeFor) {
   jobstore::Job job(Make(Profile(), 20));
-  jobstore::TextRow version;
+  std::string version;
   ASSERT_TRUE(jobstore::ReadFirst<jobstore::NewestVersion>(job, version));
-  EXPECT_EQ(version.text, "3.2.8-1");
+  EXPECT_EQ(version, "3.2.8-1");
 }
 
 TEST_P(EveryProfile, BeginsWithAStretchAndHasRowsThatTakeNoPart) {

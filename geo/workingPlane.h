@@ -1,0 +1,45 @@
+#pragma once
+
+#include <span>
+
+#include "geo/modProj4.h"
+#include "geo/points.h"
+#include "geo/utmProjection.h"
+#include "jobstore/queries.h"
+
+namespace kestrin::geo {
+
+/// The plane a whole run works in: the UTM zone of the job's first reference location,
+/// kept also when a later one lies in another zone, and the projected origin of the local
+/// offsets. A location that cannot be projected leaves the values that UtmProjection says.
+class WorkingPlane {
+ public:
+  explicit WorkingPlane(const jobstore::ReferenceRow& first)
+      : projection_(UtmZoneOf(first.latitude, first.longitude)) {
+    MoveOrigin(first);
+  }
+
+  UtmPoint Origin() const { return origin_; }
+
+  /// Takes another reference location as origin.
+  void MoveOrigin(const jobstore::ReferenceRow& reference) {
+    origin_ = projection_.ToUtm({reference.longitude, reference.latitude});
+  }
+
+  /// The point `east` and `north` metres from the origin.
+  UtmPoint At(double east, double north) const {
+    return {origin_.easting + east, origin_.northing + north};
+  }
+
+  /// A point of the plane in degrees, or each of a range of them.
+  GeoPoint ToGeo(UtmPoint point) const { return projection_.ToGeo(point); }
+  void ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const {
+    projection_.ToGeo(from, to);
+  }
+
+ private:
+  UtmProjection projection_;
+  UtmPoint origin_;
+};
+
+}  // namespace kestrin::geo
