@@ -86,7 +86,7 @@ void DescribeLayer(const std::string& vrt, const std::string& jobPath) {
                      << " + n_I_B__B2 As y From GpsDataTable Where type &amp; 8192 Order By "
                         "gpsWeek, gpsMsec</SrcSQL><GeometryType>wkbPoint</GeometryType><LayerSRS>"
                         "EPSG:"
-                     << 26900 + plane.Zone()
+                     << 26900 + kestrin::geo::UtmZoneOf(reference.latitude, reference.longitude)
                      << "</LayerSRS><GeometryField encoding='PointFromColumns' x='x' y='y'/>"
                         "</OGRVRTLayer></OGRVRTDataSource>\n";
 }

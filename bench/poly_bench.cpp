@@ -81,18 +81,18 @@ void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int
       "altitude) VALUES (1000, 0, 0.79, -1.63, 300);"
       "INSERT INTO ImplChangeTable (gpsWeek, gpsMsec, implName, implNumber, width0) "
       "VALUES (1000, 0, 'planter', 1, 9)");
-  Statement insert(job.Result(),
+  Statement insert(job.Handle(),
                    "INSERT INTO GpsDataTable (gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type) "
                    "VALUES (?, ?, ?, ?, ?, 8192)");
   for (std::int64_t row = 0; row < rows; ++row) {
     const Place at = place(row);
-    sqlite3_bind_int64(insert.Result(), 1, 1000 + row / 6000000);
-    sqlite3_bind_int64(insert.Result(), 2, row % 6000000 * 100);
-    sqlite3_bind_double(insert.Result(), 3, at.east);
-    sqlite3_bind_double(insert.Result(), 4, at.north);
-    sqlite3_bind_double(insert.Result(), 5, at.yaw);
+    sqlite3_bind_int64(insert.Handle(), 1, 1000 + row / 6000000);
+    sqlite3_bind_int64(insert.Handle(), 2, row % 6000000 * 100);
+    sqlite3_bind_double(insert.Handle(), 3, at.east);
+    sqlite3_bind_double(insert.Handle(), 4, at.north);
+    sqlite3_bind_double(insert.Handle(), 5, at.yaw);
     insert.Step();
-    sqlite3_reset(insert.Result());
+    sqlite3_reset(insert.Handle());
   }
   job.Execute("COMMIT");
 }
