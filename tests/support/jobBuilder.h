@@ -25,7 +25,7 @@ class JobBuilder {
   JobBuilder& Implement(jobstore::GpsKey time, const std::string& name,
                         const std::vector<jobstore::Section>& sections, double number = 0);
   JobBuilder& Epoch(const jobstore::EpochRow& epoch);
-  /// An epoch that takes part (bit 8192), beginning a stretch or not.
+  /// An epoch that takes part (with 8192 in its `type`), beginning a stretch or not.
   JobBuilder& Epoch(jobstore::GpsKey time, double east, double north, double yaw = 0,
                     bool begins = false);
   JobBuilder& DesiredRates(jobstore::GpsKey time, double rate0, double rate1 = 0, double rate2 = 0);

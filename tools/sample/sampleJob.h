@@ -13,7 +13,7 @@ namespace kestrin::sample {
 struct SampleOptions {
   /// A name out of SampleProfiles.
   std::string profile = "planter";
-  /// Epochs that take part (bit 8192 of `type`); those that do not come on top.
+  /// Epochs that take part (with the value 8192 in `type`); those that do not come on top.
   /// 0: the profile's own number.
   std::int64_t rows = 0;
   /// The same seed, profile and rows make the same rows in the same order.

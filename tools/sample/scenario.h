@@ -75,8 +75,8 @@ struct Scenario {
   /// Where the origin moves to, in metres from the first, evenly spread.
   std::vector<Place> references;
 
-  bool turnsTakePart = true;       ///< rows of turns carry bit 8192
-  double dropouts = 0.002;         ///< chance of a row without bit 8192
+  bool turnsTakePart = true;       ///< rows of turns carry the value 8192
+  double dropouts = 0.002;         ///< chance of a row without the value 8192
   double repeatedKeys = 0;         ///< chance of a row with its predecessor's time
   bool frozenWhenStopped = false;  ///< no noise at standstill
   std::int64_t stopRows = 4000;    ///< rows between short stops
