@@ -8,7 +8,7 @@ namespace kestrin::wire {
 
 /// Writes the driven path of a job as a polyline set: a record per stretch, its
 /// length in metres of the UTM plane as METERS. A stretch begins at each row whose
-/// `type` has bit 16384, and at the first row. The set's old files go first, in
+/// `type` has the value 16384 in it, and at the first row. The set's old files go first, in
 /// every case.
 exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::string& jobPath,
                                        exports::ExportRun& run);
