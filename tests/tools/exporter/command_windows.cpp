@@ -92,8 +92,8 @@ Command::Command(const std::vector<std::string>& words, const std::string& folde
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESTDHANDLES;
-  start.hStdOutput = out.Result();
-  start.hStdError = err.Result();
+  start.hStdOutput = out.Handle();
+  start.hStdError = err.Handle();
   std::wstring line = CommandLine(words);
   std::wstring settings = Environment(environment);
   if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_UNICODE_ENVIRONMENT,
