@@ -18,7 +18,7 @@ struct Surroundings {
   flow::ScreenSize screen;
   std::int32_t timeZoneOffset = 0;
   flow::ProgramVersion version;
-  const flow::ExportCommands::Kinds* kinds = nullptr;
+  const exports::ExportKinds* kinds = nullptr;
   /// Nothing: message boxes and file dialogs over the window.
   flow::Dialogs* dialogs = nullptr;
   base::FileSystem* files = nullptr;

@@ -25,11 +25,11 @@ class RecordingWindow : public flow::Controls,
   void SetVisible(flow::ControlId id, bool visible) override;
   void SetCaption(flow::ControlId id, const std::string& caption) override;
   std::string Caption(flow::ControlId id) const override;
-  void SetBackColor(flow::ControlId id, std::uint32_t bgr) override;
+  void SetBackColor(flow::ControlId id, flow::Background background) override;
   void SetWidth(flow::ControlId id, double width) override;
   double Width(flow::ControlId id) const override;
-  int SelectedOption1() const override { return selected; }
-  void SelectOption1(int index) override;
+  int SelectedPreviewKind() const override { return selected; }
+  void SelectPreviewKind(int index) override;
 
   // Events
   void DoEvents() override;
@@ -72,7 +72,7 @@ class RecordingWindow : public flow::Controls,
   std::map<std::string, bool> enabled;
   std::map<std::string, bool> visible;
   std::map<std::string, std::string> captions;
-  std::map<std::string, std::uint32_t> backColors;
+  std::map<std::string, flow::Background> backColors;
   std::map<std::string, double> widths;
 
   std::vector<std::string> calls;
