@@ -113,7 +113,7 @@ TEST_F(Printing, FillsPrintsAndDiscardsTheSheet) {
   flow.Command4_Click();
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName North.Field",
-                          "SetLastModified 1999-8-22", "Print", "Unload"));
+                          "SetLastModified 8/22/1999", "Print", "Unload"));
   EXPECT_THAT(picture.Take(), ElementsAre("Refresh"));
 }
 
@@ -132,14 +132,14 @@ TEST_F(Printing, ShowsTheDateOfTheNewestRowNotThatOfTheFile) {
   flow.Command3_Click();
   window.Take();
   flow.Command4_Click();
-  EXPECT_THAT(window.Take(), Contains("SetLastModified 2006-5-7"));
+  EXPECT_THAT(window.Take(), Contains("SetLastModified 5/7/2006"));
 }
 
 TEST_F(Printing, WithoutAJobPrintsTheZeroDate) {
   flow.Command4_Click();
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName ",
-                          "SetLastModified 1899-12-30", "Print", "Unload"));
+                          "SetLastModified 12/30/1899", "Print", "Unload"));
 }
 
 TEST_F(Printing, EveryStepThatFailsIsSkippedInSilence) {
@@ -147,7 +147,7 @@ TEST_F(Printing, EveryStepThatFailsIsSkippedInSilence) {
   EXPECT_NO_THROW(flow.Command4_Click());
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName ",
-                          "SetLastModified 1899-12-30", "Print", "Unload"));
+                          "SetLastModified 12/30/1899", "Print", "Unload"));
   EXPECT_THAT(picture.Take(), ElementsAre("Refresh"));
 }
 

@@ -98,17 +98,7 @@ bool RecordingWindow::AskYesNo(const std::string& text) {
 
 std::vector<std::string> RecordingWindow::FilesIn(const std::string& folder) {
   Add("FilesIn " + folder);
-  return filesIn[folder];
-}
-
-geo::MonthNames RecordingWindow::AbbreviatedMonths() {
-  return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-}
-
-std::string RecordingWindow::ShortDate(std::chrono::year_month_day date) {
-  return std::to_string(static_cast<int>(date.year())) + "-" +
-         std::to_string(static_cast<unsigned>(date.month())) + "-" +
-         std::to_string(static_cast<unsigned>(date.day()));
+  return FakeDrives::FilesIn(folder);
 }
 
 std::vector<std::string> RecordingWindow::CallsBeginning(const std::string& start) const {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/flow/ports.h"
+#include "tests/app/desktop.h"
 
 namespace kestrin::test {
 
@@ -16,8 +16,8 @@ namespace kestrin::test {
 class RecordingWindow : public flow::Controls,
                         public flow::Events,
                         public flow::Dialogs,
-                        public platform::Drives,
-                        public flow::DateStyle,
+                        public FakeDrives,
+                        public EnglishDates,
                         public flow::JobSheet {
  public:
   // Controls: "Command1_2.Enabled = true". State is kept as well.
@@ -46,12 +46,7 @@ class RecordingWindow : public flow::Controls,
   std::string DocumentsFolder() override { return "/home/user/Documents"; }
 
   // Drives
-  std::vector<platform::Drive> List() override { return drives; }
   std::vector<std::string> FilesIn(const std::string& folder) override;
-
-  // DateStyle: English month names, dates as year-month-day.
-  geo::MonthNames AbbreviatedMonths() override;
-  std::string ShortDate(std::chrono::year_month_day date) override;
 
   // JobSheet
   void Load() override { Sheet("Load"); }
@@ -80,8 +75,6 @@ class RecordingWindow : public flow::Controls,
   std::optional<std::string> chosen;
   flow::FileRequest request;
   bool yes = true;
-  std::vector<platform::Drive> drives;
-  std::map<std::string, std::vector<std::string>> filesIn;
   int yields = 0;
   std::function<void()> onEvents;
   std::function<void()> onYield;
