@@ -7,7 +7,7 @@
 
 namespace kestrin::exports {
 
-const std::array<ExportKind, kKindCount> kExportKinds{{
+const ExportKinds kExportKinds{{
     {"wire", "_WIRE", wire::ExportWireShape},
     {"boom", "_BOOM", boom::ExportBoomShape},
     {"poly", "_POLY", coverage::ExportPolyShape},

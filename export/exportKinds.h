@@ -18,8 +18,9 @@ struct ExportKind {
 };
 
 inline constexpr int kKindCount = 4;
+using ExportKinds = std::array<ExportKind, kKindCount>;
 
 /// Wire, boom, polygon, point.
-extern const std::array<ExportKind, kKindCount> kExportKinds;
+extern const ExportKinds kExportKinds;
 
 }  // namespace kestrin::exports

@@ -45,4 +45,11 @@ inline std::string NotPreparedText(std::int32_t result) {
   return "Error creating statement: " + std::to_string(result);
 }
 
+/// What the user is told of rows that ended with the library's error code instead of
+/// their end.
+inline std::string NotReadToEndText(std::int64_t epochs, std::int32_t code) {
+  return "The job could not be read to its end: " + std::to_string(epochs) +
+         " epochs written, code " + std::to_string(code);
+}
+
 }  // namespace kestrin::exports

@@ -5,8 +5,9 @@
 #include "base/text.h"
 
 namespace kestrin::exports {
-base::SplitPath JobNameOf(std::string_view jobPath, char separator) {
-  return base::SplitAtLastSeparator(base::Without(jobPath, kJobExtension), separator);
+
+base::SplitPath JobNameOf(std::string_view jobPath) {
+  return base::SplitAtLastSeparator(base::Without(jobPath, kJobExtension));
 }
 
 std::string FileSafeName(std::string_view jobName) {
@@ -16,12 +17,14 @@ std::string FileSafeName(std::string_view jobName) {
 }
 
 std::string ExportFolder(std::string_view dataFolder, std::string_view fileSafeName,
-                         std::string_view dateText, char separator) {
-  return std::string(dataFolder).append(fileSafeName) + separator + std::string(dateText);
+                         std::string_view dateText) {
+  return std::string(dataFolder).append(fileSafeName) + base::kSeparator + std::string(dateText);
 }
 
-std::string SetName(std::string_view fileSafeName, std::string_view dateText) {
-  return std::string(fileSafeName).append("_").append(dateText);
+std::string DefaultBasePath(std::string_view exportFolder, std::string_view fileSafeName,
+                            std::string_view dateText) {
+  std::string path = std::string(exportFolder) + base::kSeparator;
+  return path.append(fileSafeName).append("_").append(dateText);
 }
 
 }  // namespace kestrin::exports

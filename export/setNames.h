@@ -5,8 +5,7 @@
 
 #include "base/paths.h"
 
-/// The rules by which jobs, folders and sets are named: pure functions of the
-/// platform's path separator ('\\' on Windows, '/' elsewhere).
+/// The rules by which jobs, folders and sets are named.
 
 namespace kestrin::exports {
 
@@ -15,7 +14,7 @@ inline constexpr std::string_view kShapeExtension = ".shp";
 inline constexpr std::string_view kDataFolderName = "TrevaskData";
 
 /// A job's folder and name from the path of its file: every ".sqlite" taken out.
-base::SplitPath JobNameOf(std::string_view jobPath, char separator = base::kSeparator);
+base::SplitPath JobNameOf(std::string_view jobPath);
 
 /// The job name with every "." replaced by "_".
 std::string FileSafeName(std::string_view jobName);
@@ -23,9 +22,11 @@ std::string FileSafeName(std::string_view jobName);
 /// Where the sets of a job go: `dataFolder` (ending in a separator) + file-safe name
 /// + separator + date text.
 std::string ExportFolder(std::string_view dataFolder, std::string_view fileSafeName,
-                         std::string_view dateText, char separator = base::kSeparator);
+                         std::string_view dateText);
 
-/// File name of a job's sets without kind suffix: file-safe name + "_" + date text.
-std::string SetName(std::string_view fileSafeName, std::string_view dateText);
+/// Base path of a job's sets under their default names, without kind suffix: export
+/// folder + separator + file-safe name + "_" + date text.
+std::string DefaultBasePath(std::string_view exportFolder, std::string_view fileSafeName,
+                            std::string_view dateText);
 
 }  // namespace kestrin::exports

@@ -13,49 +13,51 @@ constexpr std::array<const char*, exports::kKindCount> kProgressCaptions{
 }  // namespace
 
 void ControlRules::SetControlsEnabled(bool enable, bool keepPreview) {
-  for (const Control frame : {Control::kFrame1, Control::kFrame2, Control::kFrame4}) {
+  for (const Control frame : {Control::kJobFrame, Control::kExportFrame, Control::kPreviewFrame}) {
     controls_.SetEnabled({frame}, enable);
   }
-  const int selected = controls_.SelectedOption1();
+  const int selected = controls_.SelectedPreviewKind();
   for (int i = 0; i < exports::kKindCount; ++i) {
-    controls_.SetEnabled({Control::kCommand1, i}, enable);
-    if (enable || i != selected) controls_.SetEnabled({Control::kOption1, i}, enable);
+    controls_.SetEnabled({Control::kExport, i}, enable);
+    if (enable || i != selected) controls_.SetEnabled({Control::kPreviewKind, i}, enable);
   }
-  for (const Control command : {Control::kCommand2, Control::kCommand3, Control::kCommand4}) {
+  for (const Control command : {Control::kCreateAll, Control::kSelect, Control::kPrint}) {
     controls_.SetEnabled({command}, enable);
   }
   if (enable) {
-    controls_.SetEnabled({Control::kPicture1}, true);
+    controls_.SetEnabled({Control::kPreview}, true);
     ShowPreviewProgress(false);
     ShowExportProgress(false, 0);
   } else if (!keepPreview) {
-    controls_.SetEnabled({Control::kPicture1}, false);
+    controls_.SetEnabled({Control::kPreview}, false);
   }
   events_.DoEvents();
 }
 
 void ControlRules::ShowExportProgress(bool show, int kind) {
   if (show && kind >= 0 && kind < exports::kKindCount) {
-    controls_.SetCaption({Control::kLabel10}, kProgressCaptions[static_cast<std::size_t>(kind)]);
+    controls_.SetCaption({Control::kExportCaption},
+                         kProgressCaptions[static_cast<std::size_t>(kind)]);
   }
-  for (const Control part : {Control::kLabel9, Control::kShape2, Control::kLabel10}) {
+  for (const Control part : {Control::kExportTrack, Control::kExportBar, Control::kExportCaption}) {
     controls_.SetVisible({part}, show);
   }
-  controls_.SetEnabled({Control::kTimerShape}, show);
+  controls_.SetEnabled({Control::kExportTimer}, show);
   progress_.count = 0;
-  controls_.SetWidth({Control::kShape2}, 0);
+  controls_.SetWidth({Control::kExportBar}, 0);
   events_.DoEvents();
 }
 
 void ControlRules::ShowPreviewProgress(bool show) {
-  for (const Control part : {Control::kLabel7, Control::kShape1, Control::kLabel8}) {
+  for (const Control part :
+       {Control::kPreviewTrack, Control::kPreviewBar, Control::kPreviewCaption}) {
     controls_.SetVisible({part}, show);
   }
-  controls_.SetEnabled({Control::kTimerPreview}, show);
+  controls_.SetEnabled({Control::kPreviewTimer}, show);
   if (!show) progress_.twoPass = false;
   if (!progress_.twoPass) {
     progress_.count = 0;
-    controls_.SetWidth({Control::kShape1}, 0);
+    controls_.SetWidth({Control::kPreviewBar}, 0);
   }
   events_.DoEvents();
 }

@@ -11,7 +11,7 @@ constexpr const char* kNames[]{
     "Option1", "Picture1", "Label1", "Label4",   "Label5",   "Label7",       "Label8",
     "Label9",  "Label10",  "Shape1", "Shape2",   "Timer2",   "TimerPreview", "TimerShape",
 };
-static_assert(std::size(kNames) == static_cast<std::size_t>(Control::kTimerShape) + 1);
+static_assert(std::size(kNames) == static_cast<std::size_t>(Control::kExportTimer) + 1);
 
 }  // namespace
 

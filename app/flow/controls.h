@@ -1,36 +1,36 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 namespace kestrin::flow {
 
-/// The window's controls, timers included, by their names.
+/// The window's controls that its procedures touch, timers included. The objects of
+/// the window bear names of their own (NameOf).
 enum class Control {
-  kFrame1,
-  kFrame2,
-  kFrame4,
-  kCommand1,
-  kCommand2,
-  kCommand3,
-  kCommand4,
-  kOption1,
-  kPicture1,
-  kLabel1,
-  kLabel4,
-  kLabel5,
-  kLabel7,
-  kLabel8,
-  kLabel9,
-  kLabel10,
-  kShape1,
-  kShape2,
-  kTimer2,
-  kTimerPreview,
-  kTimerShape,
+  kJobFrame,
+  kExportFrame,
+  kPreviewFrame,
+  kExport,  ///< array: the button of each kind
+  kCreateAll,
+  kSelect,
+  kPrint,
+  kPreviewKind,  ///< array: the option button of each kind
+  kPreview,
+  kSetState,  ///< array: the text under each kind's export button
+  kVersion,
+  kJobName,
+  kPreviewTrack,
+  kPreviewCaption,
+  kExportTrack,
+  kExportCaption,
+  kPreviewBar,
+  kExportBar,
+  kCreateAllTimer,  ///< gives "CREATE ALL" its ordinary background back
+  kPreviewTimer,
+  kExportTimer,
 };
 
-/// A control, or one of an array of controls (Command1, Option1, Label1).
+/// A control, or one of an array of controls.
 struct ControlId {
   static constexpr int kNoIndex = -1;
 
@@ -40,11 +40,21 @@ struct ControlId {
   friend bool operator==(const ControlId&, const ControlId&) = default;
 };
 
-/// The control's name, with its index behind "_" in an array: "Command1_2".
+/// The name of the window's object, with its index behind "_" in an array:
+/// "Command1_2".
 std::string NameOf(ControlId id);
 
-/// The window's controls as the procedures see them. None of these calls runs a
-/// click handler or lets events run.
+/// What a button's background says.
+enum class Background {
+  kButtonFace,  ///< nothing: the desktop's own colour
+  kWorking,     ///< its action runs
+  kSuccess,
+  kFailure,
+};
+
+/// The window's controls as the procedures see them. None of these calls fails, runs a
+/// click handler or lets events run; one that makes no sense for a control does
+/// nothing.
 class Controls {
  public:
   virtual ~Controls() = default;
@@ -55,19 +65,17 @@ class Controls {
   virtual void SetVisible(ControlId id, bool visible) = 0;
   virtual void SetCaption(ControlId id, const std::string& caption) = 0;
   virtual std::string Caption(ControlId id) const = 0;
-
-  /// BGR, or kButtonFace (app/flow/commandColours.h).
-  virtual void SetBackColor(ControlId id, std::uint32_t bgr) = 0;
+  virtual void SetBackColor(ControlId id, Background background) = 0;
 
   /// In the units the window lays out in, whatever they are.
   virtual void SetWidth(ControlId id, double width) = 0;
   virtual double Width(ControlId id) const = 0;
 
-  /// Index of the selected Option1, or -1.
-  virtual int SelectedOption1() const = 0;
+  /// The kind of preview that is selected, or -1.
+  virtual int SelectedPreviewKind() const = 0;
 
-  /// Selects an Option1 without running its click handler.
-  virtual void SelectOption1(int index) = 0;
+  /// Selects a kind of preview and draws nothing.
+  virtual void SelectPreviewKind(int kind) = 0;
 };
 
 }  // namespace kestrin::flow

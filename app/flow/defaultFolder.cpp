@@ -14,11 +14,10 @@ bool IsJobFile(const std::string& name) {
 
 }  // namespace
 
-std::string DefaultJobFolder(const std::string& applicationFolder, platform::Drives& drives,
-                             char separator) {
+std::string DefaultJobFolder(const std::string& applicationFolder, platform::Drives& drives) {
   for (const platform::Drive& drive : drives.List()) {
     if (!drive.removable || !drive.ready) continue;
-    std::string root = base::WithSeparator(drive.root, separator);
+    std::string root = base::WithSeparator(drive.root);
     if (std::ranges::any_of(drives.FilesIn(root), IsJobFile)) return root;
   }
   return applicationFolder;

@@ -1,164 +1,148 @@
 #include "app/flow/exportCommands.h"
 
 #include <exception>
-#include <optional>
-#include <string_view>
 
-#include "app/flow/commandColours.h"
+#include "app/flow/warnings.h"
 #include "base/text.h"
+#include "export/setNames.h"
 #include "jobstore/sqliteDefs.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::flow {
 namespace {
 
-constexpr const char* kLineBreak = "\r\n";
+using enum Control;
 
 std::size_t At(int kind) { return static_cast<std::size_t>(kind); }
 
-std::string IncompleteText(const exports::ExportOutcome& outcome) {
-  return std::string("The job could not be read to its end.") + kLineBreak +
-         "Epochs written: " + std::to_string(outcome.epochs) + kLineBreak +
-         "Error code: " + std::to_string(outcome.lastStep);
-}
-
 }  // namespace
 
-struct ExportCommands::Target {
-  std::string basePath;  ///< without extension
-  std::string folder;    ///< ends in a separator, or is empty
-};
-
-std::string DefaultBasePath(const ExportState& state, std::string_view suffix, char separator) {
-  return state.exportFolder + separator + exports::SetName(state.fileSafeName, state.dateText) +
-         std::string(suffix);
-}
-
 void ExportCommands::Command1_Click(int kind) {
-  Run([this, kind] { screen_.EnableCommand1(kind, true); },
-      [this, kind](const std::string& startFolder) { ExportOne(kind, startFolder); });
+  Run({kExport, kind}, [this, kind] { ExportOne(kind); });
 }
 
 void ExportCommands::Command2_Click() {
-  Run([this] { screen_.EnableCommand2(true); },
-      [this](const std::string& startFolder) { ExportAll(startFolder); });
+  Run({kCreateAll}, [this] { ExportAll(); });
 }
 
-template <class KeepEnabled, class Body>
-void ExportCommands::Run(KeepEnabled keepEnabled, Body body) {
+template <class Body>
+void ExportCommands::Run(ControlId clicked, Body body) {
   if (!state_.idle) return;
   state_.idle = false;
-  screen_.SetControlsEnabled(false, true);
-  keepEnabled();
+  rules_.SetControlsEnabled(false, true);
+  ports_.controls.SetEnabled(clicked, true);
   try {
-    if (JobIsThere()) body(StartFolder());
+    if (JobIsThere()) body();
   } catch (const base::RunCancelled&) {
     throw;
   } catch (const std::exception&) {
     // Whatever was worth saying has been said; what is left is to finish.
   }
-  screen_.SetControlsEnabled(true, false);
+  rules_.SetControlsEnabled(true, false);
   state_.idle = true;
 }
 
 bool ExportCommands::JobIsThere() {
-  return !state_.jobName.empty() && files_.Exists(state_.JobPath());
+  return !state_.jobName.empty() && ports_.files.Exists(state_.JobPath());
 }
 
 std::string ExportCommands::StartFolder() {
   try {
-    base::MakePath(files_, state_.exportFolder, separator_);
+    base::MakePath(ports_.files, state_.exportFolder);
     return state_.exportFolder;
   } catch (const base::FileError&) {
-    return screen_.DocumentsFolder();
+    return ports_.dialogs.DocumentsFolder();
   }
 }
 
-std::optional<ExportCommands::Target> ExportCommands::AskTarget(const std::string& startFolder,
-                                                                std::string_view suffix) {
+std::optional<std::string> ExportCommands::AskBasePath(std::string_view suffix) {
+  const std::string proposed = base::SplitAtLastSeparator(state_.DefaultBasePath(suffix)).name;
   const std::optional<std::string> chosen =
-      screen_.AskSaveName({"Save Shape", startFolder, "Shape Files (*.shp)|*.shp",
-                           exports::SetName(state_.fileSafeName, state_.dateText)
-                               .append(suffix)
-                               .append(exports::kShapeExtension)});
+      ports_.dialogs.SaveFile({"Save Shape", StartFolder(), "Shape Files (*.shp)|*.shp",
+                               proposed + std::string(exports::kShapeExtension)});
   if (!chosen || chosen->empty()) return std::nullopt;
-  Target target;
-  target.basePath = base::Without(*chosen, exports::kShapeExtension);
-  target.folder = base::SplitAtLastSeparator(target.basePath, separator_).folder;
-  return target;
+  return base::Without(*chosen, exports::kShapeExtension);
 }
 
-void ExportCommands::ExportOne(int kind, const std::string& startFolder) {
-  const auto target = AskTarget(startFolder, kinds_[At(kind)].suffix);
-  if (!target) return;
-  for (int i = 0; i < exports::kKindCount; ++i) screen_.SetCommand1BackColor(i, kButtonFace);
-  screen_.EnableTimer2(false);
-  screen_.SetCommand2BackColor(kButtonFace);
-  screen_.SetCommand1BackColor(kind, kWorkingColour);
-  screen_.DoEvents();
+void ExportCommands::ExportOne(int kind) {
+  const auto basePath = AskBasePath(kinds_[At(kind)].suffix);
+  if (!basePath) return;
+  for (int i = 0; i < exports::kKindCount; ++i) {
+    ports_.controls.SetBackColor({kExport, i}, Background::kButtonFace);
+  }
+  ports_.controls.SetEnabled({kCreateAllTimer}, false);
+  ports_.controls.SetBackColor({kCreateAll}, Background::kButtonFace);
+  ports_.controls.SetBackColor({kExport, kind}, Background::kWorking);
+  ports_.events.DoEvents();
   // The flag speaks of the default name even when another one was chosen: users
   // count on being asked for every second export of a kind.
   if (state_.shapeExists[At(kind)] &&
-      !screen_.AskYesNo("Shape File already exists.  Do you want to overwrite it?")) {
-    screen_.SetCommand1BackColor(kind, kButtonFace);
+      !ports_.dialogs.AskYesNo("Shape File already exists.  Do you want to overwrite it?")) {
+    ports_.controls.SetBackColor({kExport, kind}, Background::kButtonFace);
     return;
   }
-  screen_.SetLabel1(kind, "Creating Shape File");
-  Export(kind, target->basePath);
-  CopyJob(target->folder);
+  ports_.controls.SetCaption({kSetState, kind}, "Creating Shape File");
+  Export(kind, *basePath);
+  CopyJob(*basePath);
 }
 
-void ExportCommands::ExportAll(const std::string& startFolder) {
-  const auto target = AskTarget(startFolder, "");
-  if (!target) return;
-  screen_.EnableTimer2(false);
-  screen_.SetCommand2BackColor(kWorkingColour);
+void ExportCommands::ExportAll() {
+  const auto basePath = AskBasePath("");
+  if (!basePath) return;
+  ports_.controls.SetEnabled({kCreateAllTimer}, false);
+  ports_.controls.SetBackColor({kCreateAll}, Background::kWorking);
   for (int i = 0; i < exports::kKindCount; ++i) {
-    screen_.SetCommand1BackColor(i, kButtonFace);
-    screen_.SetLabel1(i, "");
+    ports_.controls.SetBackColor({kExport, i}, Background::kButtonFace);
+    ports_.controls.SetCaption({kSetState, i}, "");
   }
   for (int i = 0; i < exports::kKindCount; ++i) {
-    screen_.SetLabel1(i, "Creating Shape File");
-    screen_.SetCommand1BackColor(i, kWorkingColour);
-    screen_.EnableCommand1(i, true);
-    if (i > 0) screen_.EnableCommand1(i - 1, false);
-    Export(i, target->basePath + std::string(kinds_[At(i)].suffix));
+    ports_.controls.SetCaption({kSetState, i}, "Creating Shape File");
+    ports_.controls.SetBackColor({kExport, i}, Background::kWorking);
+    ports_.controls.SetEnabled({kExport, i}, true);
+    if (i > 0) ports_.controls.SetEnabled({kExport, i - 1}, false);
+    Export(i, *basePath + std::string(kinds_[At(i)].suffix));
   }
-  CopyJob(target->folder);
-  screen_.SetCommand2BackColor(kSuccessColour);
-  screen_.EnableTimer2(true);
+  CopyJob(*basePath);
+  ports_.controls.SetBackColor({kCreateAll}, Background::kSuccess);
+  ports_.controls.SetEnabled({kCreateAllTimer}, true);
 }
 
 void ExportCommands::Export(int kind, const std::string& basePath) {
-  screen_.ShowExportProgress(true, kind);
-  screen_.DoEvents();
+  rules_.ShowExportProgress(true, kind);
+  ports_.events.DoEvents();
   const bool written = RunProcedure(kind, basePath);
-  const bool exists = shapefile::SetExists(files_, basePath);
+  const bool exists = shapefile::SetExists(ports_.files, basePath);
   state_.shapeExists[At(kind)] = exists;
   // An old set that could not be replaced exists, but was not created.
   const bool created = written && exists;
-  screen_.SetLabel1(kind, created ? "Shape File Created" : "Error Creating File");
-  screen_.SetCommand1BackColor(kind, created ? kSuccessColour : kFailureColour);
-  screen_.DoEvents();
+  ports_.controls.SetCaption({kSetState, kind},
+                             created ? "Shape File Created" : "Error Creating File");
+  ports_.controls.SetBackColor({kExport, kind},
+                               created ? Background::kSuccess : Background::kFailure);
+  ports_.events.DoEvents();
 }
 
 bool ExportCommands::RunProcedure(int kind, const std::string& basePath) {
   try {
-    exports::ExportRun run{host_, files_, shapefile::SetOptions{}};
+    exports::ExportRun run{host_, ports_.files, shapefile::SetOptions{}};
     const exports::ExportOutcome outcome =
         kinds_[At(kind)].procedure(basePath, state_.JobPath(), run);
-    if (outcome.lastStep != jobstore::kDone) screen_.ShowWarning(IncompleteText(outcome));
+    if (outcome.lastStep != jobstore::kDone) {
+      ports_.dialogs.ShowWarning(kWarningTitle,
+                                 exports::NotReadToEndText(outcome.epochs, outcome.lastStep));
+    }
     return true;
   } catch (const base::FileError& error) {
-    screen_.ShowMessage("Error writing: " + error.Path() + ": " + error.Reason());
+    ports_.dialogs.ShowMessage("Error writing: " + error.Path() + ": " + error.Reason());
     return false;
   }
 }
 
-void ExportCommands::CopyJob(const std::string& folder) {
+void ExportCommands::CopyJob(const std::string& basePath) {
+  const std::string folder = base::SplitAtLastSeparator(basePath).folder;
   if (folder.empty()) return;
   const std::string copy = folder + state_.jobName + std::string(exports::kJobExtension);
-  if (!files_.Exists(copy)) files_.Copy(state_.JobPath(), copy);
+  if (!ports_.files.Exists(copy)) ports_.files.Copy(state_.JobPath(), copy);
 }
 
 }  // namespace kestrin::flow

@@ -20,7 +20,8 @@ class FormatNumberError : public std::runtime_error {
 /// Compares a job's format version with the program's own, letters without regard
 /// to case. Digits and dots before the one "-" make a single number: "3.2.10-1" is
 /// newer than "3.2.8-1" and "4.0-1" older, as consoles have always been numbered.
-/// Blanks around the text must be gone. Throws FormatNumberError.
+/// Blanks around the text must be gone.
+/// Throws FormatNumberError.
 FormatAge CompareFormat(std::string_view jobVersion);
 
 }  // namespace kestrin::flow

@@ -3,7 +3,6 @@
 #include <exception>
 #include <optional>
 
-#include "app/flow/commandColours.h"
 #include "app/flow/defaultFolder.h"
 #include "app/flow/formatVersion.h"
 #include "app/flow/warnings.h"
@@ -18,7 +17,7 @@ namespace kestrin::flow {
 
 void JobSelection::Command3_Click() {
   if (state_.job.jobFolder.empty()) {
-    state_.job.jobFolder = DefaultJobFolder(state_.applicationFolder, ports_.drives, separator_);
+    state_.job.jobFolder = DefaultJobFolder(state_.applicationFolder, ports_.drives);
   }
   try {
     Select();
@@ -32,7 +31,7 @@ void JobSelection::Command3_Click() {
 
 void JobSelection::Select() {
   rules_.SetControlsEnabled(false, false);
-  ports_.controls.SetBackColor({Control::kCommand3}, kWorkingColour);
+  ports_.controls.SetBackColor({Control::kSelect}, Background::kWorking);
   ports_.events.DoEvents();
   const std::string pattern = "*" + std::string(exports::kJobExtension);
   const std::optional<std::string> chosen = ports_.dialogs.OpenFile(
@@ -45,11 +44,11 @@ void JobSelection::Select() {
 
 void JobSelection::TakeNames(const std::string& path) {
   ExportState& job = state_.job;
-  base::SplitPath names = exports::JobNameOf(path, separator_);
+  base::SplitPath names = exports::JobNameOf(path);
   // A bare file name leaves the folder remembered as it is.
   if (!names.folder.empty()) job.jobFolder = names.folder;
   job.jobName = names.name;
-  ports_.controls.SetCaption({Control::kLabel5}, job.jobName);
+  ports_.controls.SetCaption({Control::kJobName}, job.jobName);
   job.fileSafeName = exports::FileSafeName(job.jobName);
   job.dateText.clear();
 }
@@ -96,14 +95,14 @@ void JobSelection::TakeLastTime(jobstore::Job& job) {
 }
 
 void JobSelection::ShowPreview(const std::string& path) {
-  ports_.controls.SetWidth({Control::kShape1}, 0);
+  ports_.controls.SetWidth({Control::kPreviewBar}, 0);
   rules_.ShowPreviewProgress(true);
   preview::FindPreviewExtent(path, state_.preview, ports_.picture, host_);
-  const int selected = ports_.controls.SelectedOption1();
+  const int selected = ports_.controls.SelectedPreviewKind();
   if (selected >= 0) {
     preview::DrawPreview(selected, state_.preview, ports_.picture, host_);
   } else {
-    ports_.controls.SelectOption1(0);
+    ports_.controls.SelectPreviewKind(0);
     Option1_Click(0);
   }
 }
@@ -124,31 +123,30 @@ void JobSelection::Option1_Click(int index) {
 
 void JobSelection::TestShapes() {
   ExportState& job = state_.job;
-  job.exportFolder =
-      exports::ExportFolder(state_.dataFolder, job.fileSafeName, job.dateText, separator_);
+  job.exportFolder = exports::ExportFolder(state_.dataFolder, job.fileSafeName, job.dateText);
   for (int i = 0; i < exports::kKindCount; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    const std::string base = DefaultBasePath(job, kinds_[at].suffix, separator_);
+    const std::string base = job.DefaultBasePath(kinds_[at].suffix);
     job.shapeExists[at] = shapefile::SetExists(ports_.files, base);
-    ports_.controls.SetCaption({Control::kLabel1, i},
+    ports_.controls.SetCaption({Control::kSetState, i},
                                job.shapeExists[at] ? "Shape File Exists" : "");
-    ports_.controls.SetBackColor({Control::kCommand1, i}, kButtonFace);
+    ports_.controls.SetBackColor({Control::kExport, i}, Background::kButtonFace);
   }
 }
 
 void JobSelection::Finish() {
   if (state_.preview.jobPath.empty()) {
-    ports_.controls.SetEnabled({Control::kCommand3}, true);
-    ports_.controls.SetEnabled({Control::kFrame1}, true);
+    ports_.controls.SetEnabled({Control::kSelect}, true);
+    ports_.controls.SetEnabled({Control::kJobFrame}, true);
     rules_.ShowPreviewProgress(false);
     for (int i = 0; i < exports::kKindCount; ++i) {
-      ports_.controls.SetEnabled({Control::kOption1, i}, false);
+      ports_.controls.SetEnabled({Control::kPreviewKind, i}, false);
     }
-    ports_.controls.SetCaption({Control::kLabel5}, "");
+    ports_.controls.SetCaption({Control::kJobName}, "");
   } else {
     rules_.SetControlsEnabled(true, false);
   }
-  ports_.controls.SetBackColor({Control::kCommand3}, kButtonFace);
+  ports_.controls.SetBackColor({Control::kSelect}, Background::kButtonFace);
 }
 
 }  // namespace kestrin::flow

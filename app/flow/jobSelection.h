@@ -20,15 +20,13 @@ namespace kestrin::flow {
 class JobSelection {
  public:
   JobSelection(WindowState& state, const Ports& ports, ControlRules& rules, base::RunHost& host,
-               const ProgramVersion& version, const ExportCommands::Kinds& kinds,
-               char separator = base::kSeparator)
+               const ProgramVersion& version, const exports::ExportKinds& kinds)
       : state_(state),
         ports_(ports),
         rules_(rules),
         host_(host),
         version_(version),
-        kinds_(kinds),
-        separator_(separator) {}
+        kinds_(kinds) {}
 
   void Command3_Click();
 
@@ -51,8 +49,7 @@ class JobSelection {
   ControlRules& rules_;
   base::RunHost& host_;
   ProgramVersion version_;
-  const ExportCommands::Kinds& kinds_;
-  char separator_;
+  const exports::ExportKinds& kinds_;
 };
 
 }  // namespace kestrin::flow

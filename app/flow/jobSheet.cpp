@@ -30,7 +30,7 @@ void PrintJobSheet(const WindowState& state, const Ports& ports) {
   Try([&] { sheet.Load(); });
   Try([&] { sheet.ClearPicture(); });
   Try([&] { sheet.CopyPreviewPicture(); });
-  Try([&] { sheet.SetJobName(ports.controls.Caption({Control::kLabel5})); });
+  Try([&] { sheet.SetJobName(ports.controls.Caption({Control::kJobName})); });
   Try([&] { sheet.SetLastModified(ports.dates.ShortDate(DateOf(state.lastGpsTime))); });
   Try([&] { ports.picture.Refresh(); });
   Try([&] { sheet.Print(); });

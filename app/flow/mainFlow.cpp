@@ -1,45 +1,63 @@
 #include "app/flow/mainFlow.h"
 
-#include "app/flow/commandColours.h"
+#include <cmath>
+
 #include "app/flow/jobSheet.h"
-#include "app/flow/progressBar.h"
-#include "app/flow/startUp.h"
+#include "export/exportKinds.h"
 
 namespace kestrin::flow {
 
 MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
-                   const ExportCommands::Kinds& kinds)
+                   const exports::ExportKinds& kinds)
     : ports_(ports),
       version_(version),
       host_(state_.progress, ports.events, ports.dialogs),
       rules_(ports.controls, ports.events, state_.progress),
-      screen_(rules_, ports),
-      commands_(state_.job, screen_, ports.files, host_, kinds),
+      commands_(state_.job, ports, rules_, host_, kinds),
       selection_(state_, ports, rules_, host_, version, kinds) {}
 
 void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset) {
-  ports_.controls.SetCaption({Control::kLabel4}, VersionCaption(version_));
-  EnterApplicationFolder(state_, ports_.files, applicationFolder);
-  ClearShapeLabels(ports_.controls);
+  ports_.controls.SetCaption({Control::kVersion}, VersionCaption(version_));
+  EnterApplicationFolder(applicationFolder);
+  for (int i = 0; i < exports::kKindCount; ++i) {
+    ports_.controls.SetCaption({Control::kSetState, i}, "");
+  }
   state_.job.idle = true;
   state_.timeZoneOffset = timeZoneOffset;
+}
+
+void MainFlow::EnterApplicationFolder(const std::string& folder) {
+  state_.applicationFolder = base::WithSeparator(folder);
+  const std::string data = state_.applicationFolder + std::string(exports::kDataFolderName);
+  state_.dataFolder = base::WithSeparator(data);
+  try {
+    ports_.files.MakeFolder(data);
+  } catch (const base::FileError&) {
+    // Installed where nobody may write: an export then offers the user's documents.
+  }
 }
 
 void MainFlow::Command4_Click() { PrintJobSheet(state_, ports_); }
 
 void MainFlow::Option1_Click(int index) { selection_.Option1_Click(index); }
 
-void MainFlow::TimerPreview_Timer() {
-  TickProgressBar({Control::kLabel7}, {Control::kShape1}, state_.progress, ports_);
-}
+void MainFlow::TimerPreview_Timer() { GrowBar({Control::kPreviewTrack}, {Control::kPreviewBar}); }
 
-void MainFlow::TimerShape_Timer() {
-  TickProgressBar({Control::kLabel9}, {Control::kShape2}, state_.progress, ports_);
+void MainFlow::TimerShape_Timer() { GrowBar({Control::kExportTrack}, {Control::kExportBar}); }
+
+void MainFlow::GrowBar(ControlId track, ControlId bar) {
+  const Progress& progress = state_.progress;
+  if (progress.total > 0) {
+    const double passes = progress.twoPass ? 2 : 1;
+    const double whole = std::nearbyint(ports_.controls.Width(track));
+    ports_.controls.SetWidth(bar, whole * (progress.count / (passes * progress.total)));
+  }
+  ports_.events.DoEvents();
 }
 
 void MainFlow::Timer2_Timer() {
-  ports_.controls.SetEnabled({Control::kTimer2}, false);
-  ports_.controls.SetBackColor({Control::kCommand2}, kButtonFace);
+  ports_.controls.SetEnabled({Control::kCreateAllTimer}, false);
+  ports_.controls.SetBackColor({Control::kCreateAll}, Background::kButtonFace);
 }
 
 }  // namespace kestrin::flow

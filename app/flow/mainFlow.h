@@ -2,7 +2,6 @@
 
 #include "app/flow/controlRules.h"
 #include "app/flow/exportCommands.h"
-#include "app/flow/exportScreen.h"
 #include "app/flow/jobSelection.h"
 #include "app/flow/ports.h"
 #include "app/flow/programVersion.h"
@@ -18,7 +17,7 @@ namespace kestrin::flow {
 class MainFlow {
  public:
   /// `kinds` must outlive it.
-  MainFlow(const Ports& ports, const ProgramVersion& version, const ExportCommands::Kinds& kinds);
+  MainFlow(const Ports& ports, const ProgramVersion& version, const exports::ExportKinds& kinds);
 
   MainFlow(const MainFlow&) = delete;
   MainFlow& operator=(const MainFlow&) = delete;
@@ -28,7 +27,7 @@ class MainFlow {
 
   /// The start-up after the window has been measured and hooked: version label,
   /// folders, labels, flags, time zone. `applicationFolder` need not end in a
-  /// separator.
+  /// separator. A data folder that cannot be made is no reason not to start.
   void Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset);
 
   void Command1_Click(int index) { commands_.Command1_Click(index); }
@@ -38,17 +37,22 @@ class MainFlow {
   /// The control is selected already.
   void Option1_Click(int index);
 
+  /// Fill a bar's track by the share of the rows done, two passes together making the
+  /// whole; without a total the bar stays as it is. Both let pending events run.
   void TimerPreview_Timer();
   void TimerShape_Timer();
+  /// Gives "CREATE ALL" its ordinary background back.
   void Timer2_Timer();
 
  private:
+  void EnterApplicationFolder(const std::string& folder);
+  void GrowBar(ControlId track, ControlId bar);
+
   Ports ports_;
   ProgramVersion version_;
   WindowState state_;
   WindowHost host_;
   ControlRules rules_;
-  ExportScreen screen_;
   ExportCommands commands_;
   JobSelection selection_;
 };

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 
-#include "app/flow/commandScreen.h"
 #include "app/flow/controls.h"
 #include "app/platform/drives.h"
 #include "base/fileSystem.h"
@@ -12,6 +11,14 @@
 #include "preview/picture.h"
 
 namespace kestrin::flow {
+
+/// What a file dialog is asked to show.
+struct FileRequest {
+  std::string title;
+  std::string folder;    ///< where it starts
+  std::string filter;    ///< description, "|", pattern
+  std::string fileName;  ///< proposed name; empty when opening
+};
 
 /// Message boxes and file dialogs. Paths go in and out with the platform's own
 /// separator. A box without a title bears the program's own.
@@ -31,6 +38,8 @@ class Dialogs {
   /// A box with Yes and No; true for Yes.
   virtual bool AskYesNo(const std::string& text) = 0;
 
+  /// The user's documents: where a save dialog starts when the export folder cannot be
+  /// made.
   virtual std::string DocumentsFolder() = 0;
 };
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
-#include "app/flow/exportCommands.h"
+#include "export/exportKinds.h"
+#include "export/setNames.h"
 #include "geo/gpsTime.h"
 #include "preview/previewState.h"
 
@@ -22,9 +25,29 @@ struct Progress {
 inline constexpr geo::LocalDateTime kZeroDate{std::chrono::local_days{
     std::chrono::year{1899} / std::chrono::December / std::chrono::day{30}}};
 
+/// What the window knows of its job, as far as exporting goes.
+struct ExportState {
+  std::string jobFolder;     ///< folder last used by the job dialog, ending in a separator
+  std::string jobName;       ///< without folder and ".sqlite"; empty while there is none
+  std::string fileSafeName;  ///< the job name with every "." replaced by "_"
+  std::string dateText;      ///< day of the job's last GPS time, such as "2006Jun15"
+  std::string exportFolder;  ///< data folder + file-safe name + separator + date text
+  /// Whether the set of the default name exists, per kind.
+  std::array<bool, exports::kKindCount> shapeExists{};
+  /// False while an export command runs: a click on either then does nothing.
+  bool idle = true;
+
+  /// Path of the job file.
+  std::string JobPath() const { return jobFolder + jobName + std::string(exports::kJobExtension); }
+  /// Path of a set under its default name, without extension; `suffix` is its kind's.
+  std::string DefaultBasePath(std::string_view suffix) const {
+    return exports::DefaultBasePath(exportFolder, fileSafeName, dateText).append(suffix);
+  }
+};
+
 /// All that the window knows while the program runs; nothing of it is saved.
-/// Folders end in a separator. The extension of jobs and the suffixes of the kinds
-/// are constants (export/setNames.h, export/exportKinds.h).
+/// Folders end in a separator, but the export folder. The extension of jobs and the
+/// suffixes of the kinds are constants (export/setNames.h, export/exportKinds.h).
 struct WindowState {
   std::string applicationFolder;
   std::string dataFolder;

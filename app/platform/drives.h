@@ -24,7 +24,7 @@ class Drives {
 
   /// Names of the files directly in a folder, folders left out; empty when it
   /// cannot be read.
-  virtual std::vector<std::string> FilesIn(const std::string& folder) = 0;
+  virtual std::vector<std::string> FilesIn(const std::string& folder);
 };
 
 /// The real drives. `systemRoot` stands before "/proc" and "/sys" where those tell

@@ -76,17 +76,6 @@ class LinuxDrives final : public Drives {
     return drives;
   }
 
-  std::vector<std::string> FilesIn(const std::string& folder) override {
-    std::vector<std::string> names;
-    std::error_code failed;
-    for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
-         entry.increment(failed)) {
-      std::error_code unreadable;
-      if (entry->is_regular_file(unreadable)) names.push_back(entry->path().filename().string());
-    }
-    return names;
-  }
-
  private:
   /// A partition's disk is the folder it lies in; a stick may not say that it is
   /// removable, but then it sits on USB. Optical drives say that they are: only

@@ -7,12 +7,14 @@
 
 namespace kestrin::widgets {
 
-/// Whether a press that began counts as a click: only when its button could be
-/// reached at the press and at the click, also when neither came by mouse or key.
+/// Decides which clicks on a button count: those that found its frames open, both when
+/// the button was pressed and when it was let go. Whoever made the click, a mouse, a key,
+/// an assistive tool or a call, is judged alike.
 class ClickGuard {
  public:
   explicit ClickGuard(QAbstractButton& button);
 
+  /// To be asked when the click arrives.
   bool Accepts() const;
 
  private:
@@ -38,7 +40,7 @@ class GraphicalButton : public QAbstractButton {
   QSize sizeHint() const override;
 
  signals:
-  /// The user clicked, and no closed frame stood between.
+  /// A click that counts.
   void Chosen();
 
  protected:
@@ -57,6 +59,7 @@ class OptionButton : public QRadioButton {
   OptionButton(const QString& caption, QWidget* parent);
 
  signals:
+  /// A click that counts.
   void Chosen();
 
  protected:

@@ -57,19 +57,14 @@ Type* MainFrm::Find(const QString& name) const {
 }
 
 void MainFrm::Connect() {
+  using widgets::GraphicalButton;
   for (int i = 0; i < exports::kKindCount; ++i) {
-    connect(Find<widgets::GraphicalButton>(Member("Command1", i)),
-            &widgets::GraphicalButton::Chosen, this,
-            [this, i] { Run([this, i] { flow_->Command1_Click(i); }); });
-    connect(Find<widgets::OptionButton>(Member("Option1", i)), &widgets::OptionButton::Chosen, this,
-            [this, i] { Run([this, i] { flow_->Option1_Click(i); }); });
+    OnChosen<GraphicalButton>(Member("Command1", i), [this, i] { flow_->Command1_Click(i); });
+    OnChosen<widgets::OptionButton>(Member("Option1", i), [this, i] { flow_->Option1_Click(i); });
   }
-  connect(Find<widgets::GraphicalButton>("Command2"), &widgets::GraphicalButton::Chosen, this,
-          [this] { Run([this] { flow_->Command2_Click(); }); });
-  connect(Find<widgets::GraphicalButton>("Command3"), &widgets::GraphicalButton::Chosen, this,
-          [this] { Run([this] { flow_->Command3_Click(); }); });
-  connect(Find<widgets::GraphicalButton>("Command4"), &widgets::GraphicalButton::Chosen, this,
-          [this] { Run([this] { flow_->Command4_Click(); }); });
+  OnChosen<GraphicalButton>("Command2", [this] { flow_->Command2_Click(); });
+  OnChosen<GraphicalButton>("Command3", [this] { flow_->Command3_Click(); });
+  OnChosen<GraphicalButton>("Command4", [this] { flow_->Command4_Click(); });
   ConnectTimer("Timer2", &flow::MainFlow::Timer2_Timer);
   ConnectTimer("TimerPreview", &flow::MainFlow::TimerPreview_Timer);
   ConnectTimer("TimerShape", &flow::MainFlow::TimerShape_Timer);
@@ -78,6 +73,11 @@ void MainFrm::Connect() {
           [content](int value) { content->move(-value, content->y()); });
   connect(Find<QScrollBar>("VScroll1"), &QScrollBar::valueChanged, content,
           [content](int value) { content->move(content->x(), -value); });
+}
+
+template <class Button, class Procedure>
+void MainFrm::OnChosen(const QString& name, Procedure procedure) {
+  connect(Find<Button>(name), &Button::Chosen, this, [this, procedure] { Run(procedure); });
 }
 
 void MainFrm::ConnectTimer(const char* name, void (flow::MainFlow::*tick)()) {

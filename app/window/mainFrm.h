@@ -18,7 +18,7 @@ struct Surroundings {
   flow::ScreenSize screen;
   std::int32_t timeZoneOffset = 0;
   flow::ProgramVersion version;
-  const flow::ExportCommands::Kinds* kinds = nullptr;
+  const exports::ExportKinds* kinds = nullptr;
   /// Nothing: message boxes and file dialogs over the window.
   flow::Dialogs* dialogs = nullptr;
   base::FileSystem* files = nullptr;
@@ -40,9 +40,6 @@ class MainFrm : public QWidget {
   const flow::WindowState& State() const { return flow_->State(); }
   const WindowEvents& EventLoop() const { return events_; }
 
-  /// Whether a procedure runs; none starts meanwhile.
-  bool IsRunning() const { return running_; }
-
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -52,6 +49,8 @@ class MainFrm : public QWidget {
   template <class Type>
   Type* Find(const QString& name) const;
   void Connect();
+  template <class Button, class Procedure>
+  void OnChosen(const QString& name, Procedure procedure);
   void ConnectTimer(const char* name, void (flow::MainFlow::*tick)());
   template <class Procedure>
   void Run(Procedure procedure);
@@ -61,7 +60,7 @@ class MainFrm : public QWidget {
   void Form_QueryUnload();
   void FillScreen();
 
-  bool running_ = false;
+  bool running_ = false;  ///< a procedure runs, and none starts meanwhile
   bool closing_ = false;
   bool fillsScreen_ = false;
   WindowEvents events_;

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <optional>
 
-#include "app/flow/commandColours.h"
 #include "app/widgets/buttons.h"
 #include "app/widgets/caption.h"
 #include "app/widgets/colours.h"
@@ -12,6 +11,24 @@
 #include "export/exportKinds.h"
 
 namespace kestrin::window {
+namespace {
+
+/// Nothing: the desktop's own.
+std::optional<QColor> ColourOf(flow::Background background) {
+  switch (background) {
+    case flow::Background::kButtonFace:
+      break;
+    case flow::Background::kWorking:
+      return widgets::kPaleYellow;
+    case flow::Background::kSuccess:
+      return widgets::kGreen;
+    case flow::Background::kFailure:
+      return widgets::kRed;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
 
 WindowControls::WindowControls(QWidget& window) {
   for (QObject* child : window.findChildren<QObject*>()) {
@@ -50,11 +67,8 @@ std::string WindowControls::Caption(flow::ControlId id) const {
   return {};
 }
 
-void WindowControls::SetBackColor(flow::ControlId id, std::uint32_t bgr) {
-  auto* button = As<widgets::GraphicalButton>(id);
-  if (button == nullptr) return;
-  button->SetBackground(bgr == flow::kButtonFace ? std::nullopt
-                                                 : std::optional(widgets::FromBgr(bgr)));
+void WindowControls::SetBackColor(flow::ControlId id, flow::Background background) {
+  if (auto* button = As<widgets::GraphicalButton>(id)) button->SetBackground(ColourOf(background));
 }
 
 void WindowControls::SetWidth(flow::ControlId id, double width) {
@@ -67,15 +81,15 @@ double WindowControls::Width(flow::ControlId id) const {
   return widget == nullptr ? 0 : widget->width();
 }
 
-int WindowControls::SelectedOption1() const {
+int WindowControls::SelectedPreviewKind() const {
   for (int i = 0; i < exports::kKindCount; ++i) {
-    if (As<QAbstractButton>({flow::Control::kOption1, i})->isChecked()) return i;
+    if (As<QAbstractButton>({flow::Control::kPreviewKind, i})->isChecked()) return i;
   }
   return -1;
 }
 
-void WindowControls::SelectOption1(int index) {
-  if (auto* option = As<QAbstractButton>({flow::Control::kOption1, index}))
+void WindowControls::SelectPreviewKind(int index) {
+  if (auto* option = As<QAbstractButton>({flow::Control::kPreviewKind, index}))
     option->setChecked(true);
 }
 

@@ -18,11 +18,11 @@ class WindowControls final : public flow::Controls {
   void SetVisible(flow::ControlId id, bool visible) override;
   void SetCaption(flow::ControlId id, const std::string& caption) override;
   std::string Caption(flow::ControlId id) const override;
-  void SetBackColor(flow::ControlId id, std::uint32_t bgr) override;
+  void SetBackColor(flow::ControlId id, flow::Background background) override;
   void SetWidth(flow::ControlId id, double width) override;
   double Width(flow::ControlId id) const override;
-  int SelectedOption1() const override;
-  void SelectOption1(int index) override;
+  int SelectedPreviewKind() const override;
+  void SelectPreviewKind(int index) override;
 
  private:
   template <class Type>

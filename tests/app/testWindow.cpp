@@ -43,15 +43,6 @@ bool ScriptedDialogs::AskYesNo(const std::string& text) {
   return answer;
 }
 
-geo::MonthNames EnglishDates::AbbreviatedMonths() {
-  return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-}
-
-std::string EnglishDates::ShortDate(std::chrono::year_month_day date) {
-  return std::to_string(unsigned{date.month()}) + '/' + std::to_string(unsigned{date.day()}) + '/' +
-         std::to_string(static_cast<int>(date.year()));
-}
-
 TestWindow::TestWindow(const Change& change) {
   window::Surroundings surroundings;
   surroundings.applicationFolder = folder.Path().string();

@@ -4,7 +4,6 @@
 #include <QWidget>
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "app/widgets/frame.h"
 #include "app/widgets/pictureBox.h"
 #include "app/window/mainFrm.h"
+#include "tests/app/desktop.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
@@ -45,23 +45,6 @@ class ScriptedDialogs final : public flow::Dialogs {
 
  private:
   static std::optional<std::string> Take(std::deque<std::string>& from);
-};
-
-/// Drives laid out by a test.
-class FakeDrives final : public platform::Drives {
- public:
-  std::vector<platform::Drive> List() override { return drives; }
-  std::vector<std::string> FilesIn(const std::string& folder) override { return files[folder]; }
-
-  std::vector<platform::Drive> drives;
-  std::map<std::string, std::vector<std::string>> files;
-};
-
-/// English dates, whatever the desktop's language.
-class EnglishDates final : public flow::DateStyle {
- public:
-  geo::MonthNames AbbreviatedMonths() override;
-  std::string ShortDate(std::chrono::year_month_day date) override;
 };
 
 /// The real window in a folder of its own, with scripted dialogs.

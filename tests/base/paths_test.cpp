@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/utf8Path.h"
 #include "tests/support/memoryFiles.h"
 
 namespace kestrin::base {
@@ -11,55 +12,48 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+std::string Own(const std::string& path) { return WithOwnSeparators(path); }
+
 TEST(Paths, WithSeparatorAddsOneWhereThereIsNone) {
-  EXPECT_EQ(WithSeparator("C:\\Kestrin", '\\'), "C:\\Kestrin\\");
-  EXPECT_EQ(WithSeparator("C:\\", '\\'), "C:\\");
-  EXPECT_EQ(WithSeparator("/opt/kestrin", '/'), "/opt/kestrin/");
-  EXPECT_EQ(WithSeparator("/", '/'), "/");
+  EXPECT_EQ(WithSeparator(Own("/opt/kestrin")), Own("/opt/kestrin/"));
+  EXPECT_EQ(WithSeparator(Own("/")), Own("/"));
+  EXPECT_EQ(WithSeparator(""), Own("/"));
+}
+
+TEST(Paths, AreCutBehindTheSystemsOwnSeparatorAlone) {
+  const char another = kSeparator == '/' ? '\\' : '/';
+  const std::string name = std::string("a") + another + "b";
+  const SplitPath split = SplitAtLastSeparator(Own("/x/y/") + name);
+  EXPECT_EQ(split.folder, Own("/x/y/"));
+  EXPECT_EQ(split.name, name);
+  EXPECT_EQ(SplitAtLastSeparator(name).folder, "");
+  EXPECT_EQ(SplitAtLastSeparator(name).name, name);
 }
 
 TEST(MakePath, MakesEveryFolderFromTheLeft) {
   test::MemoryFiles files;
-  MakePath(files, "/data/North/2006Jun15", '/');
-  EXPECT_THAT(files.made, ElementsAre("/data", "/data/North", "/data/North/2006Jun15"));
-}
-
-TEST(MakePath, UnderstandsDriveLetters) {
-  test::MemoryFiles files;
-  MakePath(files, "C:\\data\\North", '\\');
-  EXPECT_THAT(files.made, ElementsAre("C:", "C:\\data", "C:\\data\\North"));
-}
-
-TEST(MakePath, LeavesServerAndShareAlone) {
-  test::MemoryFiles files;
-  MakePath(files, R"(\\NAS\sets\North\2006)", '\\');
-  EXPECT_THAT(files.made, ElementsAre(R"(\\NAS\sets\North)", R"(\\NAS\sets\North\2006)"));
-  files.made.clear();
-  MakePath(files, R"(\\?\C:\data)", '\\');
-  EXPECT_THAT(files.made, ElementsAre(R"(\\?\C:\data)"));
-  files.made.clear();
-  MakePath(files, R"(\\NAS\sets\)", '\\');
-  MakePath(files, R"(\\NAS)", '\\');
-  EXPECT_THAT(files.made, IsEmpty());
+  MakePath(files, Own("/data/North/2006Jun15"));
+  EXPECT_THAT(files.made,
+              ElementsAre(Own("/data"), Own("/data/North"), Own("/data/North/2006Jun15")));
 }
 
 TEST(MakePath, DropsOneTrailingSeparator) {
   test::MemoryFiles files;
-  MakePath(files, "a/b/", '/');
-  EXPECT_THAT(files.made, ElementsAre("a", "a/b"));
+  MakePath(files, Own("a/b/"));
+  EXPECT_THAT(files.made, ElementsAre("a", Own("a/b")));
 }
 
 TEST(MakePath, MakesNothingOfAnEmptyPath) {
   test::MemoryFiles files;
-  MakePath(files, "", '/');
-  MakePath(files, "/", '/');
+  MakePath(files, "");
+  MakePath(files, Own("/"));
   EXPECT_THAT(files.made, IsEmpty());
 }
 
 TEST(MakePath, DoesNotCatchAFailure) {
   test::MemoryFiles files;
-  files.refused.insert("a/b");
-  EXPECT_THROW(MakePath(files, "a/b/c", '/'), FileError);
+  files.refused.insert(Own("a/b"));
+  EXPECT_THROW(MakePath(files, Own("a/b/c")), FileError);
   EXPECT_THAT(files.made, ElementsAre("a"));
 }
 

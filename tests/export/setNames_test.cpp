@@ -2,30 +2,32 @@
 
 #include <gtest/gtest.h>
 
+#include "base/utf8Path.h"
+
 namespace kestrin::exports {
 namespace {
 
+std::string Own(const std::string& path) { return base::WithOwnSeparators(path); }
+
 TEST(SetNames, JobNameIsTheFileNameWithoutItsExtension) {
-  const base::SplitPath job = JobNameOf("C:\\jobs\\North.Field.sqlite", '\\');
-  EXPECT_EQ(job.folder, "C:\\jobs\\");
+  const base::SplitPath job = JobNameOf(Own("C:/jobs/North.Field.sqlite"));
+  EXPECT_EQ(job.folder, Own("C:/jobs/"));
   EXPECT_EQ(job.name, "North.Field");
-  EXPECT_EQ(JobNameOf("/jobs/North.Field.sqlite", '/').folder, "/jobs/");
-  EXPECT_EQ(JobNameOf("/jobs/North.Field.sqlite", '/').name, "North.Field");
 }
 
 TEST(SetNames, JobNameKeepsAnExtensionInOtherLetters) {
-  EXPECT_EQ(JobNameOf("/jobs/a.SQLITE", '/').name, "a.SQLITE");
+  EXPECT_EQ(JobNameOf(Own("/jobs/a.SQLITE")).name, "a.SQLITE");
 }
 
 TEST(SetNames, JobNameLosesEveryExtensionEvenOfAFolder) {
-  EXPECT_EQ(JobNameOf("/x.sqlite/a.sqlite.sqlite", '/').folder, "/x/");
-  EXPECT_EQ(JobNameOf("/x.sqlite/a.sqlite.sqlite", '/').name, "a");
+  const base::SplitPath job = JobNameOf(Own("/x.sqlite/a.sqlite.sqlite"));
+  EXPECT_EQ(job.folder, Own("/x/"));
+  EXPECT_EQ(job.name, "a");
 }
 
 TEST(SetNames, AFileNameAloneHasNoFolder) {
-  EXPECT_EQ(JobNameOf("a.sqlite", '/').folder, "");
-  EXPECT_EQ(JobNameOf("a.sqlite", '/').name, "a");
-  EXPECT_EQ(JobNameOf("jobs/a.sqlite", '\\').folder, "");
+  EXPECT_EQ(JobNameOf("a.sqlite").folder, "");
+  EXPECT_EQ(JobNameOf("a.sqlite").name, "a");
 }
 
 TEST(SetNames, FileSafeNameHasNoDots) {
@@ -33,12 +35,11 @@ TEST(SetNames, FileSafeNameHasNoDots) {
   EXPECT_EQ(FileSafeName("..a."), "__a_");
 }
 
-TEST(SetNames, ExportFolderAndSetNameComeFromNameAndDate) {
-  EXPECT_EQ(ExportFolder("C:\\K\\TrevaskData\\", "North_Field", "2006Jun15", '\\'),
-            "C:\\K\\TrevaskData\\North_Field\\2006Jun15");
-  EXPECT_EQ(ExportFolder("/k/TrevaskData/", "North_Field", "2006Jun15", '/'),
-            "/k/TrevaskData/North_Field/2006Jun15");
-  EXPECT_EQ(SetName("North_Field", "2006Jun15"), "North_Field_2006Jun15");
+TEST(SetNames, ExportFolderAndBasePathComeFromNameAndDate) {
+  const std::string folder = ExportFolder(Own("/k/TrevaskData/"), "North_Field", "2006Jun15");
+  EXPECT_EQ(folder, Own("/k/TrevaskData/North_Field/2006Jun15"));
+  EXPECT_EQ(DefaultBasePath(folder, "North_Field", "2006Jun15"),
+            Own("/k/TrevaskData/North_Field/2006Jun15/North_Field_2006Jun15"));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "export/setNames.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
-#include "tools/exporter/obstacles.h"
 
 namespace kestrin::exporter {
 namespace {
@@ -17,8 +16,8 @@ std::string DefaultBase(const JobPlan& plan, jobstore::GpsKey newest, const Expo
                         const DateRules& dates) {
   const std::string name = exports::FileSafeName(exports::JobNameOf(plan.jobPath).name);
   const std::string date = geo::DateText(geo::LocalTimeOf(newest, dates.zoneOffset), dates.months);
-  return base::WithSeparator(exports::ExportFolder(base::WithSeparator(options.out), name, date)) +
-         exports::SetName(name, date);
+  return exports::DefaultBasePath(
+      exports::ExportFolder(base::WithSeparator(options.out), name, date), name, date);
 }
 
 void FindDefaultBase(jobstore::Job& job, JobPlan& plan, const ExportOptions& options,
@@ -32,7 +31,7 @@ void FindDefaultBase(jobstore::Job& job, JobPlan& plan, const ExportOptions& opt
   } else if (query.Next(newest)) {
     plan.basePath = DefaultBase(plan, newest, options, dates);
   } else if (query.LastStep() != jobstore::kDone) {
-    plan.obstacle = UnreadableRows(0, query.LastStep());
+    plan.obstacle = exports::NotReadToEndText(0, query.LastStep());
   } else {
     plan.obstacle = kNothingToExport;
   }

@@ -7,7 +7,6 @@
 #include "export/setNames.h"
 #include "jobstore/sqliteDefs.h"
 #include "tools/exporter/interruption.h"
-#include "tools/exporter/obstacles.h"
 
 namespace kestrin::exporter {
 namespace {
@@ -55,7 +54,7 @@ void Report(const exports::ExportOutcome& outcome, const std::string& setBase, S
                    std::to_string(outcome.epochs) + " epochs");
   }
   if (outcome.lastStep != jobstore::kDone) {
-    host.Complain(UnreadableRows(outcome.epochs, outcome.lastStep));
+    host.Complain(exports::NotReadToEndText(outcome.epochs, outcome.lastStep));
   } else if (!outcome.made && !host.Complained()) {
     host.Complain(kNothingToExport);
   }

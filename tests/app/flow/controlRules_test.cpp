@@ -109,11 +109,11 @@ TEST_F(Rules, HidingPreviewProgressClearsTheTwoPassFlag) {
 }
 
 TEST(Controls, AreNamedWithTheirIndex) {
-  EXPECT_EQ(NameOf({Control::kCommand1, 2}), "Command1_2");
-  EXPECT_EQ(NameOf({Control::kOption1, 0}), "Option1_0");
-  EXPECT_EQ(NameOf({Control::kFrame1}), "Frame1");
-  EXPECT_EQ(NameOf({Control::kLabel10}), "Label10");
-  EXPECT_EQ(NameOf({Control::kTimerShape}), "TimerShape");
+  EXPECT_EQ(NameOf({Control::kExport, 2}), "Command1_2");
+  EXPECT_EQ(NameOf({Control::kPreviewKind, 0}), "Option1_0");
+  EXPECT_EQ(NameOf({Control::kJobFrame}), "Frame1");
+  EXPECT_EQ(NameOf({Control::kExportCaption}), "Label10");
+  EXPECT_EQ(NameOf({Control::kExportTimer}), "TimerShape");
 }
 
 }  // namespace

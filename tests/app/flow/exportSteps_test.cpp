@@ -6,40 +6,52 @@ namespace kestrin::flow {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 
-/// The button of one kind, step by step.
+constexpr const char* kQuestion =
+    "AskYesNo Shape File already exists.  Do you want to overwrite it?";
+
+/// The button of one kind, and the order of what the user sees of it.
 struct OneKind : test::CommandsTest {};
 
-/// "CREATE ALL", step by step.
+/// "CREATE ALL", likewise.
 struct AllKinds : test::CommandsTest {};
 
-TEST_F(OneKind, GoesThroughItsStepsInOrder) {
-  commands.Command1_Click(2);
-  EXPECT_THAT(
-      screen.Take(),
-      ElementsAre("SetControlsEnabled false,true", "Command1(2) enabled",
-                  "AskSaveName North_Field_2006Jun15_POLY.shp",  //
-                  "Command1(0) face", "Command1(1) face", "Command1(2) face", "Command1(3) face",
-                  "Timer2 off", "Command2 face", "Command1(2) yellow",
-                  "DoEvents",  //
-                  "Label1(2) 'Creating Shape File'", "ShowExportProgress true,2", "DoEvents",
-                  "export 2 /out/a of /jobs/North.Field.sqlite", "Label1(2) 'Shape File Created'",
-                  "Command1(2) green", "DoEvents", "SetControlsEnabled true"));
-  EXPECT_TRUE(state.shapeExists[2]);
-  EXPECT_TRUE(state.idle);
-  EXPECT_THAT(files.copied, ElementsAre("/jobs/North.Field.sqlite to /out/North.Field.sqlite"));
+TEST_F(OneKind, IsAskedForShownExportedReportedAndCopiedInThisOrder) {
+  flow.Command1_Click(2);
+  ExpectInOrder({"Frame2.Enabled = false", "Command1_2.Enabled = false",
+                 "Command1_2.Enabled = true", "SaveFile North_Field_2006Jun15_POLY.shp",
+                 "Command1_2.BackColor = working", "DoEvents",
+                 "Label1_2.Caption = Creating Shape File", "Label10.Caption = Creating Poly Shape",
+                 "DoEvents", "export 2 " + Own("/out/a of ") + jobPath,
+                 "Label1_2.Caption = Shape File Created", "Command1_2.BackColor = success",
+                 "DoEvents", "copy " + Own("/out/North.Field.sqlite"), "Frame2.Enabled = true"});
+  EXPECT_TRUE(job.shapeExists[2]);
+  EXPECT_TRUE(job.idle);
+}
+
+TEST_F(OneKind, TakesBackTheColoursOfBeforeOnceANameIsChosen) {
+  for (const char* button : {"Command1_0", "Command1_1", "Command1_2", "Command1_3", "Command2"}) {
+    window.Take();
+    flow.Command1_Click(2);
+    ExpectInOrder({"SaveFile North_Field_2006Jun15_POLY.shp",
+                   std::string(button) + ".BackColor = face", "Command1_2.BackColor = working"});
+  }
+  ExpectInOrder({"SaveFile North_Field_2006Jun15_POLY.shp", "Timer2.Enabled = false",
+                 "Command1_2.BackColor = working"});
+  EXPECT_FALSE(window.enabled.at("Timer2"));
 }
 
 TEST_F(OneKind, ASetThatWasNotMadeTurnsItsButtonRed) {
   onExport = [](int, const std::string&) { return exports::ExportOutcome{}; };
-  state.shapeExists[0] = true;
-  commands.Command1_Click(0);
-  const auto calls = Between();
-  EXPECT_THAT(std::vector(calls.end() - 3, calls.end()),
-              ElementsAre("Label1(0) 'Error Creating File'", "Command1(0) red", "DoEvents"));
-  EXPECT_FALSE(state.shapeExists[0]);
+  job.shapeExists[0] = true;
+  flow.Command1_Click(0);
+  ExpectInOrder({"export 0 " + Own("/out/a of ") + jobPath,
+                 "Label1_0.Caption = Error Creating File", "Command1_0.BackColor = failure",
+                 "DoEvents", "Frame1.Enabled = true"});
+  EXPECT_EQ(window.backColors.at("Command1_0"), Background::kFailure);
+  EXPECT_FALSE(job.shapeExists[0]);
 }
 
 TEST_F(OneKind, ASetThatLacksOneOfItsThreeFilesWasNotMade) {
@@ -49,102 +61,98 @@ TEST_F(OneKind, ASetThatLacksOneOfItsThreeFilesWasNotMade) {
       files.names.erase(basePath + missing);
       return exports::ExportOutcome{};
     };
-    state.shapeExists[0] = true;
-    commands.Command1_Click(0);
-    EXPECT_FALSE(state.shapeExists[0]) << missing;
+    job.shapeExists[0] = true;
+    flow.Command1_Click(0);
+    EXPECT_FALSE(job.shapeExists[0]) << missing;
   }
 }
 
 TEST_F(OneKind, AsksBeforeOverwriting) {
-  state.shapeExists[1] = true;
-  commands.Command1_Click(1);
-  const auto calls = Between();
-  EXPECT_EQ(calls.at(10), "AskYesNo Shape File already exists.  Do you want to overwrite it?");
-  EXPECT_EQ(calls.at(11), "Label1(1) 'Creating Shape File'");
+  job.shapeExists[1] = true;
+  flow.Command1_Click(1);
+  ExpectInOrder({"Command1_1.BackColor = working", kQuestion,
+                 "Label1_1.Caption = Creating Shape File",
+                 "export 1 " + Own("/out/a of ") + jobPath});
 }
 
 TEST_F(OneKind, AnsweringNoLeavesFilesAndLabelsAsTheyAre) {
-  files.AddSet("/out/a");
+  files.AddSet(Own("/out/a"));
   const auto before = files.names;
-  state.exportFolder = "/out";
-  files.names.insert("/out");
-  state.shapeExists[1] = true;
-  screen.yes = false;
-  commands.Command1_Click(1);
+  job.exportFolder = Own("/out");
+  job.shapeExists[1] = true;
+  window.yes = false;
+  flow.Command1_Click(1);
   const auto calls = Between();
-  EXPECT_EQ(calls.at(10), "AskYesNo Shape File already exists.  Do you want to overwrite it?");
-  EXPECT_THAT(std::vector(calls.begin() + 11, calls.end()), ElementsAre("Command1(1) face"));
+  const auto asked = std::ranges::find(calls, kQuestion);
+  ASSERT_NE(asked, calls.end());
+  EXPECT_THAT(std::vector(asked + 1, calls.end()), ElementsAre("Command1_1.BackColor = face"));
   EXPECT_TRUE(std::ranges::includes(files.names, before));
-  EXPECT_TRUE(state.shapeExists[1]);
+  EXPECT_TRUE(job.shapeExists[1]);
   EXPECT_THAT(files.copied, IsEmpty());
-  EXPECT_TRUE(state.idle);
+  EXPECT_TRUE(job.idle);
 }
 
 TEST_F(OneKind, TheQuestionSpeaksOfTheDefaultNameWhateverNameWasChosen) {
-  files.AddSet("/out/a");  // there, but nobody asks: the default name's set is not
-  commands.Command1_Click(1);
-  EXPECT_EQ(
-      std::ranges::count_if(screen.Take(),
-                            [](const std::string& call) { return call.starts_with("AskYesNo"); }),
-      0);
+  files.AddSet(Own("/out/a"));  // there, but nobody asks: the default name's set is not
+  flow.Command1_Click(1);
+  EXPECT_THAT(window.CallsBeginning("AskYesNo"), IsEmpty());
 }
 
 TEST_F(OneKind, ExportingAgainAsksTheSecondTime) {
-  commands.Command1_Click(1);
-  screen.Take();
-  commands.Command1_Click(1);
-  EXPECT_EQ(Between().at(10), "AskYesNo Shape File already exists.  Do you want to overwrite it?");
+  flow.Command1_Click(1);
+  EXPECT_THAT(window.CallsBeginning("AskYesNo"), IsEmpty());
+  flow.Command1_Click(1);
+  EXPECT_THAT(window.CallsBeginning("AskYesNo"), ElementsAre(kQuestion));
 }
 
-std::vector<std::string> StepsOfKind(int kind, const std::string& suffix) {
-  const std::string n = "(" + std::to_string(kind) + ")";
-  std::vector<std::string> steps{"Label1" + n + " 'Creating Shape File'",
-                                 "Command1" + n + " yellow", "Command1" + n + " enabled"};
-  if (kind > 0) steps.push_back("Command1(" + std::to_string(kind - 1) + ") disabled");
-  for (const std::string& step :
-       {"ShowExportProgress true," + std::to_string(kind), std::string("DoEvents"),
-        "export " + std::to_string(kind) + " /out/a" + suffix + " of /jobs/North.Field.sqlite",
-        "Label1" + n + " 'Shape File Created'", "Command1" + n + " green",
-        std::string("DoEvents")}) {
-    steps.push_back(step);
+TEST_F(AllKinds, TurnYellowAndClearWhatIsLeftOfBeforeTheFirstExport) {
+  flow.Command2_Click();
+  const std::string firstExport = "export 0 " + Own("/out/a_WIRE of ") + jobPath;
+  ExpectInOrder({"Frame2.Enabled = false", "Command2.Enabled = false", "Command2.Enabled = true",
+                 "SaveFile North_Field_2006Jun15.shp", "Timer2.Enabled = false",
+                 "Command2.BackColor = working", firstExport});
+  for (const std::string kind : {"0", "1", "2", "3"}) {
+    ExpectInOrder({"SaveFile North_Field_2006Jun15.shp", "Command1_" + kind + ".BackColor = face",
+                   "Label1_" + kind + ".Caption = ", firstExport});
   }
-  return steps;
 }
 
-TEST_F(AllKinds, GoesThroughItsStepsInOrder) {
-  commands.Command2_Click();
-  std::vector<std::string> steps{"SetControlsEnabled false,true",
-                                 "Command2 enabled",
-                                 "AskSaveName North_Field_2006Jun15.shp",
-                                 "Timer2 off",
-                                 "Command2 yellow",  //
-                                 "Command1(0) face",
-                                 "Label1(0) ''",
-                                 "Command1(1) face",
-                                 "Label1(1) ''",
-                                 "Command1(2) face",
-                                 "Label1(2) ''",
-                                 "Command1(3) face",
-                                 "Label1(3) ''"};
-  for (const auto& part : {StepsOfKind(0, "_WIRE"), StepsOfKind(1, "_BOOM"),
-                           StepsOfKind(2, "_POLY"), StepsOfKind(3, "_POINT")}) {
-    steps.insert(steps.end(), part.begin(), part.end());
+TEST_F(AllKinds, FollowOneAnotherEachShownBeforeItIsExportedAndReportedAfter) {
+  flow.Command2_Click();
+  std::vector<std::string> effects;
+  const std::string suffixes[] = {"_WIRE", "_BOOM", "_POLY", "_POINT"};
+  const std::string captions[] = {"Wire", "Boom", "Poly", "Point"};
+  for (std::size_t kind = 0; kind < 4; ++kind) {
+    const std::string n = std::to_string(kind);
+    effects.insert(effects.end(),
+                   {"Label1_" + n + ".Caption = Creating Shape File",
+                    "Command1_" + n + ".BackColor = working", "Command1_" + n + ".Enabled = true"});
+    if (kind > 0) effects.push_back("Command1_" + std::to_string(kind - 1) + ".Enabled = false");
+    effects.insert(effects.end(),
+                   {"Label10.Caption = Creating " + captions[kind] + " Shape", "DoEvents",
+                    "export " + n + " " + Own("/out/a" + suffixes[kind]) + " of " + jobPath,
+                    "Label1_" + n + ".Caption = Shape File Created",
+                    "Command1_" + n + ".BackColor = success", "DoEvents"});
   }
-  for (const char* step : {"Command2 green", "Timer2 on", "SetControlsEnabled true"}) {
-    steps.emplace_back(step);
-  }
-  EXPECT_THAT(screen.Take(), ElementsAreArray(steps));
-  EXPECT_THAT(state.shapeExists, ElementsAre(true, true, true, true));
-  EXPECT_THAT(files.copied, ElementsAre("/jobs/North.Field.sqlite to /out/North.Field.sqlite"));
+  ExpectInOrder(effects);
+  EXPECT_THAT(job.shapeExists, ElementsAre(true, true, true, true));
+}
+
+TEST_F(AllKinds, CopyTheJobAfterTheSetsAndStartTheTimerLast) {
+  flow.Command2_Click();
+  ExpectInOrder({"export 3 " + Own("/out/a_POINT of ") + jobPath,
+                 "Label1_3.Caption = Shape File Created",
+                 "copy " + Own("/out/North.Field.sqlite")});
+  const auto calls = Between();
+  EXPECT_THAT(std::vector(calls.end() - 3, calls.end()),
+              ElementsAre("copy " + Own("/out/North.Field.sqlite"), "Command2.BackColor = success",
+                          "Timer2.Enabled = true"));
 }
 
 TEST_F(AllKinds, NeverAskToOverwrite) {
-  state.shapeExists = {true, true, true, true};
-  commands.Command2_Click();
-  EXPECT_EQ(
-      std::ranges::count_if(screen.Take(),
-                            [](const std::string& call) { return call.starts_with("AskYesNo"); }),
-      0);
+  job.shapeExists = {true, true, true, true};
+  flow.Command2_Click();
+  EXPECT_THAT(window.CallsBeginning("AskYesNo"), IsEmpty());
 }
 
 TEST_F(AllKinds, GoOnAfterAKindThatFailed) {
@@ -154,34 +162,21 @@ TEST_F(AllKinds, GoOnAfterAKindThatFailed) {
     files.AddSet(basePath);
     return {.made = true};
   };
-  commands.Command2_Click();
-  const auto calls = Between();
-  EXPECT_THAT(calls,
-              testing::IsSupersetOf({"Command1(0) red", "Command1(1) red", "Command1(2) green",
-                                     "Command1(3) green", "Command2 green", "Timer2 on"}));
-  EXPECT_THAT(state.shapeExists, ElementsAre(false, false, true, true));
+  flow.Command2_Click();
+  EXPECT_THAT(Between(),
+              IsSupersetOf({"Command1_0.BackColor = failure", "Command1_1.BackColor = failure",
+                            "Command1_2.BackColor = success", "Command1_3.BackColor = success",
+                            "Command2.BackColor = success", "Timer2.Enabled = true"}));
+  EXPECT_THAT(job.shapeExists, ElementsAre(false, false, true, true));
 }
 
 TEST_F(AllKinds, WriteSideBySideUnderTheProposedName) {
-  screen.chosen = state.exportFolder + "/North_Field_2006Jun15.shp";
-  commands.Command2_Click();
+  window.chosen = job.exportFolder + Own("/North_Field_2006Jun15.shp");
+  flow.Command2_Click();
   for (const char* suffix : {"_WIRE", "_BOOM", "_POLY", "_POINT"}) {
-    EXPECT_EQ(files.names.count(DefaultBasePath(state, suffix, '/') + ".shp"), 1U) << suffix;
+    EXPECT_EQ(files.names.count(job.DefaultBasePath(suffix) + ".shp"), 1U) << suffix;
   }
-  EXPECT_EQ(files.names.count(state.exportFolder + "/North.Field.sqlite"), 1U);
-}
-
-TEST_F(AllKinds, FollowThePlatformsSeparator) {
-  state.jobFolder = "C:\\jobs\\";
-  state.exportFolder = "C:\\data\\North_Field\\2006Jun15";
-  files.names = {"C:\\jobs\\North.Field.sqlite"};
-  screen.chosen = "C:\\out\\a.shp";
-  ExportCommands windows{state, screen, files, host, kinds, '\\'};
-  windows.Command2_Click();
-  EXPECT_THAT(files.made, ElementsAre("C:", "C:\\data", "C:\\data\\North_Field",
-                                      "C:\\data\\North_Field\\2006Jun15"));
-  EXPECT_THAT(files.copied,
-              ElementsAre("C:\\jobs\\North.Field.sqlite to C:\\out\\North.Field.sqlite"));
+  EXPECT_EQ(files.names.count(job.exportFolder + Own("/North.Field.sqlite")), 1U);
 }
 
 }  // namespace

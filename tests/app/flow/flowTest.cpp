@@ -1,27 +1,30 @@
 #include "tests/app/flow/flowTest.h"
-#include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
-namespace {
 
-exports::ExportOutcome MakeSet(const std::string& basePath, const std::string&,
-                               exports::ExportRun& run) {
+template <int kind>
+exports::ExportOutcome FlowTest::Procedure(const std::string& basePath, const std::string& jobPath,
+                                           exports::ExportRun& run) {
+  FlowTest& test = *running_;
+  EXPECT_EQ(&run.files, &test.files);
+  EXPECT_FALSE(run.options.withProjection);
+  test.window.Add("export " + std::to_string(kind) + " " + basePath + " of " + jobPath);
+  if (test.onExport) return test.onExport(kind, basePath);
   run.host.CountRow();
   run.host.Yield();
-  dynamic_cast<MemoryFiles&>(run.files).AddSet(basePath);
+  test.files.AddSet(basePath);
   return {.made = true, .epochs = 1};
 }
 
-}  // namespace
-
-const flow::ExportCommands::Kinds FlowTest::kKinds{{{"wire", "_WIRE", MakeSet},
-                                                    {"boom", "_BOOM", MakeSet},
-                                                    {"poly", "_POLY", MakeSet},
-                                                    {"point", "_POINT", MakeSet}}};
+const exports::ExportKinds FlowTest::kKinds{{{"wire", "_WIRE", Procedure<0>},
+                                             {"boom", "_BOOM", Procedure<1>},
+                                             {"poly", "_POLY", Procedure<2>},
+                                             {"point", "_POINT", Procedure<3>}}};
 
 FlowTest::FlowTest()
     : flow({window, window, window, picture, files, window, window, window}, {1, 2, 3}, kKinds) {
-  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin"), 0);
+  running_ = this;
+  flow.Form_Load(Own("/opt/kestrin"), 0);
   window.Take();
 }
 

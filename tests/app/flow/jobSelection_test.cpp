@@ -15,7 +15,7 @@ using testing::Not;
 using testing::StartsWith;
 
 struct Selection : test::FlowTest {
-  std::string Folder() const { return base::WithOwnSeparators(folder.Path().string() + "/"); }
+  std::string Folder() const { return Own(folder.Path().string() + "/"); }
 
   void SelectVersion(const std::string& version) {
     test::JobBuilder job(folder / "job.sqlite");
@@ -27,21 +27,21 @@ struct Selection : test::FlowTest {
 
 TEST_F(Selection, StartsInTheProgramsFolder) {
   flow.Command3_Click();
-  EXPECT_EQ(window.request.folder, base::WithOwnSeparators("/opt/kestrin/"));
-  EXPECT_EQ(state.job.jobFolder, base::WithOwnSeparators("/opt/kestrin/"));
+  EXPECT_EQ(window.request.folder, Own("/opt/kestrin/"));
+  EXPECT_EQ(state.job.jobFolder, Own("/opt/kestrin/"));
 }
 
 TEST_F(Selection, StartsOnARemovableDriveWithAJob) {
-  window.drives = {{base::WithOwnSeparators("/media/stick"), true, true}};
-  window.filesIn = {{base::WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
+  window.drives = {{Own("/media/stick"), true, true}};
+  window.filesIn = {{Own("/media/stick/"), {"a.sqlite"}}};
   flow.Command3_Click();
-  EXPECT_EQ(window.request.folder, base::WithOwnSeparators("/media/stick/"));
+  EXPECT_EQ(window.request.folder, Own("/media/stick/"));
 }
 
 TEST_F(Selection, StartsWhereTheLastJobWasFound) {
   Select("a.sqlite");
-  window.drives = {{base::WithOwnSeparators("/media/stick"), true, true}};
-  window.filesIn = {{base::WithOwnSeparators("/media/stick/"), {"a.sqlite"}}};
+  window.drives = {{Own("/media/stick"), true, true}};
+  window.filesIn = {{Own("/media/stick/"), {"a.sqlite"}}};
   flow.Command3_Click();
   EXPECT_EQ(window.request.folder, Folder());
   EXPECT_THAT(window.CallsBeginning("FilesIn"), testing::IsEmpty());
@@ -60,7 +60,7 @@ TEST_F(Selection, DisablesTheControlsAndTurnsYellowBeforeTheDialog) {
   const auto dialog = std::ranges::find(calls, "OpenFile");
   ASSERT_GE(dialog - calls.begin(), 4);
   EXPECT_THAT(std::vector(dialog - 4, dialog),
-              ElementsAre("Picture1.Enabled = false", "DoEvents", "Command3.BackColor = E0FFFF",
+              ElementsAre("Picture1.Enabled = false", "DoEvents", "Command3.BackColor = working",
                           "DoEvents"));
 }
 
@@ -87,7 +87,7 @@ TEST_F(Selection, ACancelledDialogLeavesTheJobOfBeforeUsable) {
   EXPECT_EQ(window.captions.at("Label5"), "a");
   EXPECT_TRUE(window.enabled.at("Frame2"));
   EXPECT_TRUE(window.enabled.at("Option1_3"));
-  EXPECT_EQ(window.backColors.at("Command3"), 0x8000000FU);
+  EXPECT_EQ(window.backColors.at("Command3"), Background::kButtonFace);
 }
 
 TEST_F(Selection, AFileThatIsNotThereIsLikeACancelledDialog) {
@@ -111,8 +111,7 @@ TEST_F(Selection, TakesTheNamesFromThePath) {
 TEST_F(Selection, NamesTheExportFolderByTheNewestEpoch) {
   Select("North.Field.sqlite");
   EXPECT_EQ(state.job.dateText, "1999Aug22");
-  EXPECT_EQ(state.job.exportFolder,
-            base::WithOwnSeparators("/opt/kestrin/TrevaskData/North_Field/1999Aug22"));
+  EXPECT_EQ(state.job.exportFolder, Own("/opt/kestrin/TrevaskData/North_Field/1999Aug22"));
   EXPECT_EQ(state.lastGpsTime, geo::LocalTimeOf({0, 2000}, 0));
 }
 
@@ -190,7 +189,7 @@ TEST_F(Selection, AVersionThatIsNoNumberAbandonsTheSelection) {
   EXPECT_EQ(state.preview.jobPath, "");
   EXPECT_EQ(window.captions.at("Label5"), "");
   EXPECT_FALSE(window.enabled.at("Frame2"));
-  EXPECT_EQ(window.backColors.at("Command3"), 0x8000000FU);
+  EXPECT_EQ(window.backColors.at("Command3"), Background::kButtonFace);
 }
 
 TEST_F(Selection, AWeekBeyondTheCalendarAbandonsTheSelection) {
@@ -208,7 +207,7 @@ TEST_F(Selection, AFileThatIsNoJobIsNotShownAndNotSpokenOf) {
   flow.Command3_Click();
   EXPECT_EQ(window.CallsBeginning("Show").size(), 0U);
   EXPECT_EQ(state.preview.jobPath, "");
-  EXPECT_EQ(state.job.exportFolder, base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/"));
+  EXPECT_EQ(state.job.exportFolder, Own("/opt/kestrin/TrevaskData/a/"));
   EXPECT_THAT(window.calls, Contains("Label1_0.Caption = "));
   EXPECT_EQ(window.captions.at("Label5"), "");
 }
@@ -249,23 +248,21 @@ TEST_F(Selection, DrawsThePreviewBeforeItTellsWhichSetsExist) {
 }
 
 TEST_F(Selection, TellsWhichSetsExist) {
-  files.AddSet(base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_BOOM"));
-  files.AddSet(base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT"));
-  files.names.erase(
-      base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT.dbf"));
+  files.AddSet(Own("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_BOOM"));
+  files.AddSet(Own("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT"));
+  files.names.erase(Own("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22_POINT.dbf"));
   Select("a.sqlite");
   EXPECT_THAT(state.job.shapeExists, ElementsAre(false, true, false, false));
   EXPECT_EQ(window.captions.at("Label1_0"), "");
   EXPECT_EQ(window.captions.at("Label1_1"), "Shape File Exists");
   EXPECT_EQ(window.captions.at("Label1_3"), "");
   for (const char* name : {"Command1_0", "Command1_1", "Command1_2", "Command1_3"}) {
-    EXPECT_EQ(window.backColors.at(name), 0x8000000FU);
+    EXPECT_EQ(window.backColors.at(name), Background::kButtonFace);
   }
 }
 
 TEST_F(Selection, TestsShpThenShxThenDbfAndStopsAtTheFirstMissing) {
-  const std::string base =
-      base::WithOwnSeparators("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22");
+  const std::string base = Own("/opt/kestrin/TrevaskData/a/1999Aug22/a_1999Aug22");
   files.names.insert(base + "_WIRE.shp");
   Select("a.sqlite");
   ASSERT_GE(files.asked.size(), 6U);

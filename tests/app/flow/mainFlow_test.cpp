@@ -18,30 +18,30 @@ struct Exporting : test::FlowTest {};
 struct Printing : test::FlowTest {};
 
 TEST_F(StartUp, SetsLabelsFoldersAndFlags) {
-  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin"), -300);
+  flow.Form_Load(Own("/opt/kestrin"), -300);
   EXPECT_THAT(window.Take(),
               ElementsAre("Label4.Caption = Kestrin Version  1.2.3", "Label1_0.Caption = ",
                           "Label1_1.Caption = ", "Label1_2.Caption = ", "Label1_3.Caption = "));
-  EXPECT_EQ(state.applicationFolder, base::WithOwnSeparators("/opt/kestrin/"));
-  EXPECT_EQ(state.dataFolder, base::WithOwnSeparators("/opt/kestrin/TrevaskData/"));
+  EXPECT_EQ(state.applicationFolder, Own("/opt/kestrin/"));
+  EXPECT_EQ(state.dataFolder, Own("/opt/kestrin/TrevaskData/"));
   EXPECT_EQ(state.timeZoneOffset, -300);
   EXPECT_TRUE(state.job.idle);
   EXPECT_EQ(state.preview.jobPath, "");
 }
 
 TEST_F(StartUp, MakesTheDataFolderOnly) {
-  EXPECT_THAT(files.made, ElementsAre(base::WithOwnSeparators("/opt/kestrin/TrevaskData")));
+  EXPECT_THAT(files.made, ElementsAre(Own("/opt/kestrin/TrevaskData")));
 }
 
 TEST_F(StartUp, TwiceIsNoFailure) {
-  flow.Form_Load(base::WithOwnSeparators("/opt/kestrin/"), 0);
-  EXPECT_EQ(state.applicationFolder, base::WithOwnSeparators("/opt/kestrin/"));
+  flow.Form_Load(Own("/opt/kestrin/"), 0);
+  EXPECT_EQ(state.applicationFolder, Own("/opt/kestrin/"));
 }
 
 TEST_F(StartUp, GoesOnWhenTheDataFolderCannotBeMade) {
-  files.refused.insert(base::WithOwnSeparators("/usr/lib/kestrin/TrevaskData"));
-  EXPECT_NO_THROW(flow.Form_Load(base::WithOwnSeparators("/usr/lib/kestrin"), 0));
-  EXPECT_EQ(state.dataFolder, base::WithOwnSeparators("/usr/lib/kestrin/TrevaskData/"));
+  files.refused.insert(Own("/usr/lib/kestrin/TrevaskData"));
+  EXPECT_NO_THROW(flow.Form_Load(Own("/usr/lib/kestrin"), 0));
+  EXPECT_EQ(state.dataFolder, Own("/usr/lib/kestrin/TrevaskData/"));
   EXPECT_THAT(window.CallsBeginning("Label1"), testing::SizeIs(4));
 }
 
@@ -52,7 +52,7 @@ TEST_F(StartUp, TheZeroDateIs30December1899) {
 
 TEST_F(Exporting, AKindGoesFromItsButtonToItsProcedure) {
   Select("a.sqlite");
-  window.chosen = base::WithOwnSeparators("/out/b.shp");
+  window.chosen = Own("/out/b.shp");
   bool seen = false;
   window.onYield = [&] {
     seen = true;
@@ -68,15 +68,15 @@ TEST_F(Exporting, AKindGoesFromItsButtonToItsProcedure) {
   flow.Command1_Click(1);
   EXPECT_TRUE(seen);
   EXPECT_EQ(window.captions.at("Label1_1"), "Shape File Created");
-  EXPECT_EQ(window.backColors.at("Command1_1"), 0x00FF00U);
+  EXPECT_EQ(window.backColors.at("Command1_1"), Background::kSuccess);
   EXPECT_TRUE(window.enabled.at("Frame2"));
   EXPECT_FALSE(window.visible.at("Shape2"));
-  EXPECT_EQ(files.names.count(base::WithOwnSeparators("/out/b.shp")), 1U);
+  EXPECT_EQ(files.names.count(Own("/out/b.shp")), 1U);
 }
 
 TEST_F(Exporting, NothingStartsASecondExport) {
   Select("a.sqlite");
-  window.chosen = base::WithOwnSeparators("/out/b.shp");
+  window.chosen = Own("/out/b.shp");
   int dialogs = 0;
   window.onYield = [&] {
     flow.Command1_Click(0);
@@ -90,9 +90,9 @@ TEST_F(Exporting, NothingStartsASecondExport) {
 
 TEST_F(Exporting, CreateAllTurnsGreenAndBackByItsTimer) {
   Select("a.sqlite");
-  window.chosen = base::WithOwnSeparators("/out/b.shp");
+  window.chosen = Own("/out/b.shp");
   flow.Command2_Click();
-  EXPECT_EQ(window.backColors.at("Command2"), 0x00FF00U);
+  EXPECT_EQ(window.backColors.at("Command2"), Background::kSuccess);
   EXPECT_TRUE(window.enabled.at("Timer2"));
   window.Take();
   flow.Timer2_Timer();
@@ -101,7 +101,7 @@ TEST_F(Exporting, CreateAllTurnsGreenAndBackByItsTimer) {
 
 TEST_F(Exporting, CancellingLeavesTheIdleFlagFalse) {
   Select("a.sqlite");
-  window.chosen = base::WithOwnSeparators("/out/b.shp");
+  window.chosen = Own("/out/b.shp");
   window.onYield = [] { throw base::RunCancelled(); };
   EXPECT_THROW(flow.Command2_Click(), base::RunCancelled);
   EXPECT_FALSE(state.job.idle);
@@ -113,7 +113,7 @@ TEST_F(Printing, FillsPrintsAndDiscardsTheSheet) {
   flow.Command4_Click();
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName North.Field",
-                          "SetLastModified 1999-8-22", "Print", "Unload"));
+                          "SetLastModified 8/22/1999", "Print", "Unload"));
   EXPECT_THAT(picture.Take(), ElementsAre("Refresh"));
 }
 
@@ -132,14 +132,14 @@ TEST_F(Printing, ShowsTheDateOfTheNewestRowNotThatOfTheFile) {
   flow.Command3_Click();
   window.Take();
   flow.Command4_Click();
-  EXPECT_THAT(window.Take(), Contains("SetLastModified 2006-5-7"));
+  EXPECT_THAT(window.Take(), Contains("SetLastModified 5/7/2006"));
 }
 
 TEST_F(Printing, WithoutAJobPrintsTheZeroDate) {
   flow.Command4_Click();
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName ",
-                          "SetLastModified 1899-12-30", "Print", "Unload"));
+                          "SetLastModified 12/30/1899", "Print", "Unload"));
 }
 
 TEST_F(Printing, EveryStepThatFailsIsSkippedInSilence) {
@@ -147,7 +147,7 @@ TEST_F(Printing, EveryStepThatFailsIsSkippedInSilence) {
   EXPECT_NO_THROW(flow.Command4_Click());
   EXPECT_THAT(window.Take(),
               ElementsAre("Load", "ClearPicture", "CopyPreviewPicture", "SetJobName ",
-                          "SetLastModified 1899-12-30", "Print", "Unload"));
+                          "SetLastModified 12/30/1899", "Print", "Unload"));
   EXPECT_THAT(picture.Take(), ElementsAre("Refresh"));
 }
 

@@ -7,11 +7,18 @@ namespace {
 
 std::string Text(bool value) { return value ? "true" : "false"; }
 
-std::string Colour(std::uint32_t bgr) {
-  if (bgr == 0x8000000F) return "face";
-  std::ostringstream text;
-  text << std::hex << std::uppercase << bgr;
-  return text.str();
+std::string Text(flow::Background background) {
+  switch (background) {
+    case flow::Background::kButtonFace:
+      return "face";
+    case flow::Background::kWorking:
+      return "working";
+    case flow::Background::kSuccess:
+      return "success";
+    case flow::Background::kFailure:
+      return "failure";
+  }
+  return "?";
 }
 
 std::string Number(double value) {
@@ -42,9 +49,9 @@ std::string RecordingWindow::Caption(flow::ControlId id) const {
   return found == captions.end() ? "" : found->second;
 }
 
-void RecordingWindow::SetBackColor(flow::ControlId id, std::uint32_t bgr) {
-  backColors[flow::NameOf(id)] = bgr;
-  Add(flow::NameOf(id) + ".BackColor = " + Colour(bgr));
+void RecordingWindow::SetBackColor(flow::ControlId id, flow::Background background) {
+  backColors[flow::NameOf(id)] = background;
+  Add(flow::NameOf(id) + ".BackColor = " + Text(background));
 }
 
 void RecordingWindow::SetWidth(flow::ControlId id, double width) {
@@ -57,7 +64,7 @@ double RecordingWindow::Width(flow::ControlId id) const {
   return found == widths.end() ? 0 : found->second;
 }
 
-void RecordingWindow::SelectOption1(int index) {
+void RecordingWindow::SelectPreviewKind(int index) {
   selected = index;
   Add("Option1_" + std::to_string(index) + " selected");
 }
@@ -79,7 +86,7 @@ std::optional<std::string> RecordingWindow::OpenFile(const flow::FileRequest& as
 }
 
 std::optional<std::string> RecordingWindow::SaveFile(const flow::FileRequest& asked) {
-  Add("SaveFile");
+  Add("SaveFile " + asked.fileName);
   request = asked;
   return chosen;
 }
@@ -91,17 +98,7 @@ bool RecordingWindow::AskYesNo(const std::string& text) {
 
 std::vector<std::string> RecordingWindow::FilesIn(const std::string& folder) {
   Add("FilesIn " + folder);
-  return filesIn[folder];
-}
-
-geo::MonthNames RecordingWindow::AbbreviatedMonths() {
-  return {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-}
-
-std::string RecordingWindow::ShortDate(std::chrono::year_month_day date) {
-  return std::to_string(static_cast<int>(date.year())) + "-" +
-         std::to_string(static_cast<unsigned>(date.month())) + "-" +
-         std::to_string(static_cast<unsigned>(date.day()));
+  return FakeDrives::FilesIn(folder);
 }
 
 std::vector<std::string> RecordingWindow::CallsBeginning(const std::string& start) const {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/flow/ports.h"
+#include "tests/app/desktop.h"
 
 namespace kestrin::test {
 
@@ -16,8 +16,8 @@ namespace kestrin::test {
 class RecordingWindow : public flow::Controls,
                         public flow::Events,
                         public flow::Dialogs,
-                        public platform::Drives,
-                        public flow::DateStyle,
+                        public FakeDrives,
+                        public EnglishDates,
                         public flow::JobSheet {
  public:
   // Controls: "Command1_2.Enabled = true". State is kept as well.
@@ -25,11 +25,11 @@ class RecordingWindow : public flow::Controls,
   void SetVisible(flow::ControlId id, bool visible) override;
   void SetCaption(flow::ControlId id, const std::string& caption) override;
   std::string Caption(flow::ControlId id) const override;
-  void SetBackColor(flow::ControlId id, std::uint32_t bgr) override;
+  void SetBackColor(flow::ControlId id, flow::Background background) override;
   void SetWidth(flow::ControlId id, double width) override;
   double Width(flow::ControlId id) const override;
-  int SelectedOption1() const override { return selected; }
-  void SelectOption1(int index) override;
+  int SelectedPreviewKind() const override { return selected; }
+  void SelectPreviewKind(int index) override;
 
   // Events
   void DoEvents() override;
@@ -46,12 +46,7 @@ class RecordingWindow : public flow::Controls,
   std::string DocumentsFolder() override { return "/home/user/Documents"; }
 
   // Drives
-  std::vector<platform::Drive> List() override { return drives; }
   std::vector<std::string> FilesIn(const std::string& folder) override;
-
-  // DateStyle: English month names, dates as year-month-day.
-  geo::MonthNames AbbreviatedMonths() override;
-  std::string ShortDate(std::chrono::year_month_day date) override;
 
   // JobSheet
   void Load() override { Sheet("Load"); }
@@ -72,7 +67,7 @@ class RecordingWindow : public flow::Controls,
   std::map<std::string, bool> enabled;
   std::map<std::string, bool> visible;
   std::map<std::string, std::string> captions;
-  std::map<std::string, std::uint32_t> backColors;
+  std::map<std::string, flow::Background> backColors;
   std::map<std::string, double> widths;
 
   std::vector<std::string> calls;
@@ -80,8 +75,6 @@ class RecordingWindow : public flow::Controls,
   std::optional<std::string> chosen;
   flow::FileRequest request;
   bool yes = true;
-  std::vector<platform::Drive> drives;
-  std::map<std::string, std::vector<std::string>> filesIn;
   int yields = 0;
   std::function<void()> onEvents;
   std::function<void()> onYield;

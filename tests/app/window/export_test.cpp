@@ -23,10 +23,10 @@ exports::ExportOutcome Write(const std::string& base, const std::string&, export
   return {};
 }
 
-constexpr flow::ExportCommands::Kinds kKinds{{{"wire", "_WIRE", Write},
-                                              {"boom", "_BOOM", Write},
-                                              {"poly", "_POLY", Write},
-                                              {"point", "_POINT", Write}}};
+constexpr exports::ExportKinds kKinds{{{"wire", "_WIRE", Write},
+                                       {"boom", "_BOOM", Write},
+                                       {"poly", "_POLY", Write},
+                                       {"point", "_POINT", Write}}};
 
 void Touch(exports::ExportRun& run, const std::string& base) {
   for (const char* extension : {".shp", ".shx", ".dbf"}) {

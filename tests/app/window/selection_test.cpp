@@ -49,8 +49,8 @@ TEST(Selection, AsksForJobsInTheProgramsFolderFirstAndWhereTheLastOneWasThen) {
 TEST(Selection, StartsOnARemovableDriveWithAJobInItsRoot) {
   TestWindow window;
   window.drives.drives = {{"/fixed", false, true}, {base::WithOwnSeparators("/stick"), true, true}};
-  window.drives.files["/fixed/"] = {"a.sqlite"};
-  window.drives.files[base::WithOwnSeparators("/stick/")] = {"b.sqlite"};
+  window.drives.filesIn["/fixed/"] = {"a.sqlite"};
+  window.drives.filesIn[base::WithOwnSeparators("/stick/")] = {"b.sqlite"};
   window.Click("Command3");
   EXPECT_EQ(window.dialogs.opened.at(0).folder, base::WithOwnSeparators("/stick/"));
 }

@@ -107,7 +107,7 @@ TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
   const int epochs = std::atoi(run.out.c_str() + std::string("x_WIRE.shp: ").size());
   EXPECT_GT(epochs, 100);
   EXPECT_LT(epochs, 3000);
-  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: wire: could not be read to its end: " +
+  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: wire: The job could not be read to its end: " +
                          std::to_string(epochs) + " epochs written, code 11\n");
 }
 
