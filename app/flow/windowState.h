@@ -6,7 +6,7 @@
 
 #include "app/flow/exportCommands.h"
 #include "geo/gpsTime.h"
-#include "preview/previewState.h"
+#include "preview/previewExtent.h"
 
 namespace kestrin::flow {
 
