@@ -16,11 +16,11 @@ struct Colours {
 /// draws nothing.
 void DrawPreview(int kind, const PreviewState& state, Picture& picture, base::RunHost& host);
 
-/// The renderers behind it, one a kind. Each clears the picture, draws the state's job by its
-/// extent, counting and yielding once per GPS row, and refreshes the picture at the end.
-/// Without a job path it does nothing.
-///
-/// A job that cannot be read ends a renderer silently, with what was drawn.
+// The renderers behind it, one a kind. Each clears the picture, draws the state's job by its
+// extent, counting and yielding once per GPS row, and refreshes the picture at the end.
+// Without a job path it does nothing.
+//
+// A job that cannot be read ends a renderer silently, with what was drawn.
 
 /// The driven path: one polyline per stretch. A stretch begins at each row whose `type` has
 /// bit 16384; one of a single point is not drawn. Not clipped to the extent.
