@@ -11,7 +11,7 @@
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "preview/previewExtent.h"
-#include "preview/previewKinds.h"
+#include "preview/renderers.h"
 #include "tools/sample/jobSchema.h"
 
 /// What selecting a job and drawing its preview cost, against the same scans of the
@@ -43,27 +43,22 @@ void MakeJob(const std::string& path, std::int64_t rows) {
 }
 
 /// Counts the calls.
-class BlankPicture : public kestrin::preview::Picture {
+class BlankPicture : public preview::Picture {
  public:
   double Width() const override { return 504; }
   double Height() const override { return 504; }
-  std::uint32_t ForeColor() const override { return 0; }
-  void SetForeColor(std::uint32_t) override {}
-  std::uint32_t FillColor() const override { return 0; }
-  void SetFillColor(std::uint32_t) override {}
-  void RemovePicture() override {}
   void Clear() override {}
-  void Polyline(std::span<const kestrin::preview::PicturePoint> points) override {
+  void Polyline(std::span<const preview::PicturePoint> points, preview::Bgr) override {
     Count(points.data());
   }
-  void Polygon(std::span<const kestrin::preview::PicturePoint> points) override {
+  void Polygon(std::span<const preview::PicturePoint> points, preview::Bgr, preview::Bgr) override {
     Count(points.data());
   }
-  void Line(kestrin::preview::PicturePoint from, kestrin::preview::PicturePoint to) override {
+  void Line(preview::PicturePoint from, preview::PicturePoint to, preview::Bgr) override {
     benchmark::DoNotOptimize(to);
     Count(from);
   }
-  void Circle(kestrin::preview::PicturePoint centre, std::int32_t) override { Count(centre); }
+  void Circle(preview::PicturePoint centre, std::int32_t, preview::Bgr) override { Count(centre); }
   void Refresh() override {}
 
   std::int64_t calls = 0;

@@ -1,51 +1,48 @@
-#include "preview/boomPreview.h"
-
 #include <array>
 #include <optional>
 
 #include "preview/drawJob.h"
-#include "preview/previewImplement.h"
+#include "preview/sections.h"
 
 namespace kestrin::preview {
 namespace {
 
-class BoomPainter {
+class BoomPainter : public Painter {
  public:
   using Epochs = jobstore::PreviewBoomEpochs;
 
-  BoomPainter(jobstore::Job& job, const PictureMap& map, Picture& picture)
-      : implement_(job), map_(map), picture_(picture) {}
+  BoomPainter(jobstore::Job& job, const Painter& painter) : Painter(painter), implement_(job) {}
 
   bool Ready() const { return implement_.HasCurrent(); }
 
   void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
-    implement_.ForEachSection(vehicle, epoch.yaw, [this](const GroundLine& line) { Draw(line); });
+    ForEachSection(implement_.Current(), vehicle, epoch.yaw,
+                   [this](geo::UtmPoint right, geo::UtmPoint left) { Draw(right, left); });
   }
 
   void Finish() {
-    if (last_) picture_.Polyline(*last_);
+    if (last_) picture.Polyline(*last_, colours.line);
   }
 
  private:
-  void Draw(const GroundLine& line) {
-    const auto from = map_.At(line.from);
-    const auto to = map_.At(line.to);
+  void Draw(geo::UtmPoint right, geo::UtmPoint left) {
+    const auto from = map.At(right);
+    const auto to = map.At(left);
     if (!from || !to) return;
-    picture_.Line(*from, *to);
+    picture.Line(*from, *to, colours.line);
     last_ = {*from, *to};
   }
 
-  PreviewImplement implement_;
-  PictureMap map_;
-  Picture& picture_;
+  ImplementCursor implement_;
   std::optional<std::array<PicturePoint, 2>> last_;
 };
 
 }  // namespace
 
-void DrawBoomPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
-  DrawJob<BoomPainter>(state, picture, host);
+void DrawBoomPreview(const PreviewState& state, Colours colours, Picture& picture,
+                     base::RunHost& host) {
+  DrawJob<BoomPainter>(state, colours, picture, host);
 }
 
 }  // namespace kestrin::preview

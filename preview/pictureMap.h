@@ -4,50 +4,36 @@
 #include <limits>
 #include <optional>
 
+#include "geo/points.h"
 #include "preview/picture.h"
-#include "preview/previewState.h"
+#include "preview/previewExtent.h"
 
 namespace kestrin::preview {
 
-/// A point or a line of the ground, in metres of the working plane.
-struct GroundPoint {
-  double x = 0;
-  double y = 0;
-
-  bool IsFinite() const;
-};
-struct GroundLine {
-  GroundPoint from;
-  GroundPoint to;
-};
-
-/// Whether the picture has any area to draw on.
-bool HasArea(const Picture& picture);
-
-/// Where ground points lie in a picture. North is up; picture units are rounded to
-/// whole ones, halves to even.
+/// Where points of the ground, in UTM metres, lie in a picture: north is up, and picture
+/// units are rounded to whole ones, halves to even.
 class PictureMap {
  public:
-  /// Metres per picture unit where the extent has no scale; its point then lies in
-  /// the middle of the picture.
-  static constexpr double kNominalScale = 0.01;
+  /// An extent without a scale, the one point of a job that has no more, comes to lie in the
+  /// middle of the picture, at a centimetre a picture unit.
+  PictureMap(const PreviewExtent& extent, const Picture& picture) : extent_(extent) {
+    if (extent.scale != 0) return;
+    extent_.scale = 0.01;
+    left_ = picture.Width() / 2;
+    top_ = picture.Height() / 2;
+  }
 
-  PictureMap(const PreviewExtent& extent, const Picture& picture);
-
-  /// The point in the picture, also outside of it; none when a coordinate is NaN,
-  /// infinite, or beyond what a picture can count.
-  std::optional<PicturePoint> At(GroundPoint point) const {
-    const double x = Rounded((point.x - extent_.xMin) / scale_ + left_);
-    const double y = Rounded((extent_.yMax - point.y) / scale_ + top_);
+  /// The point in the picture, also outside of it.
+  /// None when a coordinate is NaN, infinite, or beyond what a picture can count.
+  std::optional<PicturePoint> At(geo::UtmPoint point) const {
+    const double x = Rounded((point.easting - extent_.ground.xMin) / extent_.scale + left_);
+    const double y = Rounded((extent_.ground.yMax - point.northing) / extent_.scale + top_);
     if (!Counts(x) || !Counts(y)) return std::nullopt;
     return PicturePoint{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y)};
   }
 
   /// Whether the point lies within the extent, its borders included.
-  bool Covers(GroundPoint point) const {
-    return extent_.xMin <= point.x && point.x <= extent_.xMax && extent_.yMin <= point.y &&
-           point.y <= extent_.yMax;
-  }
+  bool Covers(geo::UtmPoint point) const { return extent_.ground.Holds(point); }
 
  private:
   /// To the nearest whole number, halves to even. Beside so large a number a double
@@ -65,7 +51,7 @@ class PictureMap {
   }
 
   PreviewExtent extent_;
-  double scale_;
+  /// Picture units.
   double left_ = 0;
   double top_ = 0;
 };

@@ -1,38 +1,26 @@
-#include "preview/pointPreview.h"
-
 #include "preview/drawJob.h"
 
 namespace kestrin::preview {
 namespace {
 
-constexpr std::int32_t kRadius = 3;
-
-class PointPainter {
+class PointPainter : public Painter {
  public:
   using Epochs = jobstore::PreviewPointEpochs;
 
-  PointPainter(jobstore::Job&, const PictureMap& map, Picture& picture)
-      : map_(map), picture_(picture) {}
-
-  bool Ready() const { return true; }
+  PointPainter(jobstore::Job&, const Painter& painter) : Painter(painter) {}
 
   void Add(const Epochs::Row&, geo::UtmPoint vehicle) {
-    const GroundPoint ground{vehicle.easting, vehicle.northing};
-    if (!map_.Covers(ground)) return;
-    if (const auto point = map_.At(ground)) picture_.Circle(*point, kRadius);
+    constexpr std::int32_t kRadius = 3;
+    if (!map.Covers(vehicle)) return;
+    if (const auto point = map.At(vehicle)) picture.Circle(*point, kRadius, colours.line);
   }
-
-  void Finish() {}
-
- private:
-  PictureMap map_;
-  Picture& picture_;
 };
 
 }  // namespace
 
-void DrawPointPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
-  DrawJob<PointPainter>(state, picture, host);
+void DrawPointPreview(const PreviewState& state, Colours colours, Picture& picture,
+                      base::RunHost& host) {
+  DrawJob<PointPainter>(state, colours, picture, host);
 }
 
 }  // namespace kestrin::preview

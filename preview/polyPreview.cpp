@@ -1,10 +1,8 @@
-#include "preview/polyPreview.h"
-
 #include <array>
 #include <optional>
 
 #include "preview/drawJob.h"
-#include "preview/previewImplement.h"
+#include "preview/sections.h"
 
 namespace kestrin::preview {
 namespace {
@@ -17,22 +15,18 @@ struct SwathEnds {
   friend bool operator==(const SwathEnds&, const SwathEnds&) = default;
 };
 
-class PolyPainter {
+class PolyPainter : public Painter {
  public:
   using Epochs = jobstore::PreviewPolyEpochs;
 
-  PolyPainter(jobstore::Job& job, const PictureMap& map, Picture& picture)
-      : implement_(job),
-        map_(map),
-        picture_(picture),
-        outline_(picture.ForeColor()),
-        fill_(picture.FillColor()) {}
+  PolyPainter(jobstore::Job& job, const Painter& painter) : Painter(painter), implement_(job) {}
 
   bool Ready() const { return implement_.HasCurrent(); }
 
   void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
-    implement_.AdvanceTo(epoch.time);
-    const std::optional<SwathEnds> ends = EndsAt(vehicle, epoch.yaw);
+    implement_.AdvanceTo(
+        epoch.time, [this](const jobstore::ImplementRow& row) { half_ = SwathWidth(row) / 2; });
+    const std::optional<SwathEnds> ends = EndsAt(vehicle, geo::Heading(epoch.yaw));
     // Without movement to be seen a row counts for nothing, not even as a break.
     if (ends && ends == previous_) return;
     if (epoch.BeginsStretch()) {
@@ -44,41 +38,34 @@ class PolyPainter {
     }
   }
 
-  /// The last run stays without an end edge: only a break draws one.
-  void Finish() {}
+  // No Finish: the last run stays without an end edge, only a break draws one.
 
  private:
-  std::optional<SwathEnds> EndsAt(geo::UtmPoint vehicle, double yaw) const {
-    const GroundLine line =
-        Heading(yaw).Across({vehicle.easting, vehicle.northing}, implement_.Width());
-    const auto a = map_.At(line.from);
-    const auto b = map_.At(line.to);
+  std::optional<SwathEnds> EndsAt(geo::UtmPoint vehicle, const geo::Heading& heading) const {
+    const auto a = map.At(heading.RightOf(vehicle, half_));
+    const auto b = map.At(heading.LeftOf(vehicle, half_));
     if (!a || !b) return std::nullopt;
     return SwathEnds{*a, *b};
   }
 
   void CloseRun() {
-    if (runOpen_) picture_.Line(previous_->a, previous_->b);
+    if (runOpen_) picture.Line(previous_->a, previous_->b, colours.line);
     runOpen_ = false;
   }
 
   void DrawStep(const SwathEnds& from, const SwathEnds& to) {
     const std::array<PicturePoint, 4> corners{from.a, to.a, to.b, from.b};
     // In the fill's own colour its outline merges with it.
-    picture_.SetForeColor(fill_);
-    picture_.Polygon(corners);
-    picture_.SetForeColor(outline_);
-    picture_.Line(from.a, to.a);
-    picture_.Line(from.b, to.b);
-    if (!runOpen_) picture_.Line(from.a, from.b);
+    picture.Polygon(corners, colours.fill, colours.fill);
+    picture.Line(from.a, to.a, colours.line);
+    picture.Line(from.b, to.b, colours.line);
+    if (!runOpen_) picture.Line(from.a, from.b, colours.line);
     runOpen_ = true;
   }
 
-  PreviewImplement implement_;
-  PictureMap map_;
-  Picture& picture_;
-  std::uint32_t outline_;
-  std::uint32_t fill_;
+  ImplementCursor implement_;
+  /// Metres: half the swath.
+  double half_ = SwathWidth(implement_.Current()) / 2;
   std::optional<SwathEnds> previous_;
   /// Only with a previous epoch.
   bool runOpen_ = false;
@@ -86,8 +73,9 @@ class PolyPainter {
 
 }  // namespace
 
-void DrawPolyPreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
-  DrawJob<PolyPainter>(state, picture, host);
+void DrawPolyPreview(const PreviewState& state, Colours colours, Picture& picture,
+                     base::RunHost& host) {
+  DrawJob<PolyPainter>(state, colours, picture, host);
 }
 
 }  // namespace kestrin::preview

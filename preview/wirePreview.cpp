@@ -1,6 +1,3 @@
-#include "preview/wirePreview.h"
-
-#include <optional>
 #include <vector>
 
 #include "preview/drawJob.h"
@@ -8,36 +5,32 @@
 namespace kestrin::preview {
 namespace {
 
-class WirePainter {
+class WirePainter : public Painter {
  public:
   using Epochs = jobstore::PreviewWireEpochs;
 
-  WirePainter(jobstore::Job&, const PictureMap& map, Picture& picture)
-      : map_(map), picture_(picture) {}
-
-  bool Ready() const { return true; }
+  WirePainter(jobstore::Job&, const Painter& painter) : Painter(painter) {}
 
   void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     // A row without a place in the picture adds no point but still parts the path.
     if (epoch.BeginsStretch()) Finish();
-    if (const auto point = map_.At({vehicle.easting, vehicle.northing})) points_.push_back(*point);
+    if (const auto point = map.At(vehicle)) points_.push_back(*point);
   }
 
   void Finish() {
-    if (points_.size() >= 2) picture_.Polyline(points_);
+    if (points_.size() >= 2) picture.Polyline(points_, colours.line);
     points_.clear();
   }
 
  private:
-  PictureMap map_;
-  Picture& picture_;
   std::vector<PicturePoint> points_;
 };
 
 }  // namespace
 
-void DrawWirePreview(const PreviewState& state, Picture& picture, base::RunHost& host) {
-  DrawJob<WirePainter>(state, picture, host);
+void DrawWirePreview(const PreviewState& state, Colours colours, Picture& picture,
+                     base::RunHost& host) {
+  DrawJob<WirePainter>(state, colours, picture, host);
 }
 
 }  // namespace kestrin::preview

@@ -10,7 +10,7 @@
 #include "export/exportKinds.h"
 #include "jobstore/queries.h"
 #include "preview/previewExtent.h"
-#include "preview/previewKinds.h"
+#include "preview/renderers.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::flow {

@@ -9,7 +9,7 @@
 #include "export/exportKinds.h"
 #include "export/setNames.h"
 #include "geo/gpsTime.h"
-#include "preview/previewState.h"
+#include "preview/previewExtent.h"
 
 namespace kestrin::flow {
 

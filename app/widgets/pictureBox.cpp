@@ -8,8 +8,6 @@ namespace kestrin::widgets {
 
 namespace {
 
-constexpr preview::PicturePoint kNoPoint{};
-
 QPoint ToQt(preview::PicturePoint point) { return {point.x, point.y}; }
 
 }  // namespace
@@ -20,25 +18,6 @@ QImage PictureBox::Image() {
   if (image_.isNull()) NewImage();
   EndPainting();
   return image_;
-}
-
-void PictureBox::SetForeColor(std::uint32_t bgr) {
-  if (bgr == foreColor_) return;
-  foreColor_ = bgr;
-  drawn_.Forget();
-  if (painter_) painter_->setPen(FromBgr(bgr));
-}
-
-void PictureBox::SetFillColor(std::uint32_t bgr) {
-  if (bgr == fillColor_) return;
-  fillColor_ = bgr;
-  if (painter_) painter_->setBrush(FromBgr(bgr));
-}
-
-void PictureBox::RemovePicture() {
-  EndPainting();
-  image_ = {};
-  drawn_.Forget();
 }
 
 void PictureBox::Clear() {
@@ -55,30 +34,45 @@ void PictureBox::NewImage() {
   image_.fill(Qt::white);
 }
 
-QPainter* PictureBox::Painter() {
-  if (painter_) return &*painter_;
+bool PictureBox::BeginPainting() {
   if (image_.isNull()) NewImage();
-  if (image_.isNull()) return nullptr;
+  if (image_.isNull()) return false;
   painter_.emplace(&image_);
-  painter_->setPen(FromBgr(foreColor_));
-  painter_->setBrush(FromBgr(fillColor_));
+  brush_.reset();
   // One image pixel to the unit: hard pixels in whole places. Finer images: smooth
   // lines through the middle of those places.
   if (image_.devicePixelRatio() > 1) {
     painter_->setRenderHint(QPainter::Antialiasing);
     painter_->translate(0.5, 0.5);
   }
+  return true;
+}
+
+QPainter* PictureBox::Painter(preview::Bgr pen) {
+  if (painter_ && pen == pen_) return &*painter_;
+  // Not when the same pen goes on after a look at the image: where lines are smooth, one
+  // drawn twice is darker, and the picture would tell when it was looked at.
+  if (pen != pen_) drawn_.Forget();
+  if (!painter_ && !BeginPainting()) return nullptr;
+  painter_->setPen(FromBgr(pen));
+  pen_ = pen;
   return &*painter_;
+}
+
+void PictureBox::Fill(std::optional<preview::Bgr> brush) {
+  if (brush_ == brush) return;
+  brush_ = brush;
+  painter_->setBrush(brush ? QBrush(FromBgr(*brush)) : QBrush(Qt::NoBrush));
 }
 
 void PictureBox::EndPainting() { painter_.reset(); }
 
-void PictureBox::Polyline(std::span<const preview::PicturePoint> points) {
+void PictureBox::Polyline(std::span<const preview::PicturePoint> points, preview::Bgr colour) {
   points_.clear();
   for (std::size_t i = 0; i < points.size(); ++i) {
     if (i == 0 || points[i] != points[i - 1]) points_.push_back(ToQt(points[i]));
   }
-  QPainter* painter = Painter();
+  QPainter* painter = Painter(colour);
   if (painter == nullptr || points_.empty()) return;
   if (points_.size() == 1) {
     painter->drawPoint(points_.front());
@@ -90,28 +84,29 @@ void PictureBox::Polyline(std::span<const preview::PicturePoint> points) {
   }
 }
 
-void PictureBox::Polygon(std::span<const preview::PicturePoint> points) {
+void PictureBox::Polygon(std::span<const preview::PicturePoint> points, preview::Bgr fill,
+                         preview::Bgr outline) {
+  QPainter* painter = Painter(outline);
+  if (painter == nullptr) return;
   points_.clear();
   for (const preview::PicturePoint& point : points) points_.push_back(ToQt(point));
+  Fill(fill);
+  painter->drawPolygon(points_.data(), static_cast<int>(points_.size()));
   drawn_.Forget();
-  QPainter* painter = Painter();
-  if (painter != nullptr) painter->drawPolygon(points_.data(), static_cast<int>(points_.size()));
 }
 
-void PictureBox::Line(preview::PicturePoint from, preview::PicturePoint to) {
+void PictureBox::Line(preview::PicturePoint from, preview::PicturePoint to, preview::Bgr colour) {
   constexpr std::int32_t kNoRadius = -1;
-  if (drawn_.Contains(from, to, kNoRadius)) return;
-  QPainter* painter = Painter();
-  if (painter != nullptr) painter->drawLine(ToQt(from), ToQt(to));
+  QPainter* painter = Painter(colour);
+  if (painter == nullptr || drawn_.Contains(from, to, kNoRadius)) return;
+  painter->drawLine(ToQt(from), ToQt(to));
 }
 
-void PictureBox::Circle(preview::PicturePoint centre, std::int32_t radius) {
-  if (drawn_.Contains(centre, kNoPoint, radius)) return;
-  QPainter* painter = Painter();
-  if (painter == nullptr) return;
-  painter->setBrush(Qt::NoBrush);
+void PictureBox::Circle(preview::PicturePoint centre, std::int32_t radius, preview::Bgr colour) {
+  QPainter* painter = Painter(colour);
+  if (painter == nullptr || drawn_.Contains(centre, {}, radius)) return;
+  Fill(std::nullopt);
   painter->drawEllipse(ToQt(centre), radius, radius);
-  painter->setBrush(FromBgr(fillColor_));
 }
 
 void PictureBox::Refresh() {

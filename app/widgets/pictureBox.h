@@ -25,33 +25,35 @@ class PictureBox : public QWidget, public preview::Picture {
 
   double Width() const override { return width(); }
   double Height() const override { return height(); }
-  std::uint32_t ForeColor() const override { return foreColor_; }
-  void SetForeColor(std::uint32_t bgr) override;
-  std::uint32_t FillColor() const override { return fillColor_; }
-  void SetFillColor(std::uint32_t bgr) override;
-  void RemovePicture() override;
   void Clear() override;
-  void Polyline(std::span<const preview::PicturePoint> points) override;
-  void Polygon(std::span<const preview::PicturePoint> points) override;
-  void Line(preview::PicturePoint from, preview::PicturePoint to) override;
-  void Circle(preview::PicturePoint centre, std::int32_t radius) override;
+  void Polyline(std::span<const preview::PicturePoint> points, preview::Bgr colour) override;
+  void Polygon(std::span<const preview::PicturePoint> points, preview::Bgr fill,
+               preview::Bgr outline) override;
+  void Line(preview::PicturePoint from, preview::PicturePoint to, preview::Bgr colour) override;
+  void Circle(preview::PicturePoint centre, std::int32_t radius, preview::Bgr colour) override;
   void Refresh() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// Nothing where there is nothing to draw on.
-  QPainter* Painter();
+  /// The painter with a pen of that colour; nothing where there is nothing to draw on.
+  QPainter* Painter(preview::Bgr pen);
+  /// Fills what the painter draws next, or leaves it empty.
+  void Fill(std::optional<preview::Bgr> brush);
+  /// False where there is nothing to draw on.
+  bool BeginPainting();
   void EndPainting();
   void NewImage();
 
   QImage image_;
   std::optional<QPainter> painter_;
+  /// The painter's, set only when they change: that costs more than a short line.
+  preview::Bgr pen_ = 0;
+  std::optional<preview::Bgr> brush_;
   std::vector<QPoint> points_;
+  /// In the pen's colour.
   DrawnShapes drawn_;
-  std::uint32_t foreColor_ = 0x000000;
-  std::uint32_t fillColor_ = 0xFFFFFF;
 };
 
 }  // namespace kestrin::widgets

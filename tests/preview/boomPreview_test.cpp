@@ -1,4 +1,4 @@
-#include "preview/boomPreview.h"
+#include "preview/renderers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,20 +18,22 @@ TEST(BoomPreview, DrawsEverySectionAtEveryEpochAndTheLastOnceMore) {
   PreviewJob job;
   job.Implement(0, {{8, -6, 0, 0}, {4, 6, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
   EXPECT_THAT(job.Drawn(DrawBoomPreview),
-              ElementsAre("Line 48,80 40,80", "Line 58,80 54,80", "Line 48,70 40,70",
-                          "Line 58,70 54,70", "Polyline 58,70 54,70"));
+              ElementsAre("Line 1 48,80 40,80", "Line 1 58,80 54,80", "Line 1 48,70 40,70",
+                          "Line 1 58,70 54,70", "Polyline 1 58,70 54,70"));
 }
 
 TEST(BoomPreview, LiesAcrossTheHeading) {
   PreviewJob job;
   job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50, std::numbers::pi / 2);
-  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 50,55 50,45", "Polyline 50,55 50,45"));
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 50,55 50,45", "Polyline 1 50,55 50,45"));
 }
 
 TEST(BoomPreview, AddsSectionOffsetsUnrotated) {
   PreviewJob job;
   job.Implement(0, {{10, 3, 7, 0}}).At(1, 50, 50, std::numbers::pi / 2);
-  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 53,48 53,38", "Polyline 53,48 53,38"));
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 53,48 53,38", "Polyline 1 53,48 53,38"));
 }
 
 TEST(BoomPreview, DrawsSectionsThatAreSwitchedOff) {
@@ -42,7 +44,8 @@ TEST(BoomPreview, DrawsSectionsThatAreSwitchedOff) {
   off.type = test::kTakesPart;
   off.boomStatus = 0;
   job.Implement(0, {{10, 0, 0, 0}}).builder.Epoch(off);
-  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 55,50 45,50", "Polyline 55,50 45,50"));
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 55,50 45,50", "Polyline 1 55,50 45,50"));
 }
 
 TEST(BoomPreview, DrawsNoLineWithoutAPositiveWidth) {
@@ -56,7 +59,7 @@ TEST(BoomPreview, TakesAnImplementFromItsOwnTimeOnTheLastOneToo) {
   job.Implement(1, {{10, 0, 0, 0}}).Implement(2, {{20, 0, 0, 0}});
   job.At(0, 50, 10).At(2, 50, 20);
   EXPECT_THAT(job.Drawn(DrawBoomPreview),
-              ElementsAre("Line 55,90 45,90", "Line 60,80 40,80", "Polyline 60,80 40,80"));
+              ElementsAre("Line 1 55,90 45,90", "Line 1 60,80 40,80", "Polyline 1 60,80 40,80"));
 }
 
 TEST(BoomPreview, DrawsASectionOfItsOwnSlotOnly) {
@@ -64,13 +67,15 @@ TEST(BoomPreview, DrawsASectionOfItsOwnSlotOnly) {
   std::vector<jobstore::Section> sections(jobstore::kSectionSlots, {-1, 0, 0, 0});
   sections[15] = {4, 1, 0, 0};
   job.Implement(0, sections).At(1, 50, 50);
-  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 53,50 49,50", "Polyline 53,50 49,50"));
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 53,50 49,50", "Polyline 1 53,50 49,50"));
 }
 
 TEST(BoomPreview, SkipsALineWithoutAPlace) {
   PreviewJob job;
   job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 1e300, 60);
-  EXPECT_THAT(job.Drawn(DrawBoomPreview), ElementsAre("Line 55,50 45,50", "Polyline 55,50 45,50"));
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 55,50 45,50", "Polyline 1 55,50 45,50"));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Two metres a unit, 200 by 200 m from 1000, 5000.
-PictureMap TwoMetres() { return {{1000, 5000, 1200, 5200, 2}, test::RecordingPicture(100, 100)}; }
+PictureMap TwoMetres() { return {{{1000, 5000, 1200, 5200}, 2}, test::RecordingPicture(100, 100)}; }
 
 TEST(PictureMap, NorthIsUp) {
   EXPECT_EQ(TwoMetres().At({1000, 5200}), (PicturePoint{0, 0}));
@@ -46,7 +46,7 @@ TEST(PictureMap, HasNoPlaceBeyond32Bits) {
 }
 
 TEST(PictureMap, ScaleZeroIsACentimetreAUnitAboutTheMiddle) {
-  const PictureMap map({10, 20, 10, 20, 0}, test::RecordingPicture(100, 60));
+  const PictureMap map({{10, 20, 10, 20}, 0}, test::RecordingPicture(100, 60));
   EXPECT_EQ(map.At({10, 20}), (PicturePoint{50, 30}));
   EXPECT_EQ(map.At({10.5, 20.25}), (PicturePoint{100, 5}));
 }

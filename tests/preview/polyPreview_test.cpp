@@ -1,4 +1,4 @@
-#include "preview/polyPreview.h"
+#include "preview/renderers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,29 +14,27 @@ using test::PreviewJob;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The recording picture's colours at the start: 1 the outline, 2 the fill.
-
 PreviewJob& TenWide(PreviewJob& job) { return job.Implement(0, {{4, -3, 0, 0}, {6, 2, 0, 0}}); }
 
 TEST(PolyPreview, FillsAndOutlinesEachStepAndEdgesTheStart) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 40);
-  EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
-                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80", "ForeColor 2",
-                          "Polygon 55,70 55,60 45,60 45,70", "ForeColor 1", "Line 55,70 55,60",
-                          "Line 45,70 45,60"));
+  EXPECT_THAT(
+      job.Drawn(DrawPolyPreview),
+      ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70", "Line 1 45,80 45,70",
+                  "Line 1 55,80 45,80", "Polygon 2 2 55,70 55,60 45,60 45,70", "Line 1 55,70 55,60",
+                  "Line 1 45,70 45,60"));
 }
 
 TEST(PolyPreview, EdgesTheEndOfARunAtABreak) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 60, 0, true).At(4, 50, 70);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
-                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80",
-                          "Line 55,70 45,70",  // the end of the first run
-                          "ForeColor 2", "Polygon 55,40 55,30 45,30 45,40", "ForeColor 1",
-                          "Line 55,40 55,30", "Line 45,40 45,30", "Line 55,40 45,40"));
+              ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70",
+                          "Line 1 45,80 45,70", "Line 1 55,80 45,80",
+                          "Line 1 55,70 45,70",  // the end of the first run
+                          "Polygon 2 2 55,40 55,30 45,30 45,40", "Line 1 55,40 55,30",
+                          "Line 1 45,40 45,30", "Line 1 55,40 45,40"));
 }
 
 TEST(PolyPreview, ABreakWithoutAnOpenRunDrawsNothing) {
@@ -54,11 +52,11 @@ TEST(PolyPreview, AStationaryVehicleAddsNothing) {
 TEST(PolyPreview, ARowWithoutVisibleMovementIsNoBreakEither) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 30, 0, true).At(4, 50, 40);
-  EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
-                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80", "ForeColor 2",
-                          "Polygon 55,70 55,60 45,60 45,70", "ForeColor 1", "Line 55,70 55,60",
-                          "Line 45,70 45,60"));
+  EXPECT_THAT(
+      job.Drawn(DrawPolyPreview),
+      ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70", "Line 1 45,80 45,70",
+                  "Line 1 55,80 45,80", "Polygon 2 2 55,70 55,60 45,60 45,70", "Line 1 55,70 55,60",
+                  "Line 1 45,70 45,60"));
 }
 
 TEST(PolyPreview, TurningOnTheSpotIsMovement) {
@@ -66,8 +64,8 @@ TEST(PolyPreview, TurningOnTheSpotIsMovement) {
   const double threeFourFive = std::acos(0.8);
   TenWide(job).At(1, 50, 20).At(2, 50, 20, threeFourFive);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 54,83 46,77 45,80", "ForeColor 1",
-                          "Line 55,80 54,83", "Line 45,80 46,77", "Line 55,80 45,80"));
+              ElementsAre("Polygon 2 2 55,80 54,83 46,77 45,80", "Line 1 55,80 54,83",
+                          "Line 1 45,80 46,77", "Line 1 55,80 45,80"));
 }
 
 TEST(PolyPreview, SumsThePositiveWidthsOnly) {
@@ -75,50 +73,50 @@ TEST(PolyPreview, SumsThePositiveWidthsOnly) {
   job.Implement(0, {{4, 0, 0, 0}, {-90, 0, 0, 0}, {0, 0, 0, 0}, {2, 40, 0, 0}});
   job.At(1, 50, 20).At(2, 50, 30);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 53,80 53,70 47,70 47,80", "ForeColor 1",
-                          "Line 53,80 53,70", "Line 47,80 47,70", "Line 53,80 47,80"));
+              ElementsAre("Polygon 2 2 53,80 53,70 47,70 47,80", "Line 1 53,80 53,70",
+                          "Line 1 47,80 47,70", "Line 1 53,80 47,80"));
 }
 
 TEST(PolyPreview, WidthsOfZeroMakeASwathWithoutWidth) {
   PreviewJob job;
   job.Implement(0, {{0, 0, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 50,80 50,70 50,70 50,80", "ForeColor 1",
-                          "Line 50,80 50,70", "Line 50,80 50,70", "Line 50,80 50,80"));
+              ElementsAre("Polygon 2 2 50,80 50,70 50,70 50,80", "Line 1 50,80 50,70",
+                          "Line 1 50,80 50,70", "Line 1 50,80 50,80"));
 }
 
 TEST(PolyPreview, TakesAnImplementFromItsOwnTimeOn) {
   PreviewJob job;
   job.Implement(0, {{10, 0, 0, 0}}).Implement(2, {{20, 0, 0, 0}}).At(1, 50, 20).At(2, 50, 30);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 60,70 40,70 45,80", "ForeColor 1",
-                          "Line 55,80 60,70", "Line 45,80 40,70", "Line 55,80 45,80"));
+              ElementsAre("Polygon 2 2 55,80 60,70 40,70 45,80", "Line 1 55,80 60,70",
+                          "Line 1 45,80 40,70", "Line 1 55,80 45,80"));
 }
 
 TEST(PolyPreview, DrawsNothingWithoutAnImplement) {
   PreviewJob job;
   job.At(1, 50, 20).At(2, 50, 30);
-  DrawPolyPreview(test::HundredMetres(job.builder.Finish()), job.picture, job.host);
-  EXPECT_THAT(job.picture.Take(), ElementsAre("RemovePicture", "Clear"));
+  const PreviewState state = test::HundredMetres(job.builder.Finish());
+  EXPECT_THAT(job.Draw(DrawPolyPreview, state), ElementsAre("Clear"));
 }
 
 TEST(PolyPreview, SkipsARowWithoutAPlace) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 1e300, 25).At(3, 50, 30);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
-                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80"));
+              ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70",
+                          "Line 1 45,80 45,70", "Line 1 55,80 45,80"));
 }
 
 TEST(PolyPreview, BreaksTheSwathAlsoAtARowWithoutAPlace) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 1e300, 0, 0, true).At(4, 50, 60).At(5, 50, 70);
   EXPECT_THAT(job.Drawn(DrawPolyPreview),
-              ElementsAre("ForeColor 2", "Polygon 55,80 55,70 45,70 45,80", "ForeColor 1",
-                          "Line 55,80 55,70", "Line 45,80 45,70", "Line 55,80 45,80",
-                          "Line 55,70 45,70",  // the end of the first run
-                          "ForeColor 2", "Polygon 55,40 55,30 45,30 45,40", "ForeColor 1",
-                          "Line 55,40 55,30", "Line 45,40 45,30", "Line 55,40 45,40"));
+              ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70",
+                          "Line 1 45,80 45,70", "Line 1 55,80 45,80",
+                          "Line 1 55,70 45,70",  // the end of the first run
+                          "Polygon 2 2 55,40 55,30 45,30 45,40", "Line 1 55,40 55,30",
+                          "Line 1 45,40 45,30", "Line 1 55,40 45,40"));
 }
 
 }  // namespace

@@ -20,24 +20,25 @@ constexpr double kTolerance = 1e-8;
 
 struct Extent : testing::Test {
   PreviewJob job;
-  PreviewState state{"job of before", {1, 2, 3, 4, 5}};
+  PreviewState state{"job of before", {{1, 2, 3, 4}, 5}};
   const geo::UtmPoint origin = test::Origin();
 
   /// The extent found, east and north of the origin.
   PreviewExtent Find(double width, double height) {
     job.picture = test::RecordingPicture(width, height);
     FindPreviewExtent(job.builder.Finish(), state, job.picture, job.host);
-    return {state.extent.xMin - origin.easting, state.extent.yMin - origin.northing,
-            state.extent.xMax - origin.easting, state.extent.yMax - origin.northing,
+    const geo::Box& ground = state.extent.ground;
+    return {{ground.xMin - origin.easting, ground.yMin - origin.northing,
+             ground.xMax - origin.easting, ground.yMax - origin.northing},
             state.extent.scale};
   }
 
   void ExpectExtent(const PreviewExtent& found, double xMin, double yMin, double xMax, double yMax,
                     double scale) {
-    EXPECT_NEAR(found.xMin, xMin, kTolerance);
-    EXPECT_NEAR(found.yMin, yMin, kTolerance);
-    EXPECT_NEAR(found.xMax, xMax, kTolerance);
-    EXPECT_NEAR(found.yMax, yMax, kTolerance);
+    EXPECT_NEAR(found.ground.xMin, xMin, kTolerance);
+    EXPECT_NEAR(found.ground.yMin, yMin, kTolerance);
+    EXPECT_NEAR(found.ground.xMax, xMax, kTolerance);
+    EXPECT_NEAR(found.ground.yMax, yMax, kTolerance);
     EXPECT_NEAR(found.scale, scale, kTolerance);
   }
 };
@@ -76,14 +77,14 @@ TEST_F(Extent, ASinglePointWithoutAnImplementHasScaleZero) {
   job.At(1, 7, 9);
   ExpectExtent(Find(100, 100), 7, 9, 7, 9, 0);
   EXPECT_EQ(state.extent.scale, 0);
-  EXPECT_EQ(state.extent.xMin, state.extent.xMax);
-  EXPECT_EQ(state.extent.yMin, state.extent.yMax);
+  EXPECT_EQ(state.extent.ground.xMin, state.extent.ground.xMax);
+  EXPECT_EQ(state.extent.ground.yMin, state.extent.ground.yMax);
 }
 
 /// Undoes the margin of a job that is fitted in width: what was covered.
 double CoveredWidth(const PreviewExtent& found, double pictureWidth) {
   const double widening = (1 + 5 / pictureWidth) * (1 + 5 / pictureWidth);
-  return (found.xMax - found.xMin) / widening;
+  return (found.ground.xMax - found.ground.xMin) / widening;
 }
 
 TEST_F(Extent, ASectionLiesEastAndWestOfItsCentreAtYawZero) {
@@ -97,7 +98,7 @@ TEST_F(Extent, SectionOffsetsAreNotTurnedWithTheHeading) {
   const PreviewExtent found = Find(100, 100);
   EXPECT_NEAR(CoveredWidth(found, 100), 30, kTolerance);
   // East of the vehicle, for the margin is wider on that side.
-  EXPECT_NEAR(found.xMin, -30 * 0.05, kTolerance);
+  EXPECT_NEAR(found.ground.xMin, -30 * 0.05, kTolerance);
 }
 
 TEST_F(Extent, TheSameImplementWidensDifferentHeadingsDifferently) {
@@ -126,7 +127,7 @@ TEST_F(Extent, TheReferenceLocationIsFollowed) {
   job.At(1, 0, 0).At(2, 0, 0);
   const PreviewExtent found = Find(100, 100);
   const double covered = test::Origin(latitude).northing - origin.northing;
-  EXPECT_NEAR(found.yMin, -covered * 0.05, kTolerance);
+  EXPECT_NEAR(found.ground.yMin, -covered * 0.05, kTolerance);
   EXPECT_NEAR(found.scale, covered * 1.05 * 1.05 / 100, kTolerance);
 }
 
@@ -142,7 +143,7 @@ TEST_F(Extent, KeepsTheJobsPathAndClearsThePicture) {
   job.At(1, 0, 0).At(2, 200, 100);
   Find(100, 100);
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
-  EXPECT_THAT(job.picture.Take(), ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(job.picture.Take(), ElementsAre("Clear"));
 }
 
 TEST_F(Extent, CountsAndYieldsOncePerGpsRow) {
@@ -168,8 +169,8 @@ TEST_F(Extent, TakesTheStatesOwnPathAsArgument) {
 /// The extent of the job before stays, but no job is there to draw.
 void ExpectNoJob(const PreviewState& state, PreviewJob& job) {
   EXPECT_EQ(state.jobPath, "");
-  EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
-  EXPECT_THAT(job.picture.Take(), ElementsAre("RemovePicture", "Clear"));
+  EXPECT_EQ(state.extent, (PreviewExtent{{1, 2, 3, 4}, 5}));
+  EXPECT_THAT(job.picture.Take(), ElementsAre("Clear"));
   EXPECT_THAT(job.host.messages, IsEmpty());
 }
 
@@ -196,14 +197,14 @@ TEST_F(Extent, AJobWithoutGpsRowsKeepsTheExtentOfBefore) {
   row.east = 50;
   job.builder.Epoch(row);
   Find(100, 100);
-  EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
+  EXPECT_EQ(state.extent, (PreviewExtent{{1, 2, 3, 4}, 5}));
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
 }
 
 TEST_F(Extent, AJobWithoutGpsTableKeepsTheExtentOfBefore) {
   job.builder.Execute("DROP TABLE GpsDataTable");
   Find(100, 100);
-  EXPECT_EQ(state.extent, (PreviewExtent{1, 2, 3, 4, 5}));
+  EXPECT_EQ(state.extent, (PreviewExtent{{1, 2, 3, 4}, 5}));
   EXPECT_EQ(state.jobPath, job.folder / "job.sqlite");
   EXPECT_THAT(job.host.messages, IsEmpty());
 }

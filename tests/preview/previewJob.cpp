@@ -4,16 +4,18 @@
 
 namespace kestrin::test {
 
+std::vector<std::string> PreviewJob::Draw(Renderer renderer, const preview::PreviewState& state) {
+  renderer(state, {.line = 1, .fill = 2}, picture, host);
+  return picture.Take();
+}
+
 std::vector<std::string> PreviewJob::Drawn(Renderer renderer) {
-  renderer(HundredMetres(builder.Finish()), picture, host);
-  std::vector<std::string> calls = picture.Take();
-  const std::vector<std::string> frame{"RemovePicture", "Clear", "Refresh"};
-  if (calls.size() < 3 || calls[0] != frame[0] || calls[1] != frame[1] ||
-      calls.back() != frame[2]) {
+  std::vector<std::string> calls = Draw(renderer, HundredMetres(builder.Finish()));
+  if (calls.size() < 2 || calls.front() != "Clear" || calls.back() != "Refresh") {
     ADD_FAILURE() << "not between a clearing and a refresh: " << testing::PrintToString(calls);
     return calls;
   }
-  return {calls.begin() + 2, calls.end() - 1};
+  return {calls.begin() + 1, calls.end() - 1};
 }
 
 }  // namespace kestrin::test

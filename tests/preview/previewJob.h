@@ -6,7 +6,7 @@
 #include "geo/localOffsets.h"
 #include "geo/modProj4.h"
 #include "jobstore/queries.h"
-#include "preview/previewState.h"
+#include "preview/renderers.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/recordingHost.h"
 #include "tests/support/recordingPicture.h"
@@ -32,8 +32,8 @@ inline geo::UtmPoint Origin(double latitude = kLatitude, double longitude = kLon
 /// picture of 100 by 100: an epoch at east e, north n is drawn at e, 100 - n.
 inline preview::PreviewState HundredMetres(const std::string& jobPath) {
   const geo::UtmPoint origin = Origin();
-  return {jobPath,
-          {origin.easting, origin.northing, origin.easting + 100, origin.northing + 100, 1}};
+  const geo::UtmPoint corner{origin.easting + 100, origin.northing + 100};
+  return {jobPath, {geo::Box::Of(origin, corner), 1}};
 }
 
 /// A job with one reference location, to be filled by a test.
@@ -55,9 +55,13 @@ struct PreviewJob {
     return *this;
   }
 
-  using Renderer = void (*)(const preview::PreviewState&, preview::Picture&, base::RunHost&);
+  using Renderer = decltype(&preview::DrawWirePreview);
 
-  /// The calls between the clearing and the refresh, which are checked to be there.
+  /// Draws the state's job with lines in colour 1, filled in 2, and returns the calls.
+  std::vector<std::string> Draw(Renderer renderer, const preview::PreviewState& state);
+
+  /// The calls between the clearing and the refresh, which are checked to be there, on the
+  /// hundred metres.
   std::vector<std::string> Drawn(Renderer renderer);
 };
 

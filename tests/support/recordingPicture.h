@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <span>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,8 +13,9 @@
 
 namespace kestrin::test {
 
-/// A picture that keeps the calls made on it, as texts: "Line 1,2 3,4". Reading its
-/// size or its colours is no call.
+/// A picture that keeps the calls made on it, as texts: name, colours in hexadecimal, points,
+/// radius. "Polygon A B 1,2 3,4 5,6" is filled in A and outlined in B. Reading its size is no
+/// call.
 class RecordingPicture : public preview::Picture {
  public:
   RecordingPicture() = default;
@@ -20,29 +23,20 @@ class RecordingPicture : public preview::Picture {
 
   double Width() const override { return width_; }
   double Height() const override { return height_; }
-  std::uint32_t ForeColor() const override { return foreColor_; }
-  void SetForeColor(std::uint32_t bgr) override {
-    foreColor_ = bgr;
-    calls.push_back("ForeColor " + std::to_string(bgr));
-  }
-  std::uint32_t FillColor() const override { return fillColor_; }
-  void SetFillColor(std::uint32_t bgr) override {
-    fillColor_ = bgr;
-    calls.push_back("FillColor " + std::to_string(bgr));
-  }
-  void RemovePicture() override { calls.emplace_back("RemovePicture"); }
   void Clear() override { calls.emplace_back("Clear"); }
-  void Polyline(std::span<const preview::PicturePoint> points) override {
-    calls.push_back("Polyline" + Text(points));
+  void Polyline(std::span<const preview::PicturePoint> points, preview::Bgr colour) override {
+    Record("Polyline", {colour}, points);
   }
-  void Polygon(std::span<const preview::PicturePoint> points) override {
-    calls.push_back("Polygon" + Text(points));
+  void Polygon(std::span<const preview::PicturePoint> points, preview::Bgr fill,
+               preview::Bgr outline) override {
+    Record("Polygon", {fill, outline}, points);
   }
-  void Line(preview::PicturePoint from, preview::PicturePoint to) override {
-    calls.push_back("Line" + Text(std::array{from, to}));
+  void Line(preview::PicturePoint from, preview::PicturePoint to, preview::Bgr colour) override {
+    Record("Line", {colour}, std::array{from, to});
   }
-  void Circle(preview::PicturePoint centre, std::int32_t radius) override {
-    calls.push_back("Circle" + Text(std::array{centre}) + " " + std::to_string(radius));
+  void Circle(preview::PicturePoint centre, std::int32_t radius, preview::Bgr colour) override {
+    Record("Circle", {colour}, std::array{centre});
+    calls.back() += " " + std::to_string(radius);
   }
   void Refresh() override { calls.emplace_back("Refresh"); }
 
@@ -52,17 +46,18 @@ class RecordingPicture : public preview::Picture {
   std::vector<std::string> calls;
 
  private:
-  static std::string Text(std::span<const preview::PicturePoint> points) {
-    std::string text;
-    for (const preview::PicturePoint& point : points) {
-      text += " " + std::to_string(point.x) + "," + std::to_string(point.y);
-    }
-    return text;
+  void Record(const char* name, std::initializer_list<preview::Bgr> colours,
+              std::span<const preview::PicturePoint> points) {
+    std::ostringstream call;
+    call << name << std::hex << std::uppercase;
+    for (const preview::Bgr colour : colours) call << ' ' << colour;
+    call << std::dec;
+    for (const preview::PicturePoint& point : points) call << ' ' << point.x << ',' << point.y;
+    calls.push_back(call.str());
   }
+
   double width_ = 100;
   double height_ = 100;
-  std::uint32_t foreColor_ = 1;
-  std::uint32_t fillColor_ = 2;
 };
 
 }  // namespace kestrin::test

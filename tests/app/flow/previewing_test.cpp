@@ -26,7 +26,7 @@ TEST_F(Previewing, AFirstSelectionSelectsAndDrawsTheWire) {
   EXPECT_THAT(window.calls, Contains("Option1_0 selected"));
   // Cleared by the extent pass, then by the renderer.
   const auto calls = picture.Take();
-  EXPECT_THAT(std::vector(calls.begin(), calls.begin() + 2), ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(std::vector(calls.begin(), calls.begin() + 2), ElementsAre("Clear", "Clear"));
   EXPECT_THAT(calls, Contains(StartsWith("Polyline")));
 }
 

@@ -16,7 +16,6 @@ class PictureBoxTest : public testing::Test {
   PictureBoxTest() {
     box_.resize(100, 80);
     box_.Clear();
-    box_.SetForeColor(kBlue);
   }
 
   QRgb At(int x, int y) { return box_.Image().pixel(x, y); }
@@ -25,14 +24,14 @@ class PictureBoxTest : public testing::Test {
 };
 
 TEST_F(PictureBoxTest, ClearPaintsTheGroundWhite) {
-  box_.Line({0, 0}, {99, 79});
+  box_.Line({0, 0}, {99, 79}, kBlue);
   box_.Clear();
   EXPECT_EQ(At(0, 0), kWhite);
   EXPECT_EQ(At(50, 40), kWhite);
 }
 
 TEST_F(PictureBoxTest, LineRunsFromPixelToPixel) {
-  box_.Line({10, 20}, {30, 20});
+  box_.Line({10, 20}, {30, 20}, kBlue);
   EXPECT_EQ(At(9, 20), kWhite);
   EXPECT_EQ(At(10, 20), kBlueRgb);
   EXPECT_EQ(At(30, 20), kBlueRgb);
@@ -43,7 +42,7 @@ TEST_F(PictureBoxTest, LineRunsFromPixelToPixel) {
 
 TEST_F(PictureBoxTest, PolylineJoinsItsPointsAndNotItsEnds) {
   const std::array<preview::PicturePoint, 4> points{{{10, 10}, {10, 10}, {50, 10}, {50, 50}}};
-  box_.Polyline(points);
+  box_.Polyline(points, kBlue);
   EXPECT_EQ(At(30, 10), kBlueRgb);
   EXPECT_EQ(At(50, 30), kBlueRgb);
   EXPECT_EQ(At(30, 30), kWhite);
@@ -51,14 +50,13 @@ TEST_F(PictureBoxTest, PolylineJoinsItsPointsAndNotItsEnds) {
 
 TEST_F(PictureBoxTest, PolylineOfOnePlaceIsAPoint) {
   const std::array<preview::PicturePoint, 2> points{{{10, 10}, {10, 10}}};
-  box_.Polyline(points);
+  box_.Polyline(points, kBlue);
   EXPECT_EQ(At(10, 10), kBlueRgb);
 }
 
 TEST_F(PictureBoxTest, PolygonIsFilledAndOutlined) {
-  box_.SetFillColor(0x00FF00);
   const std::array<preview::PicturePoint, 4> points{{{10, 10}, {40, 10}, {40, 30}, {10, 30}}};
-  box_.Polygon(points);
+  box_.Polygon(points, 0x00FF00, kBlue);
   EXPECT_EQ(At(10, 10), kBlueRgb);
   EXPECT_EQ(At(40, 30), kBlueRgb);
   EXPECT_EQ(At(25, 20), qRgb(0, 255, 0));
@@ -66,7 +64,7 @@ TEST_F(PictureBoxTest, PolygonIsFilledAndOutlined) {
 }
 
 TEST_F(PictureBoxTest, CircleIsAnOutlineOfItsRadius) {
-  box_.Circle({50, 40}, 3);
+  box_.Circle({50, 40}, 3, kBlue);
   EXPECT_EQ(At(50, 40), kWhite);
   for (const auto& [x, y] : {std::pair{47, 40}, {53, 40}, {50, 37}, {50, 43}}) {
     EXPECT_EQ(At(x, y), kBlueRgb) << x << ' ' << y;
@@ -75,49 +73,56 @@ TEST_F(PictureBoxTest, CircleIsAnOutlineOfItsRadius) {
 }
 
 TEST_F(PictureBoxTest, AShapeCoveredByAnotherColourIsDrawnAgain) {
-  box_.Line({10, 10}, {30, 10});
-  box_.SetForeColor(0x0000FF);
-  box_.Line({10, 10}, {30, 10});
-  box_.SetForeColor(kBlue);
-  box_.Line({10, 10}, {30, 10});
+  box_.Line({10, 10}, {30, 10}, kBlue);
+  box_.Line({5, 10}, {35, 10}, 0x0000FF);
+  EXPECT_EQ(At(20, 10), qRgb(255, 0, 0));
+  box_.Line({10, 10}, {30, 10}, kBlue);
   EXPECT_EQ(At(20, 10), kBlueRgb);
 }
 
 TEST_F(PictureBoxTest, AShapeCoveredByAPolygonIsDrawnAgain) {
-  box_.Line({10, 10}, {30, 10});
-  box_.SetFillColor(0xFFFFFF);
+  box_.Line({10, 10}, {30, 10}, kBlue);
   const std::array<preview::PicturePoint, 4> over{{{0, 0}, {60, 0}, {60, 60}, {0, 60}}};
-  box_.Polygon(over);
+  box_.Polygon(over, 0xFFFFFF, kBlue);
   EXPECT_EQ(At(20, 10), kWhite);
-  box_.Line({10, 10}, {30, 10});
+  box_.Line({10, 10}, {30, 10}, kBlue);
   EXPECT_EQ(At(20, 10), kBlueRgb);
 }
 
-TEST_F(PictureBoxTest, AShapeOfAPictureThatWasRemovedIsDrawnAgain) {
-  box_.Line({10, 10}, {30, 10});
-  box_.RemovePicture();
-  box_.Line({10, 10}, {30, 10});
+TEST_F(PictureBoxTest, AShapeOfAPictureThatWasClearedIsDrawnAgain) {
+  box_.Line({10, 10}, {30, 10}, kBlue);
+  box_.Clear();
+  box_.Line({10, 10}, {30, 10}, kBlue);
   EXPECT_EQ(At(20, 10), kBlueRgb);
+}
+
+TEST_F(PictureBoxTest, ACircleAfterAPolygonIsNotFilled) {
+  const std::array<preview::PicturePoint, 4> points{{{10, 10}, {20, 10}, {20, 20}, {10, 20}}};
+  box_.Polygon(points, 0x00FF00, kBlue);
+  box_.Circle({50, 40}, 3, kBlue);
+  EXPECT_EQ(At(50, 40), kWhite);
+  box_.Polygon(points, 0x00FF00, kBlue);
+  EXPECT_EQ(At(15, 15), qRgb(0, 255, 0));
 }
 
 TEST_F(PictureBoxTest, WhatIsOutsideIsLeftOut) {
-  box_.Line({-1000, 40}, {100000, 40});
-  box_.Circle({-50, -50}, 3);
+  box_.Line({-1000, 40}, {100000, 40}, kBlue);
+  box_.Circle({-50, -50}, 3, kBlue);
   EXPECT_EQ(At(0, 40), kBlueRgb);
   EXPECT_EQ(At(99, 40), kBlueRgb);
 }
 
 TEST_F(PictureBoxTest, ThePictureIsKeptAndShownOnPaint) {
-  box_.Line({10, 10}, {30, 10});
+  box_.Line({10, 10}, {30, 10}, kBlue);
   box_.Refresh();
   EXPECT_EQ(box_.grab().toImage().pixel(20, 10), kBlueRgb);
   EXPECT_EQ(box_.grab().toImage().pixel(20, 10), kBlueRgb);
 }
 
 TEST_F(PictureBoxTest, PaintingInTheMiddleOfADrawingDoesNotDisturbIt) {
-  box_.Line({10, 10}, {30, 10});
+  box_.Line({10, 10}, {30, 10}, kBlue);
   EXPECT_EQ(box_.grab().toImage().pixel(20, 10), kBlueRgb);
-  box_.Line({10, 20}, {30, 20});
+  box_.Line({10, 20}, {30, 20}, kBlue);
   EXPECT_EQ(At(20, 20), kBlueRgb);
 }
 
@@ -125,8 +130,8 @@ TEST_F(PictureBoxTest, ABoxWithoutSizeTakesAllCallsAndDrawsNothing) {
   PictureBox none(nullptr);
   none.resize(0, 0);
   none.Clear();
-  none.Line({0, 0}, {5, 5});
-  none.Circle({1, 1}, 3);
+  none.Line({0, 0}, {5, 5}, kBlue);
+  none.Circle({1, 1}, 3, kBlue);
   none.Refresh();
   EXPECT_TRUE(none.Image().isNull());
 }

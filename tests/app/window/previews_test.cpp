@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "preview/previewKinds.h"
 #include "tests/app/testWindow.h"
 #include "tests/support/jobBuilder.h"
 

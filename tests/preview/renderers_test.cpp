@@ -1,29 +1,22 @@
-#include "preview/drawJob.h"
+#include "preview/renderers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "preview/boomPreview.h"
-#include "preview/pointPreview.h"
-#include "preview/polyPreview.h"
-#include "preview/previewKinds.h"
-#include "preview/wirePreview.h"
 #include "tests/preview/previewJob.h"
 
 namespace kestrin::preview {
 namespace {
 
 using test::PreviewJob;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What all four renderers have in common.
 class AnyPreview : public testing::TestWithParam<PreviewJob::Renderer> {
  protected:
-  std::vector<std::string> Draw(const PreviewState& state) {
-    GetParam()(state, job_.picture, job_.host);
-    return job_.picture.Take();
-  }
+  std::vector<std::string> Draw(const PreviewState& state) { return job_.Draw(GetParam(), state); }
 
   PreviewJob job_;
 };
@@ -37,38 +30,33 @@ TEST_P(AnyPreview, DoesNothingWithoutAJobPath) {
 }
 
 TEST_P(AnyPreview, ClearsBeforeOpeningAndFailsSilently) {
-  EXPECT_THAT(Draw(test::HundredMetres(job_.folder / "missing.sqlite")),
-              ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(Draw(test::HundredMetres(job_.folder / "missing.sqlite")), ElementsAre("Clear"));
   EXPECT_THAT(job_.host.messages, IsEmpty());
 }
 
 TEST_P(AnyPreview, EndsSilentlyWithoutAReferenceTable) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50);
   job_.builder.Execute("DROP TABLE ReferenceLocationChangeTable");
-  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())),
-              ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())), ElementsAre("Clear"));
   EXPECT_THAT(job_.host.messages, IsEmpty());
 }
 
 TEST_P(AnyPreview, EndsSilentlyWithoutAReferenceLocation) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50);
   job_.builder.Execute("DELETE FROM ReferenceLocationChangeTable");
-  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())),
-              ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())), ElementsAre("Clear"));
 }
 
 TEST_P(AnyPreview, EndsSilentlyWithoutAGpsTable) {
   job_.Implement(0, {{10, 0, 0, 0}}).builder.Execute("DROP TABLE GpsDataTable");
-  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())),
-              ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())), ElementsAre("Clear"));
   EXPECT_THAT(job_.host.messages, IsEmpty());
 }
 
 TEST_P(AnyPreview, DrawsNothingOnAPictureWithoutSize) {
   job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60);
   job_.picture = test::RecordingPicture(0, 100);
-  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())),
-              ElementsAre("RemovePicture", "Clear"));
+  EXPECT_THAT(Draw(test::HundredMetres(job_.builder.Finish())), ElementsAre("Clear"));
 }
 
 TEST_P(AnyPreview, CountsAndYieldsOncePerGpsRowThatTakesPart) {
@@ -88,30 +76,20 @@ TEST_P(AnyPreview, LetsACancelledRunPass) {
   EXPECT_THROW(Draw(state), base::RunCancelled);
 }
 
-TEST_P(AnyPreview, LeavesThePictureWithItsColours) {
-  job_.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60);
-  Draw(test::HundredMetres(job_.builder.Finish()));
-  EXPECT_EQ(job_.picture.ForeColor(), 1U);
-  EXPECT_EQ(job_.picture.FillColor(), 2U);
-}
-
 TEST(PreviewKinds, EachKindIsDrawnInItsOwnColours) {
   PreviewJob job;
-  job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 60, 60);
+  job.Implement(0, {{10, 0, 0, 0}}).At(1, 50, 50).At(2, 50, 60);
   const PreviewState state = test::HundredMetres(job.builder.Finish());
   const auto drawn = [&](int kind) {
     DrawPreview(kind, state, job.picture, job.host);
-    const std::vector<std::string> calls = job.picture.Take();
-    return calls.size() > 4 ? calls[4] : std::string();
+    return job.picture.Take();
   };
-  EXPECT_EQ(drawn(0), "Polyline 50,50 60,40");
-  EXPECT_EQ(job.picture.ForeColor(), 0x8C3C00U);
-  EXPECT_EQ(drawn(1), "Line 55,50 45,50");
-  EXPECT_EQ(job.picture.ForeColor(), 0x8C3C00U);
-  const std::string poly = drawn(2);
-  EXPECT_EQ(poly, "ForeColor " + std::to_string(job.picture.FillColor()));
-  EXPECT_EQ(drawn(3), "Circle 50,50 3");
-  EXPECT_EQ(job.picture.ForeColor(), 0x8C3C00U);
+  EXPECT_THAT(drawn(0), Contains("Polyline 8C3C00 50,50 50,40"));
+  EXPECT_THAT(drawn(1), Contains("Line 8C3C00 55,50 45,50"));
+  const std::vector<std::string> swath = drawn(2);
+  EXPECT_THAT(swath, Contains("Polygon 5CB86C 5CB86C 55,50 55,40 45,40 45,50"));
+  EXPECT_THAT(swath, Contains("Line 2E6E1E 55,50 55,40"));
+  EXPECT_THAT(drawn(3), Contains("Circle 8C3C00 50,50 3"));
 }
 
 TEST(PreviewKinds, AKindThatIsNoneDrawsNothing) {
