@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "export/coverage/outline.h"
+#include "export/coverage/swath.h"
 
 namespace kestrin::test {
 
