@@ -65,12 +65,17 @@ Place Passes(std::int64_t row) {
           ahead * std::cos(kAskew) - across * std::sin(kAskew), kAskew + (up ? turn : kPi - turn)};
 }
 
-/// Outwards, the arms 9.2 m apart.
-Place Spiral(std::int64_t row) {
+/// Outwards, the arms 9.2 m apart, so many metres from the middle.
+Place OnSpiral(double metres) {
   const double growth = 9.2 / (2 * kPi);
-  const double angle = std::sqrt(2 * (0.6 * static_cast<double>(row) + 200) / growth);
+  const double angle = std::sqrt(2 * metres / growth);
   return {growth * angle * std::sin(angle), growth * angle * std::cos(angle), angle + kPi / 2};
 }
+
+Place Spiral(std::int64_t row) { return OnSpiral(0.6 * static_cast<double>(row) + 200); }
+
+/// Rows so far apart that hardly a box of many of them lies clear of the newest.
+Place SparseSpiral(std::int64_t row) { return OnSpiral(20 * static_cast<double>(row) + 200); }
 
 void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int64_t)) {
   Database job(path);
@@ -154,16 +159,14 @@ void PolyExport(benchmark::State& state, Place (*place)(std::int64_t)) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-BENCHMARK_CAPTURE(PolyExport, Passes, Passes)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(PolyExport, Spiral, Spiral)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+void Sizes(benchmark::internal::Benchmark* bench) {
+  bench->RangeMultiplier(10)->Range(10'000, 1'000'000);
+  bench->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK_CAPTURE(PolyExport, Passes, Passes)->Apply(Sizes);
+BENCHMARK_CAPTURE(PolyExport, Spiral, Spiral)->Apply(Sizes);
+BENCHMARK_CAPTURE(PolyExport, SparseSpiral, SparseSpiral)->Apply(Sizes);
 
 }  // namespace
 }  // namespace kestrin

@@ -28,12 +28,6 @@ struct Box {
   /// Whether nothing has been taken in yet.
   bool IsEmpty() const { return xMin > xMax; }
 
-  /// Whether all bounds are there and finite.
-  bool IsFinite() const {
-    return -kNothing < xMin && xMin < kNothing && -kNothing < xMax && xMax < kNothing &&
-           -kNothing < yMin && yMin < kNothing && -kNothing < yMax && yMax < kNothing;
-  }
-
   /// The first point sets all four bounds; a later one lowers a minimum or else raises a
   /// maximum.
   void Widen(double x, double y) {

@@ -7,42 +7,20 @@
 
 namespace kestrin::coverage {
 
-/// One accepted GPS row as the coverage polygons see it: UTM metres, the yaw in
-/// radians, clockwise from north.
-struct SwathRow {
-  geo::UtmPoint centre;
-  geo::UtmPoint left;
-  geo::UtmPoint right;
-  double yaw = 0;
-
-  /// The row of an implement `width` metres wide.
-  static SwathRow Of(geo::UtmPoint centre, double yaw, double width);
-};
-
-/// The lists of the polygon being built, a point per accepted row each.
-struct Outline {
-  IndexedPath centres;
-  Edge leftEdge{Edge::Side::kLeft};
-  Edge rightEdge{Edge::Side::kRight};
-
-  /// Begins a polygon with a row.
-  void Begin(const SwathRow& row);
-  void Append(const SwathRow& row);
-  void DropNewest();
-
- private:
-  void Add(const SwathRow& row, const SwathMotion& motion);
-  SwathMotion MotionTo(const SwathRow& row) const;
-
-  SwathRow newest_;
-  double turned_ = 0;
-};
-
-/// Looks after the lists when a row has been appended. When the newest segment of
-/// the vehicle's way meets an earlier one, returns the index of its end, counted
-/// from 1: the polygon is to be cut there, and nothing else is done. The segment
-/// before the newest is not asked, nor the one before that. Otherwise takes the loops
-/// of sharp turns out of the edges and returns 0.
-std::size_t CleanOutline(Outline& outline);
+/// Cleans up the polygon being built, once for each row taken into it.
+///
+/// First it looks for a cut. When the newest segment of the outline meets an earlier one
+/// of the same polygon, ends included, the vehicle has crossed its own track: `count`
+/// becomes `endIndex`, the row at which the next polygon must begin, and nothing else is
+/// done. The segment just before the newest is not asked, as the two touch in any case.
+///
+/// Otherwise `count` becomes 0, and the folds that the newest row closed are taken out of
+/// the edges.
+///
+/// Rows are counted from 1 over the whole job: the polygon's first is `startIndex`, its
+/// newest `endIndex`, and `outline` holds a point for each of these. The edges hold as
+/// many, less those of folds. UTM metres; NaN and infinite points meet nothing.
+void CleanOutline(IndexedPath& outline, Edge& leftEdge, Edge& rightEdge, std::size_t startIndex,
+                  std::size_t endIndex, std::size_t& count);
 
 }  // namespace kestrin::coverage

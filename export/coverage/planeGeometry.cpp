@@ -57,12 +57,23 @@ double PolygonArea(std::span<const geo::UtmPoint> points) {
   return 0.5 * sum;
 }
 
-bool SegmentsMeet(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
-  double x = 0;
-  double y = 0;
+double SquareDistance(geo::UtmPoint a, geo::UtmPoint b) {
+  const double east = a.easting - b.easting;
+  const double north = a.northing - b.northing;
+  return east * east + north * north;
+}
+
+geo::UtmPoint MeetingPoint(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
+  geo::UtmPoint meeting;
   FindLineIntersection(a.easting, a.northing, b.easting, b.northing, c.easting, c.northing,
-                       d.easting, d.northing, x, y);
-  return x < kNoIntersection && geo::Box::Of(a, b).Holds(x, y) && geo::Box::Of(c, d).Holds(x, y);
+                       d.easting, d.northing, meeting.easting, meeting.northing);
+  return meeting;
+}
+
+bool SegmentsMeet(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
+  const geo::UtmPoint meeting = MeetingPoint(a, b, c, d);
+  return meeting.easting < kNoIntersection && geo::Box::Of(a, b).Holds(meeting) &&
+         geo::Box::Of(c, d).Holds(meeting);
 }
 
 int SideOf(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
@@ -72,10 +83,6 @@ int SideOf(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
 
 bool SegmentsCross(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
   return SideOf(a, b, c) * SideOf(a, b, d) < 0 && SideOf(c, d, a) * SideOf(c, d, b) < 0;
-}
-
-bool LiesBeforeEnd(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
-  return point != b && geo::Box::Of(a, b).Holds(point.easting, point.northing);
 }
 
 bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, geo::UtmPoint a,

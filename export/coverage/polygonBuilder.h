@@ -2,24 +2,31 @@
 
 #include <cstddef>
 #include <functional>
+#include <utility>
 #include <vector>
 
-#include "export/coverage/outline.h"
 #include "export/coverage/rings.h"
+#include "export/coverage/swath.h"
 
 namespace kestrin::coverage {
 
-/// Turns the GPS rows of a job into rings, one polygon at a time.
+/// Turns the GPS rows of a job into rings, one polygon at a time. A polygon begins at the
+/// first row, at each row marked so, and at each row whose way from the row before meets
+/// the way driven in the same polygon: there it is cut. A row that moves neither end of
+/// the implement is passed over, unless it is marked.
+///
+/// Nothing fails but what the sink throws. Memory grows with the rows of one polygon; a
+/// million rows in one polygon cost about 0.2 s.
 class PolygonBuilder {
  public:
-  /// `sink` takes the rings in order, as soon as each is complete; none at all when
-  /// the job has too few rows.
+  /// `sink` takes the rings in order, as soon as each is complete; none at all when the
+  /// job has fewer than four rows.
   explicit PolygonBuilder(std::function<void(const Ring&)> sink) : sink_(std::move(sink)) {}
 
   /// Takes the next row; `begins` when it is marked as beginning a stretch.
   void Add(const SwathRow& row, bool begins);
 
-  /// Completes the last ring.
+  /// Completes the last ring. To be called once, after the last row.
   void Finish();
 
  private:
@@ -27,14 +34,12 @@ class PolygonBuilder {
   static constexpr std::size_t kFewestRows = 4;
 
   void Begin(const SwathRow& row);
-  void Close();
 
   std::function<void(const Ring&)> sink_;
-  Outline outline_;
-  SwathRow last_;
-  std::size_t rows_ = 0;
-  Ring ring_;
-  std::vector<Ring> early_;  // rings complete before it was known that there are rows enough
+  Swath swath_;
+  std::size_t rows_ = 0;        // taken so far, of the whole job
+  std::size_t startIndex_ = 0;  // of the polygon's first row, counted from 1
+  std::vector<Ring> complete_;  // and kept back until there are rows enough
 };
 
 }  // namespace kestrin::coverage

@@ -16,9 +16,8 @@ constexpr double kAcresPerSquareMetre = 0.000247105381;
 
 }  // namespace
 
-void Ring::Build(const std::vector<geo::UtmPoint>& leftEdge,
-                 const std::vector<geo::UtmPoint>& rightEdge) {
-  points_.clear();
+Ring::Ring(const std::vector<geo::UtmPoint>& leftEdge,
+           const std::vector<geo::UtmPoint>& rightEdge) {
   points_.reserve(leftEdge.size() + rightEdge.size() + 1);
   for (const geo::UtmPoint& point : leftEdge) Add(point);
   for (auto point = rightEdge.rbegin(); point != rightEdge.rend(); ++point) Add(*point);

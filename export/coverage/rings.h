@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,19 +11,22 @@
 
 namespace kestrin::coverage {
 
-/// One closed ring of a coverage polygon: up the left edge and back down the right
-/// one, clockwise when driven forward, no two equal points in a row, its first
-/// point also its last. UTM metres.
+/// The closed line around one coverage polygon, as it is written: up the left edge, over
+/// to the right edge's end, back down the right edge, and the first point once more. No
+/// two neighbours are equal. It runs clockwise when the vehicle drives forward, as
+/// readers of shapefiles want it of outer rings. UTM metres.
+///
+/// Nothing fails. Edges without points make an empty ring; NaN coordinates are kept.
 class Ring {
  public:
-  void Build(const std::vector<geo::UtmPoint>& leftEdge,
-             const std::vector<geo::UtmPoint>& rightEdge);
+  Ring(const std::vector<geo::UtmPoint>& leftEdge, const std::vector<geo::UtmPoint>& rightEdge);
 
   const std::vector<geo::UtmPoint>& Points() const { return points_; }
 
-  /// Whether it has the three distinct points that a ring needs.
+  /// Whether it has the three distinct points that a polygon needs.
   bool IsPolygon() const;
 
+  /// The area in acres of the plane's square metres, whichever way the ring runs.
   double Acres() const;
 
  private:
@@ -32,8 +35,11 @@ class Ring {
   std::vector<geo::UtmPoint> points_;
 };
 
-/// Writes the rings of a job as a polygon set, record by record. Makes no files
-/// before the first ring to write.
+/// Writes the rings of a job as a polygon set, record by record, projected to degrees.
+/// Makes no files before the first ring to write.
+///
+/// Throws what the files throw, and lets base::RunCancelled pass, which a long ring asks
+/// for in between; without Finish() nothing stays of the set.
 class RingWriter {
  public:
   RingWriter(const std::string& basePath, const geo::WorkingPlane& plane, exports::ExportRun& run);

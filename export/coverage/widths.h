@@ -9,11 +9,14 @@
 
 namespace kestrin::coverage {
 
-/// The width the coverage polygons take for the implement, over GPS time, in metres.
+/// The implement's width over GPS time, in metres, as the coverage polygons take it.
 ///
-/// Widths add up over the rows of the implement table: each row's sections come on
-/// top of what stood before. The sets have always been made so, and those who read
-/// them correct for it.
+/// Widths accumulate: each row of the implement table adds its sections' widths to the
+/// width before. Two rows of 10 m make 10 m, then 20 m. This is kept on purpose: sets
+/// have always been made so, and those who read them allow for it.
+///
+/// Nothing fails. Sections of no, negative or NaN width add nothing; an infinite one makes
+/// the width infinite from its row on.
 class WidthTimeline {
  public:
   /// Adds the implement attached next. The first always makes an entry, a later one

@@ -13,7 +13,6 @@ TEST(Box, HoldsAndOverlapsNothingWithoutPoints) {
   EXPECT_TRUE(box.IsEmpty());
   EXPECT_FALSE(box.Holds(0, 0));
   EXPECT_FALSE(box.Overlaps({-1, -1, 1, 1}));
-  EXPECT_FALSE(box.IsFinite());
 }
 
 TEST(Box, KeepsWhatIsNoNumberFromItsFirstPointOn) {

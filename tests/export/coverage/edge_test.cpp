@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "export/coverage/outline.h"
 #include "export/coverage/polygonBuilder.h"
 #include "tests/export/coverage/literalCoverage.h"
 #include "tests/export/coverage/sharpTurns.h"
@@ -27,14 +28,16 @@ MATCHER_P2(IsNear, east, north, "") {
 test::Driver North(double step = 0.93) { return {{0, 0}, 0, kWidth, step}; }
 
 /// The edges of a way without its last row's clean-up at the polygon's end.
-Outline EdgesOf(const test::Driver& driver) {
-  Outline outline;
-  outline.Begin(driver.Rows().front());
+Swath EdgesOf(const test::Driver& driver) {
+  Swath swath;
+  swath.Begin(driver.Rows().front());
   for (std::size_t i = 1; i < driver.Rows().size(); ++i) {
-    outline.Append(driver.Rows()[i]);
-    EXPECT_EQ(CleanOutline(outline), 0U);
+    swath.Append(driver.Rows()[i]);
+    std::size_t count = 1;
+    CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, 1, i + 1, count);
+    EXPECT_EQ(count, 0U);
   }
-  return outline;
+  return swath;
 }
 
 std::vector<std::vector<geo::UtmPoint>> RingsOf(const std::vector<SwathRow>& rows) {
@@ -59,12 +62,12 @@ void ExpectUntangled(const test::Driver& driver) {
   EXPECT_FALSE(test::RingCrossesItself(RingsOf(driver.Rows())[0]));
 }
 
-TEST(Edge, InnerLoopOfATurnIsCutOffAtTheCrossing) {
+TEST(Edge, FoldOfATurnIsCutOffAtTheCrossing) {
   const test::Driver driver = North().Straight(24).Turn(kRight, 2).Straight(24);
-  const Outline outline = EdgesOf(driver);
+  const Swath swath = EdgesOf(driver);
   // The inner end goes up 6 m east of the first leg, and on 6 m south of the second.
-  EXPECT_THAT(outline.rightEdge.Points(), Contains(IsNear(6, 20)));
-  for (const geo::UtmPoint& point : outline.rightEdge.Points()) {
+  EXPECT_THAT(swath.rightEdge.Points(), Contains(IsNear(6, 20)));
+  for (const geo::UtmPoint& point : swath.rightEdge.Points()) {
     EXPECT_GT(point.easting, 6 - 1e-6);
     EXPECT_LT(point.northing, 20 + 1e-6);
   }
@@ -78,15 +81,15 @@ TEST(Edge, OuterEdgeOfATurnKeepsEveryPoint) {
   for (std::size_t i = 0; i < outer.size(); ++i) EXPECT_EQ(outer[i], driver.Rows()[i].left);
 }
 
-TEST(Edge, LeftTurnsLoseTheLoopOfTheLeftEdge) {
+TEST(Edge, LeftTurnsLoseTheFoldOfTheLeftEdge) {
   const test::Driver driver = North().Straight(24).Turn(-kRight, 2).Straight(24);
-  const Outline outline = EdgesOf(driver);
-  EXPECT_THAT(outline.leftEdge.Points(), Contains(IsNear(-6, 20)));
-  EXPECT_EQ(outline.rightEdge.Points().size(), driver.Rows().size());
+  const Swath swath = EdgesOf(driver);
+  EXPECT_THAT(swath.leftEdge.Points(), Contains(IsNear(-6, 20)));
+  EXPECT_EQ(swath.rightEdge.Points().size(), driver.Rows().size());
   ExpectUntangled(driver);
 }
 
-TEST(Edge, BothCornersOfATurnBackLoseTheirLoops) {
+TEST(Edge, BothCornersOfATurnBackLoseTheirFolds) {
   const test::Driver driver =
       North().Straight(24).Turn(kRight, 1).Straight(13).Turn(kRight, 1).Straight(24);
   const auto inner = EdgesOf(driver).rightEdge.Points();
@@ -95,7 +98,7 @@ TEST(Edge, BothCornersOfATurnBackLoseTheirLoops) {
   ExpectUntangled(driver);
 }
 
-TEST(Edge, LoopAroundTheBeginningIsCutOffAtTheFirstBoom) {
+TEST(Edge, FoldAroundTheBeginningIsCutOffAtTheFirstBoom) {
   // A turn on the spot after 3 m: the inner end leaves behind the first boom.
   const test::Driver driver = North(1).Straight(3).Turn(kRight, 0).Straight(40);
   const auto inner = EdgesOf(driver).rightEdge.Points();
@@ -105,7 +108,7 @@ TEST(Edge, LoopAroundTheBeginningIsCutOffAtTheFirstBoom) {
   ExpectUntangled(driver);
 }
 
-TEST(Edge, LoopAtTheEndIsCutOffAtTheLastBoom) {
+TEST(Edge, FoldAtTheEndIsCutOffAtTheLastBoom) {
   const test::Driver driver = North(1).Straight(40).Turn(kRight, 0).Straight(3);
   // The last boom stands 3 m to the right of the first leg, across its inner edge's
   // way from (6, 40) to (1, 34).
@@ -119,9 +122,9 @@ TEST(Edge, RoundThatComesBackToItsOwnEdgeKeepsEveryPoint) {
   // the first boom, but what it closes lies around ground that is not covered.
   const test::Driver driver =
       North().Turn(3.6 * kRight, 26).Turn(0.5 * kRight, 18).Turn(0.2 * kRight, 26);
-  const Outline outline = EdgesOf(driver);
-  EXPECT_EQ(outline.rightEdge.Points().size(), driver.Rows().size());
-  EXPECT_EQ(outline.leftEdge.Points().size(), driver.Rows().size());
+  const Swath swath = EdgesOf(driver);
+  EXPECT_EQ(swath.rightEdge.Points().size(), driver.Rows().size());
+  EXPECT_EQ(swath.leftEdge.Points().size(), driver.Rows().size());
   EXPECT_TRUE(test::RingCrossesItself(LiteralRingsOf(driver.Rows())[0]));
   EXPECT_TRUE(RingsOf(driver.Rows()) == LiteralRingsOf(driver.Rows()));
 }

@@ -15,22 +15,32 @@ bool Within(double value, double a, double b) {
   return std::min(a, b) <= value && value <= std::max(a, b);
 }
 
+/// Whether the lines through both segments meet within the extents of both.
+bool Hit(geo::UtmPoint p1, geo::UtmPoint p2, geo::UtmPoint p3, geo::UtmPoint p4) {
+  const double dx12 = p2.easting - p1.easting;
+  const double dy12 = p2.northing - p1.northing;
+  const double dx34 = p4.easting - p3.easting;
+  const double dy34 = p4.northing - p3.northing;
+  const double denom = dy12 * dx34 - dx12 * dy34;
+  double ix = 1E+38;
+  double iy = 1E+38;
+  if (denom != 0) {
+    const double t1 =
+        ((p1.easting - p3.easting) * dy34 + (p3.northing - p1.northing) * dx34) / denom;
+    ix = p1.easting + dx12 * t1;
+    iy = p1.northing + dy12 * t1;
+  }
+  return ix < 1E+38 && Within(ix, p1.easting, p2.easting) && Within(ix, p3.easting, p4.easting) &&
+         Within(iy, p1.northing, p2.northing) && Within(iy, p3.northing, p4.northing);
+}
+
 /// The only phase that decides where a polygon is cut.
 int FirstPhase(const std::vector<geo::UtmPoint>& points, int startIndex, int endIndex) {
   if (!(endIndex - startIndex > 2)) return 0;
-  const geo::UtmPoint a = At(points, endIndex - 1);
-  const geo::UtmPoint b = At(points, endIndex);
+  const geo::UtmPoint from = At(points, endIndex - 1);
+  const geo::UtmPoint to = At(points, endIndex);
   for (int i = startIndex; i <= endIndex - 3; ++i) {
-    const geo::UtmPoint c = At(points, i);
-    const geo::UtmPoint d = At(points, i + 1);
-    double x = 0;
-    double y = 0;
-    coverage::FindLineIntersection(a.easting, a.northing, b.easting, b.northing, c.easting,
-                                   c.northing, d.easting, d.northing, x, y);
-    if (x < 1E+38 && Within(x, a.easting, b.easting) && Within(x, c.easting, d.easting) &&
-        Within(y, a.northing, b.northing) && Within(y, c.northing, d.northing)) {
-      return endIndex;
-    }
+    if (Hit(from, to, At(points, i), At(points, i + 1))) return endIndex;
   }
   return 0;
 }
@@ -48,6 +58,21 @@ std::size_t DistinctPoints(std::vector<geo::UtmPoint> ring) {
   };
   std::sort(ring.begin(), ring.end(), before);
   return static_cast<std::size_t>(std::unique(ring.begin(), ring.end()) - ring.begin());
+}
+
+/// On which side of the line from `a` to `b` the point lies: positive to the left.
+long double Side(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
+  const auto east = [&](geo::UtmPoint p) {
+    return static_cast<long double>(p.easting) - a.easting;
+  };
+  const auto north = [&](geo::UtmPoint p) {
+    return static_cast<long double>(p.northing) - a.northing;
+  };
+  return east(b) * north(point) - east(point) * north(b);
+}
+
+bool Parted(long double one, long double other) {
+  return (one < 0 && other > 0) || (one > 0 && other < 0);
 }
 
 }  // namespace
@@ -86,7 +111,11 @@ std::vector<std::vector<geo::UtmPoint>> LiteralPolygons::Rings() const {
 bool RingCrossesItself(const std::vector<geo::UtmPoint>& ring) {
   for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
     for (std::size_t j = i + 2; j + 1 < ring.size(); ++j) {
-      if (coverage::SegmentsCross(ring[i], ring[i + 1], ring[j], ring[j + 1])) return true;
+      const geo::UtmPoint a = ring[i];
+      const geo::UtmPoint b = ring[i + 1];
+      const geo::UtmPoint c = ring[j];
+      const geo::UtmPoint d = ring[j + 1];
+      if (Parted(Side(a, b, c), Side(a, b, d)) && Parted(Side(c, d, a), Side(c, d, b))) return true;
     }
   }
   return false;

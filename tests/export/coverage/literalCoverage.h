@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "export/coverage/outline.h"
+#include "export/coverage/swath.h"
 
 namespace kestrin::test {
 
@@ -12,7 +12,8 @@ struct LiteralRow {
 };
 
 /// The polygons of a list of rows, made slowly step by step with lists over all rows
-/// that count from 1: no index, no early end, no loop taken out of the edges.
+/// that count from 1: no index, no early end, no fold taken out of the edges, and no
+/// geometry but its own.
 struct LiteralPolygons {
   std::vector<geo::UtmPoint> leftEdge = {geo::UtmPoint{}};
   std::vector<geo::UtmPoint> rightEdge = {geo::UtmPoint{}};

@@ -6,6 +6,7 @@
 #include <limits>
 #include <random>
 
+#include "export/coverage/swath.h"
 #include "tests/export/coverage/literalCoverage.h"
 
 namespace kestrin::coverage {
@@ -22,18 +23,23 @@ LiteralRow Row(double east, double north, double yaw = 0, double width = 6) {
 /// Indices of the rows at which polygons begin, counted from 1 behind an empty entry.
 std::vector<int> StartsOf(const Rows& rows) {
   std::vector<int> starts{0};
-  Outline outline;
+  Swath swath;
   int index = 0;
-  SwathRow last;
   for (const auto& [row, begins] : rows) {
     const bool first = begins || index == 0;
-    if (!first && row.left == last.left && row.right == last.right) continue;
+    if (!first && row.left == swath.Newest().left && row.right == swath.Newest().right) continue;
     ++index;
-    last = row;
-    if (!first) outline.Append(row);
-    if (first || CleanOutline(outline) > 0) {
+    std::size_t count = 0;
+    if (!first) {
+      const auto startIndex = static_cast<std::size_t>(starts.back());
+      const auto endIndex = static_cast<std::size_t>(index);
+      swath.Append(row);
+      CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, startIndex, endIndex, count);
+      EXPECT_TRUE(count == 0 || count == endIndex) << count;
+    }
+    if (first || count > 0) {
       starts.push_back(index);
-      outline.Begin(row);
+      swath.Begin(row);
     }
   }
   return starts;
@@ -49,7 +55,7 @@ TEST(CleanOutline, CutsAtTheRowWhoseWayMeetsTheWayDriven) {
   ExpectLiteralStarts(rows);
 }
 
-TEST(CleanOutline, AsksAllSegmentsButTheTwoBeforeTheNewest) {
+TEST(CleanOutline, AsksAllSegmentsButTheOneBeforeTheNewest) {
   // Back over the segment before the newest but one: three points are too few.
   const Rows three{Row(0, 0), Row(10, 0), Row(5, 0.0), Row(5, 5)};
   ExpectLiteralStarts(three);
@@ -82,6 +88,26 @@ TEST(CleanOutline, OnlyTheCurrentPolygonCounts) {
   rows[3].begins = true;
   EXPECT_EQ(StartsOf(rows), (std::vector<int>{0, 1, 4}));
   ExpectLiteralStarts(rows);
+}
+
+TEST(CleanOutline, CountIsTheEndIndexOfAHitAndElseNone) {
+  Swath swath;
+  swath.Begin(Row(0, 0).row);
+  for (const LiteralRow& next : {Row(10, 0), Row(10, 10)}) swath.Append(next.row);
+  // The third row of a polygon that began at the job's seventh.
+  std::size_t count = 99;
+  CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, 7, 9, count);
+  EXPECT_EQ(count, 0U);
+  swath.Append(Row(5, -5).row);
+  CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, 7, 10, count);
+  EXPECT_EQ(count, 10U);
+}
+
+TEST(SwathRow, EndsLieHalfAWidthToEitherSideOfTheHeading) {
+  const double yaw = 0.7;
+  const SwathRow row = SwathRow::Of({5e5, 5e6}, yaw, 9);
+  EXPECT_EQ(row.right, (geo::UtmPoint{5e5 + std::cos(yaw) * 4.5, 5e6 - std::sin(yaw) * 4.5}));
+  EXPECT_EQ(row.left, (geo::UtmPoint{5e5 - std::cos(yaw) * 4.5, 5e6 + std::sin(yaw) * 4.5}));
 }
 
 /// Random ways of several characters: smooth, jittering, on a coarse lattice (where

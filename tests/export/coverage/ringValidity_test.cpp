@@ -45,7 +45,9 @@ void Describe(const test::SharpTurn& turn, const geo::WorkingPlane& plane, std::
   builder.Finish();
 }
 
-TEST(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
+class SharpTurns : public testing::TestWithParam<double> {};
+
+TEST_P(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
   if (std::system("/usr/bin/python3 -c 'import shapely' 2>/dev/null") != 0) {
     GTEST_SKIP() << "no python3 with shapely";
   }
@@ -55,11 +57,14 @@ TEST(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
     std::ofstream out(jobs);
     out << std::setprecision(17);
     const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 40.3, -98.0});
-    for (const test::SharpTurn& turn : test::SharpTurns()) Describe(turn, plane, out);
+    for (const test::SharpTurn& turn : test::SharpTurns(GetParam())) Describe(turn, plane, out);
   }
   const std::string judge = "/usr/bin/python3 '" KESTRIN_RING_VALIDITY "' ";
   EXPECT_EQ(std::system((judge + jobs + " 0.005").c_str()), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(SharesOfHalfTheWidth, SharpTurns,
+                         testing::Values(0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5));
 
 }  // namespace
 }  // namespace kestrin::coverage

@@ -14,9 +14,53 @@ constexpr geo::UtmPoint kField{512345.678, 4456789.123};
 constexpr std::array<std::array<double, 3>, 3> kThreePoint{
     {{40, 30, 40}, {70, 20, 40}, {40, 20, 70}}};
 
+constexpr std::array<double, 3> kWidths{3, 12, 48};
+
 std::string Named(const std::string& kind, double width, double radius, double yaw, double step) {
   return kind + " width " + std::to_string(width) + " radius " + std::to_string(radius) + " yaw " +
          std::to_string(yaw) + " step " + std::to_string(step);
+}
+
+/// One of each kind of turn, to either side.
+void AddTurns(std::vector<SharpTurn>& turns, double width, double radius, double yaw, double step) {
+  const auto add = [&](const std::string& kind, const Driver& driver) {
+    turns.push_back({Named(kind, width, radius, yaw, step), driver.Rows()});
+  };
+  const auto drive = [&] { return Driver(kField, yaw, width, step); };
+  for (const double side : {1.0, -1.0}) {
+    add("right angle",
+        drive().Straight(2 * width).Turn(side * 90 * kDegree, radius).Straight(2 * width));
+    add("blunt", drive().Straight(width).Turn(side * 35 * kDegree, radius).Straight(width));
+    add("acute",
+        drive().Straight(4 * width).Turn(side * 140 * kDegree, radius).Straight(4 * width));
+    add("very acute",
+        drive().Straight(8 * width).Turn(side * 160 * kDegree, radius).Straight(8 * width));
+    add("half circle", drive()
+                           .Straight(width)
+                           .Turn(side * 90 * kDegree, radius)
+                           .Straight(1.1 * width)
+                           .Turn(side * 90 * kDegree, radius)
+                           .Straight(3 * width));
+    add("jog", drive()
+                   .Straight(2 * width)
+                   .Turn(side * 90 * kDegree, radius)
+                   .Straight(0.3 * width)
+                   .Turn(-side * 90 * kDegree, radius)
+                   .Straight(2 * width));
+    add("short first leg",
+        drive().Straight(0.3 * width).Turn(side * 90 * kDegree, radius).Straight(12 * width));
+    for (const auto& [in, back, out] : kThreePoint) {
+      add("three-point", drive()
+                             .Straight(6 * width)
+                             .Turn(side * in * kDegree, radius)
+                             .TurnBack(side * back * kDegree, radius)
+                             .Turn(side * out * kDegree, radius)
+                             .Straight(9 * width));
+    }
+  }
+  for (const double spacing : {1.3, 2.0}) {
+    add("spiral", drive().Spiral(5, width * spacing, radius));
+  }
 }
 
 }  // namespace
@@ -73,56 +117,13 @@ Driver& Driver::Spiral(double rounds, double spacing, double fromRadius) {
   return *this;
 }
 
-std::vector<SharpTurn> SharpTurns() {
+std::vector<SharpTurn> SharpTurns(double share) {
+  // Ways of another width are the same at another scale: the widths take turns.
   std::vector<SharpTurn> turns;
-  for (const double width : {3.0, 12.0, 48.0}) {
-    for (const double share : {0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5}) {
-      for (const double yaw : {0.0, 0.7}) {
-        for (const double step : {width / 24, width / 7}) {
-          const double radius = share * width / 2;
-          const auto add = [&](const std::string& kind, const Driver& driver) {
-            turns.push_back({Named(kind, width, radius, yaw, step), driver.Rows()});
-          };
-          const auto drive = [&] { return Driver(kField, yaw, width, step); };
-          for (const double side : {1.0, -1.0}) {
-            add("right angle",
-                drive().Straight(2 * width).Turn(side * 90 * kDegree, radius).Straight(2 * width));
-            add("blunt", drive().Straight(width).Turn(side * 35 * kDegree, radius).Straight(width));
-            add("acute",
-                drive().Straight(4 * width).Turn(side * 140 * kDegree, radius).Straight(4 * width));
-            add("very acute",
-                drive().Straight(8 * width).Turn(side * 160 * kDegree, radius).Straight(8 * width));
-            add("half circle", drive()
-                                   .Straight(width)
-                                   .Turn(side * 90 * kDegree, radius)
-                                   .Straight(1.1 * width)
-                                   .Turn(side * 90 * kDegree, radius)
-                                   .Straight(3 * width));
-            add("jog", drive()
-                           .Straight(2 * width)
-                           .Turn(side * 90 * kDegree, radius)
-                           .Straight(0.3 * width)
-                           .Turn(-side * 90 * kDegree, radius)
-                           .Straight(2 * width));
-            add("short first leg", drive()
-                                       .Straight(0.3 * width)
-                                       .Turn(side * 90 * kDegree, radius)
-                                       .Straight(12 * width));
-            for (const auto& [in, back, out] : kThreePoint) {
-              add("three-point", drive()
-                                     .Straight(6 * width)
-                                     .Turn(side * in * kDegree, radius)
-                                     .TurnBack(side * back * kDegree, radius)
-                                     .Turn(side * out * kDegree, radius)
-                                     .Straight(9 * width));
-            }
-          }
-          for (const double spacing : {1.3, 2.0}) {
-            add("spiral", drive().Spiral(5, width * spacing, radius));
-          }
-        }
-      }
-    }
+  const auto first = static_cast<std::size_t>(std::lround(share * 20));
+  for (std::size_t way = 0; way < 4; ++way) {
+    const double width = kWidths[(first + way) % kWidths.size()];
+    AddTurns(turns, width, share * width / 2, way % 2 == 0 ? 0 : 0.7, width / (way < 2 ? 24 : 7));
   }
   return turns;
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "export/coverage/outline.h"
+#include "export/coverage/swath.h"
 
 namespace kestrin::test {
 
@@ -42,9 +42,10 @@ class Driver {
   std::vector<coverage::SwathRow> rows_;
 };
 
-/// Turns of 90 degrees, acute ones, half circles, spirals and three-point turns, with
-/// radii down to none and implements from 3 m to 48 m wide, whose legs lie clear of
-/// each other.
-std::vector<SharpTurn> SharpTurns();
+/// Turns of 90 degrees, acute ones, half circles, spirals and three-point turns, whose
+/// legs lie clear of each other, to either side, in several directions and in small and
+/// large steps, by implements from 3 m to 48 m wide; the radius is `share` of half the
+/// width, 0 on the spot.
+std::vector<SharpTurn> SharpTurns(double share);
 
 }  // namespace kestrin::test

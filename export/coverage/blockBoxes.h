@@ -3,16 +3,18 @@
 #include <cstddef>
 #include <vector>
 
-#include "export/coverage/planeGeometry.h"
+#include "geo/box.h"
 
 namespace kestrin::coverage {
 
-/// The extents of consecutive blocks of something, and those of each 16, 256,
-/// 4096, ... of them together, by which a search passes over what lies elsewhere.
-class ExtentBlocks {
+/// The boxes of consecutive blocks of something, and those of each 16, 256, 4096, ...
+/// of them together, by which a search passes over what lies elsewhere.
+///
+/// Its price: a search costs some hundred comparisons among a million neighbours, more
+/// where many boxes lie around the box asked for. No box is an error: a NaN bound
+/// overlaps nothing, an infinite one everything on its side.
+class BlockBoxes {
  public:
-  void Clear() { Truncate(0); }
-
   void Add(const geo::Box& block) {
     levels_[0].push_back(block);
     std::size_t count = levels_[0].size();
@@ -36,13 +38,12 @@ class ExtentBlocks {
   std::size_t Size() const { return levels_[0].size(); }
   const geo::Box& operator[](std::size_t block) const { return levels_[0][block]; }
 
-  /// Calls `visit(block)` for the blocks from `begin` to before `end` that overlap
-  /// an extent, in order, until a call returns true; tells whether one did.
+  /// Calls `visit(block)` for the blocks from `first` on whose boxes overlap `box`, in
+  /// order, until a call returns true; tells whether one did.
   template <class Visit>
-  bool AnyOverlapping(std::size_t begin, std::size_t end, const geo::Box& extent,
-                      Visit&& visit) const {
-    for (std::size_t block = begin; block < end;) {
-      if (const std::size_t passed = Passed(block, extent)) {
+  bool AnyOverlapping(std::size_t first, const geo::Box& box, Visit visit) const {
+    for (std::size_t block = first; block < Size();) {
+      if (const std::size_t passed = Passed(block, box)) {
         block += passed;
         continue;
       }
@@ -59,12 +60,12 @@ class ExtentBlocks {
   static constexpr std::size_t kMask = kFan - 1;
 
   /// How many blocks from this one on lie elsewhere for certain.
-  std::size_t Passed(std::size_t block, const geo::Box& extent) const {
-    if (levels_[0][block].Overlaps(extent)) return 0;
+  std::size_t Passed(std::size_t block, const geo::Box& box) const {
+    if (levels_[0][block].Overlaps(box)) return 0;
     std::size_t passed = 1;
     for (unsigned level = 1; level < kLevels && (block & kMask) == 0; ++level) {
       block >>= kBits;
-      if (block >= levels_[level].size() || levels_[level][block].Overlaps(extent)) break;
+      if (block >= levels_[level].size() || levels_[level][block].Overlaps(box)) break;
       passed <<= kBits;
     }
     return passed;
