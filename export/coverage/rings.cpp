@@ -64,7 +64,7 @@ void RingWriter::Set::AddVertices(std::span<const geo::UtmPoint> points,
       y[k] = points[i + k].northing;
     }
     plane.ToGeo({y.data(), count}, {x.data(), count});
-    for (std::size_t k = 0; k < count; ++k) shapes.AddVertex(x[k], y[k]);
+    for (std::size_t k = 0; k < count; ++k) shapes.AddVertex({x[k], y[k]});
   }
 }
 
@@ -82,12 +82,11 @@ void RingWriter::Write(const Ring& ring) {
   }
   set_->shapes.BeginRecord();
   set_->AddVertices(ring.Points(), plane_, run_.host);
-  set_->shapes.EndRecord();
   set_->record.Clear();
-  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount() - 1).View(),
+  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount()).View(),
                    shapefile::Keep::kRight);
   set_->record.Add(shapefile::RoundedText(ring.Acres(), 2).View(), shapefile::Keep::kLeft);
-  set_->shapes.AddAttributes(set_->record.Bytes());
+  set_->shapes.EndRecord(set_->record.Bytes());
 }
 
 bool RingWriter::Finish() {

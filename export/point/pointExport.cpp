@@ -87,8 +87,7 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
     }
     const geo::GeoPoint position = offsets.Plane().ToGeo(offsets.At(epoch));
     record.SetEpoch(set->RecordCount(), epoch, position, offsets.Reference().altitude);
-    set->AddPoint(position.longitude, position.latitude);
-    set->AddAttributes(record.Bytes());
+    set->AddPoint(position, record.Bytes());
   }
   outcome.lastStep = epochs.LastStep();
   if (!set) return outcome;
