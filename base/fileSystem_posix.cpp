@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "base/fileSystem.h"
+#include "base/paths.h"
 #include "base/temporaryName.h"
-#include "export/setNames.h"
 
 namespace kestrin::base {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <random>
 
-#include "export/setNames.h"
+#include "base/paths.h"
 
 namespace kestrin::base {
 namespace {
