@@ -104,8 +104,8 @@ BENCHMARK(BoomExport)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
-/// Rates that change at every epoch and always return: each pair goes into an
-/// earlier record. The time per pair must not grow with their number.
+/// Rates that change at every epoch and always return: each line goes into an
+/// earlier record. The time per line must not grow with their number.
 void TakeUpEarlierRecords(benchmark::State& state) {
   constexpr int kRates = 100;
   for (auto iteration : state) {
@@ -116,7 +116,7 @@ void TakeUpEarlierRecords(benchmark::State& state) {
       if (epoch == 1) records.StartPeriod(1);
       records.Select({static_cast<double>(epoch * 37 % kRates), 0, 0});
       for (int section = 0; section < kestrin::jobstore::kSectionSlots; ++section) {
-        records.Lay({number, section + 0.5, number, section + 0.0});
+        records.Lay({{number, section + 0.5}, {number, section + 0.0}});
       }
     }
     benchmark::DoNotOptimize(records.Count());

@@ -30,13 +30,12 @@ void WritePoints(kestrin::base::FileSystem& files, const std::string& base, std:
   kestrin::shapefile::AttributeRecord record(kFields);
   for (std::int64_t i = 0; i < rows; ++i) {
     const double value = Degrees(i);
-    set.AddPoint(value, -value);
     record.Clear();
     for (int field = 0; field < 14; ++field) {
       record.Add(kestrin::shapefile::RoundedText(value * (field + 1), 2).View(),
                  kestrin::shapefile::Keep::kRight);
     }
-    set.AddAttributes(record.Bytes());
+    set.AddPoint({value, -value}, record.Bytes());
   }
   set.Commit();
 }
@@ -50,14 +49,13 @@ void WriteLines(kestrin::base::FileSystem& files, const std::string& base, std::
   kestrin::shapefile::AttributeRecord record(kFields);
   for (std::int64_t i = 0; i < rows; i += 500) {
     set.BeginRecord();
-    for (std::int64_t j = i; j < std::min(rows, i + 500); ++j) set.AddVertex(Degrees(j), 45);
-    set.EndRecord();
+    for (std::int64_t j = i; j < std::min(rows, i + 500); ++j) set.AddVertex({Degrees(j), 45});
     record.Clear();
-    record.Add(kestrin::shapefile::IntegerText(set.RecordCount() - 1).View(),
+    record.Add(kestrin::shapefile::IntegerText(set.RecordCount()).View(),
                kestrin::shapefile::Keep::kRight);
     record.Add(kestrin::shapefile::RoundedText(Degrees(i), 2).View(),
                kestrin::shapefile::Keep::kLeft);
-    set.AddAttributes(record.Bytes());
+    set.EndRecord(record.Bytes());
   }
   set.Commit();
 }

@@ -2,11 +2,9 @@
 
 #include <array>
 #include <cassert>
-#include <optional>
 #include <utility>
 
 #include "base/byteOrder.h"
-#include "shapefile/setFile.h"
 
 namespace kestrin::shapefile {
 namespace {
@@ -22,9 +20,9 @@ constexpr std::size_t kSidecarBuffer = 1024;
 constexpr std::size_t kHeaderSize = 100;
 constexpr std::size_t kRecordHeaderSize = 8;
 constexpr std::size_t kOnePartSize = 56;
-constexpr std::size_t kPairsFixedSize = 52;
+constexpr std::size_t kCrossLinesSize = 52;
 constexpr std::size_t kVertexSize = 16;
-constexpr std::uint64_t kIndexRecordSize = 8;
+constexpr std::size_t kIndexRecordSize = 8;
 constexpr std::uint64_t kRecordCountOffset = 4;
 constexpr char kEndOfTable = 0x1A;
 
@@ -37,13 +35,14 @@ constexpr std::string_view kEncoding = "UTF-8";
 /// The formats count in 16-bit words.
 std::uint32_t Words(std::uint64_t bytes) { return static_cast<std::uint32_t>(bytes / 2); }
 
+char* PutPoint(char* out, geo::GeoPoint point) {
+  return base::PutLeDouble(base::PutLeDouble(out, point.longitude), point.latitude);
+}
+
 /// Bounds of nothing are four zeros in a file.
 char* PutBox(char* out, const geo::Box& box) {
   const geo::Box shown = box.IsEmpty() ? geo::Box{0, 0, 0, 0} : box;
-  for (const double bound : {shown.xMin, shown.yMin, shown.xMax, shown.yMax}) {
-    out = base::PutLeDouble(out, bound);
-  }
-  return out;
+  return PutPoint(PutPoint(out, {shown.xMin, shown.yMin}), {shown.xMax, shown.yMax});
 }
 
 std::array<char, kHeaderSize> FileHeader(ShapeType type, std::uint64_t bytes, const geo::Box& box) {
@@ -77,177 +76,116 @@ bool SetExists(base::FileSystem& files, const std::string& basePath) {
   return true;
 }
 
-struct ShapefileSet::State {
-  State(base::FileSystem& fileSystem, std::string path, ShapeType shapeType,
-        std::span<const Field> fields, const SetOptions& setOptions)
-      : files(fileSystem),
-        basePath(std::move(path)),
-        type(shapeType),
-        options(setOptions),
-        recordLength(RecordLength(fields)),
-        dbf(files, basePath + kDbf, kLargeBuffer),
-        shx(files, basePath + kShx, kIndexBuffer),
-        shp(files, basePath + kShp, kLargeBuffer) {
-    dbf.Append(TableHeader(fields, options.date, 0));
-    shx.Append(View(FileHeader(type, 0, {})));
-    shp.Append(View(FileHeader(type, 0, {})));
-  }
-
-  char* PutRecordHeader(char* out, std::uint64_t contentBytes) const;
-  void AddIndex(std::uint64_t start, std::uint64_t contentBytes);
-  void CompleteFiles();
-  std::vector<SetFile*> InOrderOfNaming();
-  void WriteSidecar(std::optional<SetFile>& file, const char* extension, std::string_view text);
-
-  base::FileSystem& files;
-  std::string basePath;
-  ShapeType type;
-  SetOptions options;
-  std::size_t recordLength;
-
-  geo::Box fileBox;
-  geo::Box recordBox;
-  std::uint64_t recordStart = 0;
-  std::uint32_t vertexCount = 0;
-  std::uint32_t recordCount = 0;
-  std::uint32_t attributeCount = 0;
-
-  // Destroyed from the last to the first: a set that fails while it takes its names
-  // loses its ".shp" before all others.
-  std::optional<SetFile> prj;
-  std::optional<SetFile> cpg;
-  SetFile dbf;
-  SetFile shx;
-  SetFile shp;
-};
-
-char* ShapefileSet::State::PutRecordHeader(char* out, std::uint64_t contentBytes) const {
-  out = base::PutBe32(out, recordCount);
-  out = base::PutBe32(out, Words(contentBytes));
-  return base::PutLe32(out, static_cast<std::uint32_t>(type));
-}
-
-void ShapefileSet::State::AddIndex(std::uint64_t start, std::uint64_t contentBytes) {
-  base::PutBe32(base::PutBe32(shx.Next(kIndexRecordSize), Words(start)), Words(contentBytes));
-}
-
-void ShapefileSet::State::CompleteFiles() {
-  shp.Patch(0, View(FileHeader(type, shp.Size(), fileBox)));
-  shx.Patch(0, View(FileHeader(type, shx.Size(), fileBox)));
-  std::array<char, 4> count{};
-  base::PutLe32(count.data(), recordCount);
-  dbf.Patch(kRecordCountOffset, View(count));
-  *dbf.Next(1) = kEndOfTable;
-  if (!options.withProjection) return;
-  WriteSidecar(prj, ".prj", kProjection);
-  WriteSidecar(cpg, ".cpg", kEncoding);
-}
-
-std::vector<SetFile*> ShapefileSet::State::InOrderOfNaming() {
-  std::vector<SetFile*> all{&shx, &dbf};
-  if (prj) all.push_back(&*prj);
-  if (cpg) all.push_back(&*cpg);
-  // The set is there from the moment its ".shp" is.
-  all.push_back(&shp);
-  return all;
-}
-
-void ShapefileSet::State::WriteSidecar(std::optional<SetFile>& file, const char* extension,
-                                       std::string_view text) {
-  file.emplace(files, basePath + extension, kSidecarBuffer);
-  file->Append(text);
-}
-
 ShapefileSet::ShapefileSet(base::FileSystem& files, std::string basePath, ShapeType type,
                            std::span<const Field> fields, const SetOptions& options)
-    : state_(std::make_unique<State>(files, std::move(basePath), type, fields, options)) {}
+    : files_(files),
+      basePath_(std::move(basePath)),
+      type_(type),
+      withProjection_(options.withProjection),
+      attributesSize_(RecordLength(fields)),
+      dbf_(files, basePath_ + kDbf, kLargeBuffer),
+      shx_(files, basePath_ + kShx, kIndexBuffer),
+      shp_(files, basePath_ + kShp, kLargeBuffer) {
+  dbf_.Append(TableHeader(fields, options.date, 0));
+  // Its place; what stands there is known when the files are complete.
+  for (SetFile* file : {&shx_, &shp_}) file->Next(kHeaderSize);
+}
 
-ShapefileSet::~ShapefileSet() = default;
+char* ShapefileSet::PutRecordHeader(char* out, std::uint64_t contentBytes) const {
+  out = base::PutBe32(out, recordCount_);
+  out = base::PutBe32(out, Words(contentBytes));
+  return base::PutLe32(out, static_cast<std::uint32_t>(type_));
+}
 
-void ShapefileSet::AddPoint(double x, double y) {
+void ShapefileSet::CountRecord(std::uint64_t start, std::uint64_t contentBytes,
+                               std::string_view attributes) {
+  assert(attributes.size() == attributesSize_);
+  ++recordCount_;
+  base::PutBe32(base::PutBe32(shx_.Next(kIndexRecordSize), Words(start)), Words(contentBytes));
+  dbf_.Append(attributes);
+}
+
+void ShapefileSet::AddPoint(geo::GeoPoint point, std::string_view attributes) {
   constexpr std::size_t kContent = 4 + kVertexSize;
-  State& set = *state_;
-  ++set.recordCount;
-  set.fileBox.Widen(x, y);
-  set.AddIndex(set.shp.Size(), kContent);
-  char* out = set.PutRecordHeader(set.shp.Next(kRecordHeaderSize + kContent), kContent);
-  base::PutLeDouble(base::PutLeDouble(out, x), y);
+  CountRecord(shp_.Size(), kContent, attributes);
+  box_.Widen(point);
+  PutPoint(PutRecordHeader(shp_.Next(kRecordHeaderSize + kContent), kContent), point);
 }
 
 void ShapefileSet::BeginRecord() {
-  State& set = *state_;
-  ++set.recordCount;
-  set.recordBox = {};
-  set.vertexCount = 0;
-  set.recordStart = set.shp.Size();
+  recordBox_ = {};
+  recordStart_ = shp_.Size();
   // Its place; what stands there is known when the record ends.
-  set.shp.Next(kOnePartSize);
+  shp_.Next(kOnePartSize);
 }
 
-void ShapefileSet::AddVertex(double x, double y) {
-  State& set = *state_;
-  set.fileBox.Widen(x, y);
-  set.recordBox.Widen(x, y);
-  ++set.vertexCount;
-  base::PutLeDouble(base::PutLeDouble(set.shp.Next(kVertexSize), x), y);
+void ShapefileSet::AddVertex(geo::GeoPoint vertex) {
+  box_.Widen(vertex);
+  recordBox_.Widen(vertex);
+  PutPoint(shp_.Next(kVertexSize), vertex);
 }
 
-void ShapefileSet::EndRecord() {
-  State& set = *state_;
-  const std::uint64_t content = set.shp.Size() - set.recordStart - kRecordHeaderSize;
+void ShapefileSet::EndRecord(std::string_view attributes) {
+  const std::uint64_t size = shp_.Size() - recordStart_;
+  const std::uint64_t content = size - kRecordHeaderSize;
+  CountRecord(recordStart_, content, attributes);
   std::array<char, kOnePartSize> fixed{};
-  char* out = PutBox(set.PutRecordHeader(fixed.data(), content), set.recordBox);
+  char* out = PutBox(PutRecordHeader(fixed.data(), content), recordBox_);
   out = base::PutLe32(out, 1);
-  out = base::PutLe32(out, set.vertexCount);
+  out = base::PutLe32(out, static_cast<std::uint32_t>((size - kOnePartSize) / kVertexSize));
   base::PutLe32(out, 0);
-  set.shp.Patch(set.recordStart, View(fixed));
-  set.AddIndex(set.recordStart, content);
+  shp_.Patch(recordStart_, View(fixed));
 }
 
-void ShapefileSet::AddPairs(const geo::Box& box, std::span<const double> coordinates) {
-  BeginPairs(box, coordinates.size() / 4);
-  AddPairPoints(coordinates);
-}
-
-void ShapefileSet::BeginPairs(const geo::Box& box, std::size_t parts) {
-  State& set = *state_;
+void ShapefileSet::BeginCrossLines(const geo::Box& box, std::size_t count,
+                                   std::string_view attributes) {
   const std::uint64_t content =
-      kPairsFixedSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{parts};
-  ++set.recordCount;
-  set.AddIndex(set.shp.Size(), content);
-  char* out = PutBox(set.PutRecordHeader(set.shp.Next(kPairsFixedSize), content), box);
-  const auto partCount = static_cast<std::uint32_t>(parts);
-  base::PutLe32(base::PutLe32(out, partCount), 2 * partCount);
-  for (std::uint32_t part = 0; part < partCount; ++part) base::PutLe32(set.shp.Next(4), 2 * part);
+      kCrossLinesSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{count};
+  CountRecord(shp_.Size(), content, attributes);
+  char* out = PutBox(PutRecordHeader(shp_.Next(kCrossLinesSize), content), box);
+  const auto parts = static_cast<std::uint32_t>(count);
+  base::PutLe32(base::PutLe32(out, parts), 2 * parts);
+  for (std::uint32_t part = 0; part < parts; ++part) base::PutLe32(shp_.Next(4), 2 * part);
 }
 
-void ShapefileSet::AddPairPoints(std::span<const double> coordinates) {
-  assert(coordinates.size() % 4 == 0);
-  for (const double coordinate : coordinates) base::PutLeDouble(state_->shp.Next(8), coordinate);
+void ShapefileSet::AddCrossLine(geo::GeoPoint first, geo::GeoPoint second) {
+  PutPoint(PutPoint(shp_.Next(2 * kVertexSize), first), second);
 }
 
-void ShapefileSet::WidenBox(double x, double y) { state_->fileBox.Widen(x, y); }
-
-void ShapefileSet::AddAttributes(std::string_view record) {
-  assert(record.size() == state_->recordLength);
-  ++state_->attributeCount;
-  state_->dbf.Append(record);
+void ShapefileSet::CompleteFiles() {
+  for (SetFile* file : {&shx_, &shp_}) file->Patch(0, View(FileHeader(type_, file->Size(), box_)));
+  std::array<char, 4> count{};
+  base::PutLe32(count.data(), recordCount_);
+  dbf_.Patch(kRecordCountOffset, View(count));
+  *dbf_.Next(1) = kEndOfTable;
+  if (!withProjection_) return;
+  WriteSidecar(prj_, ".prj", kProjection);
+  WriteSidecar(cpg_, ".cpg", kEncoding);
 }
 
-std::int32_t ShapefileSet::RecordCount() const {
-  return static_cast<std::int32_t>(state_->recordCount);
+void ShapefileSet::WriteSidecar(std::optional<SetFile>& file, const char* extension,
+                                std::string_view text) {
+  file.emplace(files_, basePath_ + extension, kSidecarBuffer);
+  file->Append(text);
+}
+
+std::vector<SetFile*> ShapefileSet::InOrderOfNaming() {
+  std::vector<SetFile*> all{&shx_, &dbf_};
+  if (prj_) all.push_back(&*prj_);
+  if (cpg_) all.push_back(&*cpg_);
+  // The set is there from the moment its ".shp" is.
+  all.push_back(&shp_);
+  return all;
 }
 
 void ShapefileSet::Commit() {
-  State& set = *state_;
-  assert(set.attributeCount == set.recordCount);
-  set.CompleteFiles();
-  const std::vector<SetFile*> all = set.InOrderOfNaming();
+  CompleteFiles();
+  const std::vector<SetFile*> all = InOrderOfNaming();
   for (SetFile* file : all) file->Finish();
   // One that came up meanwhile must not stand beside an index of another set.
-  set.files.Remove(set.basePath + kShp);
+  files_.Remove(basePath_ + kShp);
   for (SetFile* file : all) file->Publish();
-  set.files.SyncFolderOf(set.basePath + kShp);
+  files_.SyncFolderOf(basePath_ + kShp);
   for (SetFile* file : all) file->Keep();
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,7 +10,9 @@
 
 #include "base/fileSystem.h"
 #include "geo/box.h"
+#include "geo/points.h"
 #include "shapefile/attributeTable.h"
+#include "shapefile/setFile.h"
 
 namespace kestrin::shapefile {
 
@@ -24,64 +27,77 @@ struct SetOptions {
 };
 
 /// Deletes the ".shp", ".shx" and ".dbf" of a base path where they exist.
+/// Failure: FileError.
 void RemoveSet(base::FileSystem& files, const std::string& basePath);
 
 /// Whether all three files of a base path exist.
+/// Failure: FileError.
 bool SetExists(base::FileSystem& files, const std::string& basePath);
 
 /// Writes one shapefile set: base path + ".shp", ".shx" and ".dbf" (byte layout:
-/// docs/shapefiles.md). Coordinates are longitude and latitude in degrees.
+/// docs/shapefiles.md). Points are longitude and latitude in degrees. Each record is a shape
+/// and its `attributes`: AttributeRecord::Bytes of the set's fields.
 ///
-/// The set is whole or absent. It is written beside its target under temporary
-/// names, with memory that does not grow with the rows, and takes its names only
-/// in Commit, ".shp" last. Without a Commit that returned, destruction leaves
-/// nothing behind. Every operation may throw FileError: for what the system
-/// refuses, and for a file that would pass 2 GiB.
+/// The set is whole or absent. It is written beside its target under temporary names, with
+/// memory that does not grow with the rows, and takes its names only in Commit, ".shp" last.
+/// Without a Commit that returned, destruction leaves nothing behind.
 ///
-/// Each shape record must be followed by one AddAttributes.
+/// Failure: every operation may throw FileError, for what the system refuses and for a file
+/// that would pass 2 GiB; after that the set can only be destroyed.
 class ShapefileSet {
  public:
   ShapefileSet(base::FileSystem& files, std::string basePath, ShapeType type,
                std::span<const Field> fields, const SetOptions& options);
-  ~ShapefileSet();
-  ShapefileSet(const ShapefileSet&) = delete;
-  ShapefileSet& operator=(const ShapefileSet&) = delete;
 
-  /// A whole record of a point set; widens the file's box.
-  void AddPoint(double x, double y);
+  /// A record of a point set; widens the file's box.
+  void AddPoint(geo::GeoPoint point, std::string_view attributes);
 
-  /// A record of one part whose vertices arrive one by one: polyline or polygon.
-  /// A vertex widens the record's box and the file's.
+  /// A record of one part whose vertices arrive one by one: polyline or polygon. A vertex
+  /// widens the record's box and the file's.
   void BeginRecord();
-  void AddVertex(double x, double y);
-  void EndRecord();
+  void AddVertex(geo::GeoPoint vertex);
+  void EndRecord(std::string_view attributes);
 
-  /// A polyline record of parts of two vertices each (x, y, x, y, ... of an even
-  /// number of vertices, none included), with the box given. The file's box is
-  /// left to WidenBox.
-  void AddPairs(const geo::Box& box, std::span<const double> coordinates);
+  /// A polyline record of cross-lines, each a part of its own: their number, which may be 0,
+  /// and then that many AddCrossLine. The record's box is the one given; the file's is left to
+  /// SetBox.
+  void BeginCrossLines(const geo::Box& box, std::size_t count, std::string_view attributes);
+  void AddCrossLine(geo::GeoPoint first, geo::GeoPoint second);
 
-  /// The same for a record that does not lie in one piece: its number of parts
-  /// first, then all their coordinates, a whole number of parts at a time.
-  void BeginPairs(const geo::Box& box, std::size_t parts);
-  void AddPairPoints(std::span<const double> coordinates);
+  /// The file's box, in the place of what has widened it so far.
+  void SetBox(const geo::Box& box) { box_ = box; }
 
-  /// Widens the file's box alone.
-  void WidenBox(double x, double y);
-
-  /// The attribute record of the shape record just added: AttributeRecord::Bytes
-  /// of the set's fields.
-  void AddAttributes(std::string_view record);
-
-  /// Shape records so far.
-  std::int32_t RecordCount() const;
+  /// Records so far, without one that has only begun: the ID of the next.
+  std::int32_t RecordCount() const { return static_cast<std::int32_t>(recordCount_); }
 
   /// Completes the files, brings them to the medium and gives them their names.
   void Commit();
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  char* PutRecordHeader(char* out, std::uint64_t contentBytes) const;
+  void CountRecord(std::uint64_t start, std::uint64_t contentBytes, std::string_view attributes);
+  void CompleteFiles();
+  void WriteSidecar(std::optional<SetFile>& file, const char* extension, std::string_view text);
+  std::vector<SetFile*> InOrderOfNaming();
+
+  base::FileSystem& files_;
+  std::string basePath_;
+  ShapeType type_;
+  bool withProjection_;
+  std::size_t attributesSize_;
+
+  geo::Box box_;
+  std::uint32_t recordCount_ = 0;
+  geo::Box recordBox_;
+  std::uint64_t recordStart_ = 0;
+
+  // Destroyed from the last to the first: a set that fails while it takes its names loses its
+  // ".shp" before all others.
+  std::optional<SetFile> prj_;
+  std::optional<SetFile> cpg_;
+  SetFile dbf_;
+  SetFile shx_;
+  SetFile shp_;
 };
 
 }  // namespace kestrin::shapefile

@@ -90,7 +90,7 @@ class BoomLayer {
       };
       const geo::GeoPoint first = toDegrees(heading.RightOf(antenna, section.halfWidth));
       const geo::GeoPoint second = toDegrees(heading.LeftOf(antenna, section.halfWidth));
-      records_.Lay({first.longitude, first.latitude, second.longitude, second.latitude});
+      records_.Lay({first, second});
     }
   }
 
@@ -109,17 +109,14 @@ void WriteRecords(const Records& records, const Timeline& timeline, base::RunHos
                   shapefile::ShapefileSet& set) {
   Table table(timeline);
   for (std::size_t record = 0; record < records.Count(); ++record) {
-    set.BeginPairs(records[record].box, records.PairCount(record));
-    records.ForEachPiece(record, [&](std::span<const double> piece) {
+    set.BeginCrossLines(records[record].box, records.LineCount(record),
+                        table.RowOf(record, records[record]));
+    records.ForEachPiece(record, [&](std::span<const CrossLine> piece) {
       host.Yield();
-      set.AddPairPoints(piece);
+      for (const CrossLine& line : piece) set.AddCrossLine(line.first, line.second);
     });
-    set.AddAttributes(table.RowOf(record, records[record]));
   }
-  const geo::Box& box = records.FileBox();
-  if (box.IsEmpty()) return;
-  set.WidenBox(box.xMin, box.yMin);
-  set.WidenBox(box.xMax, box.yMax);
+  set.SetBox(records.FileBox());
 }
 
 }  // namespace

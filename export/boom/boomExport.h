@@ -14,7 +14,7 @@ namespace kestrin::boom {
 ///
 /// The set's old files go first, in every case. A job that has a reference
 /// location gets its files, also when they hold no record. Without one, and when
-/// a record without any pair before it is taken up again (Records), throws
+/// a record without any cross-line before it is taken up again (Records), throws
 /// SubscriptError and leaves no files. A table that cannot be queried is told to
 /// the host and left out; the GPS rows are told once per period, the actual rates
 /// not at all.

@@ -1,38 +1,38 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <memory>
 #include <span>
 #include <vector>
 
+#include "geo/points.h"
+
 namespace kestrin::boom {
 
-/// A cross-line: longitude and latitude of its first point, then of its second.
-using CrossLine = std::array<double, 4>;
+/// The line across a section, from one edge of it to the other.
+struct CrossLine {
+  geo::GeoPoint first;
+  geo::GeoPoint second;
+};
 
-/// A growing list of cross-lines. It grows by blocks that never move, so that tens
-/// of millions of points are held once and in nothing but their own 16 bytes each.
+/// A growing list of cross-lines. It grows by blocks that never move, so that tens of millions
+/// are held once and in nothing but their own 32 bytes each.
 class CrossLineList {
  public:
   std::size_t Size() const { return size_; }
 
-  void Append(const CrossLine& pair);
-  CrossLine At(std::size_t index) const;
-  void Replace(std::size_t index, const CrossLine& pair);
+  void Append(const CrossLine& line);
 
-  /// The coordinates from `begin` up to `end`, or as many of them as lie in one
-  /// piece; at least one pair unless the range is empty. Valid until the list ends.
-  std::span<const double> Piece(std::size_t begin, std::size_t end) const;
+  /// Valid until the list ends.
+  CrossLine& operator[](std::size_t index) { return blocks_[index / kBlock][index % kBlock]; }
+
+  /// The lines from `begin` up to `end`, or as many of them as lie in one piece; at least one
+  /// unless the range is empty. Valid until the list ends.
+  std::span<const CrossLine> Piece(std::size_t begin, std::size_t end) const;
 
  private:
-  static constexpr std::size_t kBlockPairs = std::size_t{1} << 14;
+  static constexpr std::size_t kBlock = std::size_t{1} << 14;
 
-  double* Place(std::size_t index) const {
-    return &blocks_[index / kBlockPairs][index % kBlockPairs * std::tuple_size_v<CrossLine>];
-  }
-
-  std::vector<std::unique_ptr<double[]>> blocks_;
+  std::vector<std::vector<CrossLine>> blocks_;
   std::size_t size_ = 0;
 };
 

@@ -1,6 +1,8 @@
 #include "export/boom/records.h"
 
+#include <array>
 #include <bit>
+#include <cstdint>
 
 #include "export/exportRun.h"
 
@@ -8,7 +10,7 @@ namespace kestrin::boom {
 namespace {
 
 bool SameBytes(const CrossLine& one, const CrossLine& other) {
-  using Bits = std::array<std::uint64_t, std::tuple_size_v<CrossLine>>;
+  using Bits = std::array<std::uint64_t, sizeof(CrossLine) / sizeof(std::uint64_t)>;
   return std::bit_cast<Bits>(one) == std::bit_cast<Bits>(other);
 }
 
@@ -45,35 +47,35 @@ bool Records::FindEarlier(const ActualRateSet& rates) {
   return true;
 }
 
-void Records::Lay(const CrossLine& pair) {
+void Records::Lay(const CrossLine& line) {
   if (current_ + 1 == records_.size()) {
-    laid_.Append(pair);
+    laid_.Append(line);
   } else {
-    LayIntoEarlier(pair);
+    LayIntoEarlier(line);
   }
   for (geo::Box* box : {&records_[current_].box, &fileBox_}) {
-    box->Widen(pair[0], pair[1]);
-    box->Widen(pair[2], pair[3]);
+    box->Widen(line.first);
+    box->Widen(line.second);
   }
   wantsRecord_ = false;
 }
 
-void Records::LayIntoEarlier(const CrossLine& pair) {
+void Records::LayIntoEarlier(const CrossLine& line) {
   Slice& slice = slices_[current_];
   if (slice.begin == 0) throw exports::SubscriptError();
-  const CrossLine before = laid_.At(slice.begin - 1);
-  if (!slice.gained.empty() && SameBytes(slice.gained.back().pair, before)) {
+  const CrossLine before = laid_[slice.begin - 1];
+  if (!slice.gained.empty() && SameBytes(slice.gained.back().line, before)) {
     ++slice.gained.back().times;
   } else {
     slice.gained.push_back({before, 1});
   }
-  laid_.Replace(EndOf(current_) - 1, pair);
+  laid_[EndOf(current_) - 1] = line;
 }
 
-std::size_t Records::PairCount(std::size_t record) const {
-  std::size_t pairs = EndOf(record) - slices_[record].begin;
-  for (const Gained& gained : slices_[record].gained) pairs += gained.times;
-  return pairs;
+std::size_t Records::LineCount(std::size_t record) const {
+  std::size_t lines = EndOf(record) - slices_[record].begin;
+  for (const Gained& gained : slices_[record].gained) lines += gained.times;
+  return lines;
 }
 
 }  // namespace kestrin::boom

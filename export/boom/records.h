@@ -29,15 +29,15 @@ struct ActualRateHash {
 ///
 /// All records share one list of cross-lines, each owning a slice of it. The last
 /// record grows at its end. An earlier record that is taken up again grows oddly,
-/// and tools that read the sets have come to depend on it: for each new pair
-/// everything from one pair before its slice to the end of the list moves up by one
-/// place, and the new pair is written over the last one of its slice. The slice so
-/// gains a copy of the pair before it at its front and loses its last pair; the
+/// and tools that read the sets have come to depend on it: for each new line
+/// everything from one line before its slice to the end of the list moves up by one
+/// place, and the new line is written over the last one of its slice. The slice so
+/// gains a copy of the line before it at its front and loses its last line; the
 /// slices behind it stay whole.
 ///
-/// Here nothing moves. The pairs that arrived at the end stay where they were laid,
-/// the last pair of a slice is overwritten in place, and what a record gained at
-/// its front is counted: it is always the last pair of the nearest earlier record
+/// Here nothing moves. The lines that arrived at the end stay where they were laid,
+/// the last line of a slice is overwritten in place, and what a record gained at
+/// its front is counted: it is always the last line of the nearest earlier record
 /// that has any, as that is at the time.
 class Records {
  public:
@@ -52,12 +52,12 @@ class Records {
 
   /// Decides the record of an epoch: the current one as long as its rates stay; the
   /// oldest of the period with these rates once it has two; else a new one. A
-  /// record into which no pair was laid is never simply kept.
+  /// record into which no line was laid is never simply kept.
   void Select(const ActualRateSet& rates);
 
-  /// Lays a pair into the selected record. Throws SubscriptError when the record is
-  /// not the last and no pair lies before its slice.
-  void Lay(const CrossLine& pair);
+  /// Lays a line into the selected record.
+  /// Failure: SubscriptError when the record is not the last and no line lies before its slice.
+  void Lay(const CrossLine& line);
 
   std::size_t Count() const { return records_.size(); }
   const Record& operator[](std::size_t record) const { return records_[record]; }
@@ -65,18 +65,18 @@ class Records {
   /// Of all points in the order laid, also those overwritten since.
   const geo::Box& FileBox() const { return fileBox_; }
 
-  /// Pairs of a record's slice.
-  std::size_t PairCount(std::size_t record) const;
+  /// Lines of a record's slice.
+  std::size_t LineCount(std::size_t record) const;
 
-  /// Hands the coordinates of a record's slice to `take`, in order and in pieces of
-  /// whole pairs: take(std::span<const double>).
+  /// Hands the lines of a record's slice to `take`, in order and piece by piece:
+  /// take(std::span<const CrossLine>).
   template <class Take>
   void ForEachPiece(std::size_t record, Take take) const;
 
  private:
-  /// A pair that a slice gained at its front, as many times as it did in a row.
+  /// A line that a slice gained at its front, as many times as it did in a row.
   struct Gained {
-    CrossLine pair;
+    CrossLine line;
     std::size_t times = 0;
   };
   struct Slice {
@@ -88,7 +88,7 @@ class Records {
     return record + 1 < slices_.size() ? slices_[record + 1].begin : laid_.Size();
   }
   bool FindEarlier(const ActualRateSet& rates);
-  void LayIntoEarlier(const CrossLine& pair);
+  void LayIntoEarlier(const CrossLine& line);
 
   CrossLineList laid_;
   std::vector<Record> records_;
@@ -109,12 +109,12 @@ template <class Take>
 void Records::ForEachPiece(std::size_t record, Take take) const {
   const Slice& slice = slices_[record];
   for (auto gained = slice.gained.rbegin(); gained != slice.gained.rend(); ++gained) {
-    for (std::size_t i = 0; i < gained->times; ++i) take(std::span<const double>(gained->pair));
+    for (std::size_t i = 0; i < gained->times; ++i) take(std::span(&gained->line, 1));
   }
   for (std::size_t at = slice.begin; at < EndOf(record);) {
-    const std::span<const double> piece = laid_.Piece(at, EndOf(record));
+    const std::span<const CrossLine> piece = laid_.Piece(at, EndOf(record));
     take(piece);
-    at += piece.size() / std::tuple_size_v<CrossLine>;
+    at += piece.size();
   }
 }
 

@@ -59,7 +59,7 @@ void RingWriter::Set::AddVertices(std::span<const geo::UtmPoint> points,
     const auto some = points.subspan(i, std::min(kTogether, points.size() - i));
     plane.ToGeo(some, degrees);
     for (const geo::GeoPoint& point : std::span(degrees).first(some.size())) {
-      shapes.AddVertex(point.longitude, point.latitude);
+      shapes.AddVertex(point);
     }
   }
 }
@@ -78,12 +78,11 @@ void RingWriter::Write(const Ring& ring) {
   }
   set_->shapes.BeginRecord();
   set_->AddVertices(ring.Points(), plane_, run_.host);
-  set_->shapes.EndRecord();
   set_->record.Clear();
-  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount() - 1).View(),
+  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount()).View(),
                    shapefile::Keep::kRight);
   set_->record.Add(shapefile::RoundedText(ring.Acres(), 2).View(), shapefile::Keep::kLeft);
-  set_->shapes.AddAttributes(set_->record.Bytes());
+  set_->shapes.EndRecord(set_->record.Bytes());
 }
 
 bool RingWriter::Finish() {

@@ -84,8 +84,7 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
     }
     const geo::GeoPoint position = offsets.Plane().ToGeo(point);
     record.SetEpoch(set->RecordCount(), epoch, position, offsets.Reference().altitude);
-    set->AddPoint(position.longitude, position.latitude);
-    set->AddAttributes(record.Bytes());
+    set->AddPoint(position, record.Bytes());
   };
   outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
   outcome.lastStep = epochs.LastStep();

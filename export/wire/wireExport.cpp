@@ -38,7 +38,7 @@ class WireWriter {
       open_->metres += std::sqrt(east * east + north * north);
     }
     open_->last = point;
-    set_.AddVertex(position.longitude, position.latitude);
+    set_.AddVertex(position);
   }
 
   void Finish() {
@@ -49,11 +49,10 @@ class WireWriter {
  private:
   void Close() {
     if (!open_) return;
-    set_.EndRecord();
     record_.Clear();
-    record_.Add(shapefile::IntegerText(set_.RecordCount() - 1).View(), shapefile::Keep::kRight);
+    record_.Add(shapefile::IntegerText(set_.RecordCount()).View(), shapefile::Keep::kRight);
     record_.Add(shapefile::RoundedText(open_->metres, 2).View(), shapefile::Keep::kLeft);
-    set_.AddAttributes(record_.Bytes());
+    set_.EndRecord(record_.Bytes());
   }
 
   shapefile::ShapefileSet set_;

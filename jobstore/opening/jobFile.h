@@ -5,27 +5,32 @@
 #include <string>
 #include <system_error>
 
-/// What a job is on the disk, as far as the systems differ in it.
+/// A job's file and those beside it, as far as systems differ in how they are found, measured
+/// and copied.
 
 namespace kestrin::opening {
 
-/// The absolute path of the file itself, links followed: journal and log lie beside that
-/// one. Empty when there is no regular file (opening a pipe would wait for ever). Path in
-/// UTF-8; on Windows the result is reached whatever its length, and so is what SQLite
-/// keeps beside it.
+/// Where the file itself lies, as an absolute path: a link is followed to its end, as journal
+/// and log lie beside what it leads to. `path` is UTF-8. On Windows the result can be opened
+/// however long it is, and so can the files beside it.
+/// Failure: empty, when that is no regular file (opening a pipe would wait for ever).
 std::filesystem::path JobFile(const std::string& path);
 
-/// SQLite's spelling of a path from JobFile(): UTF-8 everywhere, with '/' between the
-/// folders wherever the system takes it.
+/// A path from JobFile as SQLite is to be given it: UTF-8, with '/' between the folders
+/// wherever the system takes it.
 std::string LibraryText(const std::filesystem::path& path);
 
-/// Size in bytes of a regular file, as of now also while another program writes to it; 0
-/// for one that is missing or none.
+/// Size in bytes of a file as it is now, also while another program writes to it.
+/// Failure: 0, for one that is missing or no regular file.
 std::uintmax_t SizeOf(const std::filesystem::path& file);
 
-/// Copies a file to where there is none yet; false, with the reason in `error`, when that
-/// fails.
+/// Copies a file to a name that nothing has yet.
+/// Failure: false, with the reason in `error`.
 bool CopyTo(const std::filesystem::path& from, const std::filesystem::path& to,
             std::error_code& error);
+
+/// Makes a new folder in the system's temporary one that only this user can enter.
+/// Failure: empty, with the reason in `error`.
+std::filesystem::path MakePrivateFolder(std::error_code& error);
 
 }  // namespace kestrin::opening

@@ -1,3 +1,6 @@
+#include <cerrno>
+#include <cstdlib>
+
 #include "base/utf8Path.h"
 #include "jobstore/opening/jobFile.h"
 
@@ -22,6 +25,15 @@ std::uintmax_t SizeOf(const fs::path& file) {
 
 bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
   return fs::copy_file(from, to, error);
+}
+
+fs::path MakePrivateFolder(std::error_code& error) {
+  const fs::path root = fs::temp_directory_path(error);
+  if (error) return {};
+  std::string name = (root / "kestrin-job-XXXXXX").string();
+  if (mkdtemp(name.data()) != nullptr) return name;
+  error.assign(errno, std::generic_category());
+  return {};
 }
 
 }  // namespace kestrin::opening

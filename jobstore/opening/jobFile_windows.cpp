@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <random>
 
 #include "base/nativePath.h"
 #include "base/utf8Path.h"
@@ -80,6 +81,20 @@ bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
   }
   error.assign(static_cast<int>(GetLastError()), std::system_category());
   return false;
+}
+
+// The temporary folder is the user's own here.
+fs::path MakePrivateFolder(std::error_code& error) {
+  const fs::path root = fs::temp_directory_path(error);
+  if (error) return {};
+  std::random_device random;
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    const fs::path folder = root / ("kestrin-job-" + std::to_string(random()));
+    if (fs::create_directory(folder, error)) return folder;
+    if (error) return {};
+  }
+  error = std::make_error_code(std::errc::file_exists);
+  return {};
 }
 
 }  // namespace kestrin::opening

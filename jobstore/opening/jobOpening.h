@@ -31,6 +31,7 @@ struct OpenedJob {
 /// The header and the schema are read at once, so a file that is no database fails
 /// here and not at the first query. An empty file is no job. Path in the system's
 /// 8-bit text.
+/// Failure: no database, and the library's code as the result.
 OpenedJob OpenJobFile(const std::string& path);
 
 }  // namespace kestrin::opening

@@ -1,11 +1,23 @@
 #include "jobstore/opening/privateCopy.h"
 
+#include <fstream>
+
 #include "jobstore/opening/jobFile.h"
-#include "jobstore/opening/privateFolder.h"
-#include "jobstore/opening/superJournal.h"
 
 namespace kestrin::opening {
 namespace fs = std::filesystem;
+namespace {
+
+/// SQLite takes the name from the very end of a journal, before a mark of 8 bytes. One more
+/// byte is no such mark, whatever was before it, and rolling back stops ahead of it.
+std::error_code HideSuperJournal(const fs::path& journal) {
+  std::ofstream file(journal, std::ios::binary | std::ios::app);
+  file.put('\0');
+  file.close();
+  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
+}
+
+}  // namespace
 
 PrivateCopy::PrivateCopy(const fs::path& job) {
   folder_ = MakePrivateFolder(error_);
@@ -14,7 +26,8 @@ PrivateCopy::PrivateCopy(const fs::path& job) {
   for (const char* suffix : {"-journal", "-wal"}) {
     if (!error_ && SizeOf(Beside(job, suffix)) > 0) Copy(job, suffix);
   }
-  if (!error_) DropSuperJournal(Beside(Path(), "-journal"));
+  const fs::path journal = Beside(Path(), "-journal");
+  if (!error_ && SizeOf(journal) > 0) error_ = HideSuperJournal(journal);
 }
 
 PrivateCopy::~PrivateCopy() {

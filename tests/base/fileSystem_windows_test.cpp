@@ -58,8 +58,7 @@ class WindowsFiles : public testing::Test {
   void WriteSet(const std::string& base) {
     const std::array<shapefile::Field, 1> fields{{{"ID", 'N', 8, 0}}};
     shapefile::ShapefileSet set(*files_, base, shapefile::ShapeType::kPoint, fields, {});
-    set.AddPoint(1, 2);
-    set.AddAttributes("        0");
+    set.AddPoint({1, 2}, "        0");
     set.Commit();
   }
 

@@ -34,6 +34,13 @@ std::vector<double> Numbers(const std::string& text) {
   return numbers;
 }
 
+void ExpectNear(const geo::Box& one, const geo::Box& other, double tolerance) {
+  EXPECT_NEAR(one.xMin, other.xMin, tolerance);
+  EXPECT_NEAR(one.yMin, other.yMin, tolerance);
+  EXPECT_NEAR(one.xMax, other.xMax, tolerance);
+  EXPECT_NEAR(one.yMax, other.yMax, tolerance);
+}
+
 const std::array<shapefile::Field, 3> kFields{
     {{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}, {"NAME", 'C', 10, 0}}};
 constexpr int kRecords = 25;
@@ -46,27 +53,26 @@ class GisReaders : public testing::TestWithParam<shapefile::ShapeType> {
     shapefile::ShapefileSet set(*files_, base_, GetParam(), kFields, {{2006, 7, 9}, true});
     shapefile::AttributeRecord row(kFields);
     for (int i = 0; i < kRecords; ++i) {
-      AddShape(set, i);
       row.Clear();
       row.Add(shapefile::IntegerText(i).View(), shapefile::Keep::kRight);
       row.Add(shapefile::RoundedText(Metres(i), 2).View(), shapefile::Keep::kLeft);
       row.Add("Boom " + std::to_string(i), shapefile::Keep::kLeft);
-      set.AddAttributes(row.Bytes());
+      AddShape(set, i, row.Bytes());
     }
     set.Commit();
     read_ = test::ReadShapeSet(base_);
   }
 
-  static void AddShape(shapefile::ShapefileSet& set, int i) {
+  static void AddShape(shapefile::ShapefileSet& set, int i, std::string_view attributes) {
     const double x = -93.5 + i * 0.001;
     const double y = 45.25 - i * 0.0017;
-    if (GetParam() == shapefile::ShapeType::kPoint) return set.AddPoint(x, y);
+    if (GetParam() == shapefile::ShapeType::kPoint) return set.AddPoint({x, y}, attributes);
     set.BeginRecord();
-    set.AddVertex(x, y);
-    set.AddVertex(x, y + 0.01);
-    for (int j = 0; j <= i; ++j) set.AddVertex(x + 0.01, y + 0.01 - j * 0.0001);
-    if (GetParam() == shapefile::ShapeType::kPolygon) set.AddVertex(x, y);
-    set.EndRecord();
+    set.AddVertex({x, y});
+    set.AddVertex({x, y + 0.01});
+    for (int j = 0; j <= i; ++j) set.AddVertex({x + 0.01, y + 0.01 - j * 0.0001});
+    if (GetParam() == shapefile::ShapeType::kPolygon) set.AddVertex({x, y});
+    set.EndRecord(attributes);
   }
 
   static std::string Command(const std::string& command, const std::string& path) {
@@ -87,7 +93,7 @@ TEST_P(GisReaders, GdalSeesTheSameCountBoxAndAttributesWithoutComplaint) {
   EXPECT_EQ(Behind("Feature Count: ", output), std::vector<std::string>{std::to_string(kRecords)});
   const std::vector<double> extent = Numbers(Behind("Extent: ", output).at(0));
   ASSERT_EQ(extent.size(), 4U);
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_NEAR(extent[i], read_.box[i], 5.1e-7);
+  ExpectNear({extent[0], extent[1], extent[2], extent[3]}, read_.box, 5.1e-7);
   EXPECT_NE(output.find("DBF_DATE_LAST_UPDATE=2006-07-09"), std::string::npos);
   EXPECT_NE(output.find("NAD83"), std::string::npos) << output;
   const auto ids = Behind("ID (Integer) = ", output);
@@ -115,19 +121,16 @@ TEST_P(GisReaders, ShapelibSeesTheSameShapes) {
   ASSERT_EQ(lows.size(), read_.records.size() + 1) << output;
   ASSERT_EQ(highs.size(), read_.records.size() + 1) << output;
   for (std::size_t i = 0; i <= read_.records.size(); ++i) {
-    test::Bounds box = read_.box;
+    geo::Box box = read_.box;
     if (i > 0) {
       const test::ReadRecord& record = read_.records[i - 1];
       EXPECT_EQ(std::stoul(counts[i - 1]), record.points.size());
       const auto [x, y] = record.points[0];
-      box = GetParam() == shapefile::ShapeType::kPoint ? test::Bounds{x, y, x, y} : record.box;
+      box = GetParam() == shapefile::ShapeType::kPoint ? geo::Box{x, y, x, y} : record.box;
     }
     const std::vector<double> low = Numbers(lows[i]);
     const std::vector<double> high = Numbers(highs[i]);
-    EXPECT_NEAR(low.at(0), box[0], 1e-13);
-    EXPECT_NEAR(low.at(1), box[1], 1e-13);
-    EXPECT_NEAR(high.at(0), box[2], 1e-13);
-    EXPECT_NEAR(high.at(1), box[3], 1e-13);
+    ExpectNear({low.at(0), low.at(1), high.at(0), high.at(1)}, box, 1e-13);
   }
 }
 

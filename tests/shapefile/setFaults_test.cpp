@@ -26,9 +26,8 @@ class SetFaults : public testing::TestWithParam<bool> {
   void WriteSet(const std::string& base) {
     ShapefileSet set(faulty_, base, ShapeType::kPolyline, kFields, {{2006, 1, 2}, GetParam()});
     set.BeginRecord();
-    for (int i = 0; i < kVertices; ++i) set.AddVertex(i, -i);
-    set.EndRecord();
-    set.AddAttributes("        0");
+    for (int i = 0; i < kVertices; ++i) set.AddVertex({1.0 * i, -1.0 * i});
+    set.EndRecord("        0");
     set.Commit();
   }
 
@@ -145,14 +144,13 @@ class BottomlessFileSystem : public base::FileSystem {
 constexpr std::uint64_t kTwoGiB = std::uint64_t{1} << 31;
 
 TEST(SetLimits, ShapesOverTwoGiBAreAnErrorAboutTheShapes) {
-  constexpr std::uint64_t kPairs = 1'000'000;
-  const std::vector<double> coordinates(kPairs * 4, 1.0);
+  constexpr std::uint64_t kLines = 1'000'000;
   BottomlessFileSystem files;
   ShapefileSet set(files, "base", ShapeType::kPolyline, kFields, {});
   try {
-    for (std::uint64_t bytes = 100; bytes < kTwoGiB; bytes += 52 + 36 * kPairs) {
-      set.AddPairs({1, 1, 1, 1}, coordinates);
-      set.AddAttributes("        0");
+    for (std::uint64_t bytes = 100; bytes < kTwoGiB; bytes += 52 + 36 * kLines) {
+      set.BeginCrossLines({1, 1, 1, 1}, kLines, "        0");
+      for (std::uint64_t i = 0; i < kLines; ++i) set.AddCrossLine({1, 1}, {1, 1});
     }
     set.Commit();
     FAIL() << "a file over 2 GiB was accepted";
@@ -170,10 +168,7 @@ void WriteLargestTable(base::FileSystem& files, std::uint64_t moreRows) {
   const std::string row(RecordLength(wide), ' ');
   const std::uint64_t rows = (kTwoGiB - 1 - 6433 - 1) / row.size() + moreRows;
   ShapefileSet set(files, "base", ShapeType::kPoint, wide, {});
-  for (std::uint64_t i = 0; i < rows; ++i) {
-    set.AddPoint(1, 2);
-    set.AddAttributes(row);
-  }
+  for (std::uint64_t i = 0; i < rows; ++i) set.AddPoint({1, 2}, row);
   set.Commit();
 }
 

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <ctime>
 #include <filesystem>
 #include <random>
+#include <sstream>
 
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
@@ -63,6 +65,16 @@ class ShapefileSetTest : public testing::Test {
   SetOptions options_{{2006, 7, 9}};
 };
 
+/// Year, month and day of a time by the local clock, as the C library prints them.
+std::array<int, 3> LocalDay(std::time_t time) {
+  char text[16];
+  std::strftime(text, sizeof text, "%Y %m %d", std::localtime(&time));
+  std::istringstream in(text);
+  std::array<int, 3> day{};
+  for (int& number : day) in >> number;
+  return day;
+}
+
 const std::string kTableHead =
     "03 6A 07 09 01000000 4100 0400 0000000000000000000000000000000000000000 "
     "4944000000000000000000 4E 00000000 03 00 0000000000000000000000000000 0D ";
@@ -70,14 +82,12 @@ const std::string kTableHead =
 TEST_F(ShapefileSetTest, PolylinesByteForByte) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
   set.BeginRecord();
-  set.AddVertex(1, 2);
-  set.AddVertex(3, -0.5);
-  set.EndRecord();
-  set.AddAttributes("   0");
+  set.AddVertex({1, 2});
+  set.AddVertex({3, -0.5});
+  set.EndRecord("   0");
   set.BeginRecord();
-  set.AddVertex(-0.5, 3);
-  set.EndRecord();
-  set.AddAttributes("   1");
+  set.AddVertex({-0.5, 3});
+  set.EndRecord("   1");
   set.Commit();
 
   const std::string box = kMinusHalf + kMinusHalf + kThree + kThree;
@@ -98,11 +108,10 @@ TEST_F(ShapefileSetTest, PolylinesByteForByte) {
 TEST_F(ShapefileSetTest, PolygonsByteForByte) {
   ShapefileSet set = MakeSet(ShapeType::kPolygon);
   set.BeginRecord();
-  for (const auto& [x, y] : {std::pair{1.0, 1.0}, {1.0, 2.0}, {2.0, 2.0}, {1.0, 1.0}}) {
-    set.AddVertex(x, y);
+  for (const geo::GeoPoint vertex : {geo::GeoPoint{1, 1}, {1, 2}, {2, 2}, {1, 1}}) {
+    set.AddVertex(vertex);
   }
-  set.EndRecord();
-  set.AddAttributes("   0");
+  set.EndRecord("   0");
   set.Commit();
 
   const std::string box = kOne + kOne + kTwo + kTwo;
@@ -115,10 +124,8 @@ TEST_F(ShapefileSetTest, PolygonsByteForByte) {
 
 TEST_F(ShapefileSetTest, PointsByteForByte) {
   ShapefileSet set = MakeSet(ShapeType::kPoint);
-  set.AddPoint(1, -0.5);
-  set.AddAttributes("   0");
-  set.AddPoint(2, 3);
-  set.AddAttributes("   1");
+  set.AddPoint({1, -0.5}, "   0");
+  set.AddPoint({2, 3}, "   1");
   set.Commit();
 
   const std::string box = kOne + kMinusHalf + kTwo + kThree;
@@ -128,15 +135,13 @@ TEST_F(ShapefileSetTest, PointsByteForByte) {
             Hex(HeaderHex("0000003A", "01000000", box) + "00000032 0000000A 00000040 0000000A"));
 }
 
-TEST_F(ShapefileSetTest, PairsByteForByte) {
+TEST_F(ShapefileSetTest, CrossLinesByteForByte) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
-  geo::Box box;
-  for (const auto& [x, y] : {std::pair{1.0, 2.0}, {3.0, 2.0}, {1.0, 3.0}, {-0.5, 3.0}}) {
-    box.Widen(x, y);
-    set.WidenBox(x, y);
-  }
-  set.AddPairs(box, std::array<double, 8>{1, 2, 3, 2, 1, 3, -0.5, 3});
-  set.AddAttributes("   0");
+  const geo::Box box{-0.5, 2, 3, 3};
+  set.BeginCrossLines(box, 2, "   0");
+  set.AddCrossLine({1, 2}, {3, 2});
+  set.AddCrossLine({1, 3}, {-0.5, 3});
+  set.SetBox(box);
   set.Commit();
 
   const std::string bounds = kMinusHalf + kTwo + kThree + kThree;
@@ -145,12 +150,12 @@ TEST_F(ShapefileSetTest, PairsByteForByte) {
                        bounds + "02000000 04000000 00000000 02000000 " + kOne + kTwo + kThree +
                        kTwo + kOne + kThree + kMinusHalf + kThree));
   EXPECT_EQ(Shx(), Hex(HeaderHex("00000036", "03000000", bounds) + "00000032 0000003A"));
+  EXPECT_EQ(Dbf(), Hex(kTableHead + "20202030 1A"));
 }
 
-TEST_F(ShapefileSetTest, RecordWithoutPairsHasNoPartsAndAZeroBox) {
+TEST_F(ShapefileSetTest, RecordWithoutCrossLinesHasNoPartsAndAZeroBox) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
-  set.AddPairs({}, {});
-  set.AddAttributes("   0");
+  set.BeginCrossLines({}, 0, "   0");
   set.Commit();
 
   const std::string zeros = kZero + kZero + kZero + kZero;
@@ -158,19 +163,20 @@ TEST_F(ShapefileSetTest, RecordWithoutPairsHasNoPartsAndAZeroBox) {
                        zeros + "00000000 00000000"));
 }
 
-TEST_F(ShapefileSetTest, FileBoxIsOnlyWhatWidenedIt) {
+TEST_F(ShapefileSetTest, BoxesOfCrossLinesAreThoseGiven) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
-  set.AddPairs({1, 2, 3, 2}, std::array<double, 4>{1, 2, 3, 2});
-  set.AddAttributes("   0");
-  set.WidenBox(7, 8);
+  set.BeginCrossLines({0, 1, 4, 5}, 1, "   0");
+  set.AddCrossLine({1, 2}, {3, 2});
+  set.SetBox({7, 8, 7, 8});
   set.Commit();
-  EXPECT_EQ(test::ReadShapeSet(base_).box, (test::Bounds{7, 8, 7, 8}));
+  const test::ReadSet read = test::ReadShapeSet(base_, test::RecordBoxes::kAny);
+  EXPECT_EQ(read.records[0].box, (geo::Box{0, 1, 4, 5}));
+  EXPECT_EQ(read.box, (geo::Box{7, 8, 7, 8}));
 }
 
 TEST_F(ShapefileSetTest, OneRecordGivesAnIndexOf54Words) {
   ShapefileSet set = MakeSet(ShapeType::kPoint);
-  set.AddPoint(1, 2);
-  set.AddAttributes("   0");
+  set.AddPoint({1, 2}, "   0");
   set.Commit();
   EXPECT_EQ(Shx().size(), 108U);
   EXPECT_EQ(Shx().substr(24, 4), Hex("00000036"));
@@ -187,13 +193,17 @@ TEST_F(ShapefileSetTest, SetWithoutRecordsIsThreeHeaders) {
 }
 
 TEST_F(ShapefileSetTest, TableDateIsTheDayOfWriting) {
+  const auto before = std::time(nullptr);
   options_ = SetOptions{};
-  const CalendarDate before = Today();
   MakeSet(ShapeType::kPoint).Commit();
   const auto date = test::ReadShapeSet(base_).date;
-  const CalendarDate after = Today();
-  EXPECT_TRUE(date == (std::array<int, 3>{before.year, before.month, before.day}) ||
-              date == (std::array<int, 3>{after.year, after.month, after.day}));
+  // Midnight may have passed meanwhile.
+  EXPECT_TRUE(date == LocalDay(before) || date == LocalDay(std::time(nullptr)));
+}
+
+TEST_F(ShapefileSetTest, TableDateIsTheOneGivenWhereThereIsOne) {
+  MakeSet(ShapeType::kPoint).Commit();
+  EXPECT_EQ(test::ReadShapeSet(base_).date, (std::array{2006, 7, 9}));
 }
 
 TEST_F(ShapefileSetTest, ProjectionAndEncodingOnlyWhenAskedFor) {
@@ -211,8 +221,7 @@ TEST_F(ShapefileSetTest, ProjectionAndEncodingOnlyWhenAskedFor) {
 
 TEST_F(ShapefileSetTest, NothingHasItsNameBeforeCommit) {
   ShapefileSet set = MakeSet(ShapeType::kPoint);
-  set.AddPoint(1, 2);
-  set.AddAttributes("   0");
+  set.AddPoint({1, 2}, "   0");
   for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
     EXPECT_EQ(entry.path().extension(), ".tmp");
   }
@@ -222,7 +231,7 @@ TEST_F(ShapefileSetTest, NothingHasItsNameBeforeCommit) {
 TEST_F(ShapefileSetTest, NothingIsLeftWithoutCommit) {
   {
     ShapefileSet set = MakeSet(ShapeType::kPoint);
-    set.AddPoint(1, 2);
+    set.AddPoint({1, 2}, "   0");
   }
   EXPECT_EQ(FileCount(), 0U);
 }
@@ -232,22 +241,20 @@ TEST_F(ShapefileSetTest, NothingIsLeftWithoutCommit) {
 TEST_F(ShapefileSetTest, LargeSetsReadBackAsTheyWereWritten) {
   std::mt19937 random(1);
   std::uniform_real_distribution<double> degrees(-180, 180);
-  std::vector<std::vector<std::pair<double, double>>> records;
+  std::vector<std::vector<geo::GeoPoint>> records;
   for (const int size : {200'000, 1, 0, 65'534, 65'529, 3, 131'072}) {
     records.emplace_back();
     for (int i = 0; i < size; ++i) {
-      const double x = degrees(random);
-      records.back().emplace_back(x, degrees(random));
+      records.back().push_back({degrees(random), degrees(random)});
     }
   }
-  for (int i = 0; i < 40'000; ++i) records.push_back({{i, -i}, {i, i}});
+  for (int i = 0; i < 40'000; ++i) records.push_back({{1.0 * i, -1.0 * i}, {1.0 * i, 1.0 * i}});
 
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
   for (const auto& record : records) {
     set.BeginRecord();
-    for (const auto& [x, y] : record) set.AddVertex(x, y);
-    set.EndRecord();
-    set.AddAttributes("   9");
+    for (const geo::GeoPoint& vertex : record) set.AddVertex(vertex);
+    set.EndRecord("   9");
   }
   EXPECT_EQ(set.RecordCount(), 40'007);
   set.Commit();
@@ -257,22 +264,20 @@ TEST_F(ShapefileSetTest, LargeSetsReadBackAsTheyWereWritten) {
   for (std::size_t i = 0; i < records.size(); ++i) ASSERT_EQ(read.records[i].points, records[i]);
 }
 
-TEST_F(ShapefileSetTest, LargePairsReadBackAsTheyWereWritten) {
-  std::vector<double> coordinates;
-  geo::Box box;
-  for (int i = 0; i < 150'000; ++i) {
-    coordinates.insert(coordinates.end(), {i * 0.5, -i * 0.25});
-    box.Widen(i * 0.5, -i * 0.25);
-  }
+TEST_F(ShapefileSetTest, ManyCrossLinesReadBackAsTheyWereWritten) {
+  constexpr int kLines = 75'000;
+  const auto point = [](int i) { return geo::GeoPoint{i * 0.5, -i * 0.25}; };
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
-  set.AddPairs(box, coordinates);
-  set.AddAttributes("   0");
+  set.BeginCrossLines({0, -(2 * kLines - 1) * 0.25, (2 * kLines - 1) * 0.5, 0}, kLines, "   0");
+  for (int i = 0; i < kLines; ++i) set.AddCrossLine(point(2 * i), point(2 * i + 1));
   set.Commit();
 
   const test::ReadSet read = test::ReadShapeSet(base_);
   ASSERT_EQ(read.records[0].parts.size(), 75'000U);
-  EXPECT_EQ(read.records[0].parts.back(), 149'998);
-  EXPECT_EQ(read.records[0].points.back(), std::pair(149'999 * 0.5, -149'999 * 0.25));
+  ASSERT_EQ(read.records[0].points.size(), 150'000U);
+  for (int i = 0; i < 2 * kLines; ++i) {
+    ASSERT_EQ(read.records[0].points[static_cast<std::size_t>(i)], point(i));
+  }
 }
 
 TEST_F(ShapefileSetTest, RemoveSetRemovesTheThreeFilesAndNoOther) {

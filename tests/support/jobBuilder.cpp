@@ -1,10 +1,7 @@
 #include "tests/support/jobBuilder.h"
 
-#include <sqlite3.h>
-
 #include <charconv>
 #include <fstream>
-#include <stdexcept>
 
 #include "tests/support/tempFolder.h"
 #include "tools/sample/jobSchema.h"
@@ -35,16 +32,11 @@ std::string Values(jobstore::GpsKey time) {
 
 }  // namespace
 
-JobBuilder::JobBuilder(const std::string& path) : path_(path) {
-  if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK) {
-    throw std::runtime_error("cannot create " + path);
-  }
+JobBuilder::JobBuilder(const std::string& path) : path_(path), database_(path) {
   Execute("PRAGMA synchronous=OFF");
   Execute(sample::JobSchema());
   Execute("BEGIN");
 }
-
-JobBuilder::~JobBuilder() { sqlite3_close(database_); }
 
 JobBuilder& JobBuilder::Reference(jobstore::GpsKey time, double latitude, double longitude,
                                   double altitude) {
@@ -117,19 +109,13 @@ JobBuilder& JobBuilder::Version(jobstore::GpsKey time, const std::string& text) 
 }
 
 JobBuilder& JobBuilder::Execute(const std::string& sql) {
-  char* message = nullptr;
-  if (sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
-    const std::string reason = message != nullptr ? message : "no reason given";
-    sqlite3_free(message);
-    throw std::runtime_error(sql + ": " + reason);
-  }
+  database_.value().Execute(sql);
   return *this;
 }
 
 std::string JobBuilder::Finish() {
   Execute("COMMIT");
-  sqlite3_close(database_);
-  database_ = nullptr;
+  database_.reset();
   return path_;
 }
 

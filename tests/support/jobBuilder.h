@@ -1,12 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "jobstore/gpsKey.h"
 #include "jobstore/queries.h"
-
-struct sqlite3;
+#include "tests/support/database.h"
 
 namespace kestrin::test {
 
@@ -15,9 +15,6 @@ class JobBuilder {
  public:
   /// The file must not exist yet.
   explicit JobBuilder(const std::string& path);
-  ~JobBuilder();
-  JobBuilder(const JobBuilder&) = delete;
-  JobBuilder& operator=(const JobBuilder&) = delete;
 
   /// Degrees; stored in radians.
   JobBuilder& Reference(jobstore::GpsKey time, double latitude, double longitude,
@@ -43,7 +40,7 @@ class JobBuilder {
   void Insert(const std::string& table, const std::string& values);
 
   std::string path_;
-  sqlite3* database_ = nullptr;
+  std::optional<Database> database_;
 };
 
 /// Makes a page of a finished job's table unreadable: of the GPS rows', when they are

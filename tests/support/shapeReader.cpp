@@ -48,7 +48,8 @@ class Bytes {
     for (int i = 0; i < size; ++i) text += static_cast<char>(Byte());
     return text;
   }
-  Bounds Box() { return {Double(), Double(), Double(), Double()}; }
+  geo::GeoPoint Point() { return {Double(), Double()}; }
+  geo::Box Box() { return {Double(), Double(), Double(), Double()}; }
   void Zeros(int size, const std::string& where) {
     while (size-- > 0) Require(Byte() == 0, where + " is not 0");
   }
@@ -69,17 +70,18 @@ void ReadHeader(Bytes& in, std::size_t size, ReadSet& set) {
 }
 
 void CheckBox(const ReadRecord& record) {
-  Bounds box{};
+  geo::Box box{0, 0, 0, 0};
   bool first = true;
   for (const auto& [x, y] : record.points) {
     if (first) box = {x, y, x, y};
     first = false;
-    box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x), std::max(box[3], y)};
+    box = {std::min(box.xMin, x), std::min(box.yMin, y), std::max(box.xMax, x),
+           std::max(box.yMax, y)};
   }
   Require(box == record.box, "record box");
 }
 
-ReadRecord ReadParts(Bytes& in) {
+ReadRecord ReadParts(Bytes& in, RecordBoxes boxes) {
   ReadRecord record;
   record.box = in.Box();
   const std::int32_t parts = in.Little32();
@@ -89,22 +91,18 @@ ReadRecord ReadParts(Bytes& in) {
   Require(parts == 0 || record.parts[0] == 0, "first part");
   Require(std::is_sorted(record.parts.begin(), record.parts.end()), "order of parts");
   Require(parts == 0 || record.parts.back() <= points, "last part");
-  for (std::int32_t i = 0; i < points; ++i) {
-    const double x = in.Double();
-    record.points.emplace_back(x, in.Double());
-  }
-  CheckBox(record);
+  for (std::int32_t i = 0; i < points; ++i) record.points.push_back(in.Point());
+  if (boxes == RecordBoxes::kOfTheirPoints) CheckBox(record);
   return record;
 }
 
 ReadRecord ReadPoint(Bytes& in) {
   ReadRecord record;
-  const double x = in.Double();
-  record.points.emplace_back(x, in.Double());
+  record.points.push_back(in.Point());
   return record;
 }
 
-void ReadShapes(const std::string& shp, const std::string& shx, ReadSet& set) {
+void ReadShapes(const std::string& shp, const std::string& shx, RecordBoxes boxes, ReadSet& set) {
   Bytes in(shp);
   Bytes index(shx);
   ReadSet indexed;
@@ -119,7 +117,7 @@ void ReadShapes(const std::string& shp, const std::string& shx, ReadSet& set) {
     Require(index.Big32() == words, "content length in the index");
     const std::size_t start = in.At();
     Require(in.Little32() == set.type, "shape type of a record");
-    set.records.push_back(set.type == 1 ? ReadPoint(in) : ReadParts(in));
+    set.records.push_back(set.type == 1 ? ReadPoint(in) : ReadParts(in, boxes));
     Require(in.At() - start == static_cast<std::size_t>(words) * 2, "content length");
   }
   Require(index.Left() == 0, "index is too long");
@@ -164,9 +162,9 @@ void ReadTable(const std::string& dbf, ReadSet& set) {
 
 }  // namespace
 
-ReadSet ReadShapeSet(const std::string& basePath) {
+ReadSet ReadShapeSet(const std::string& basePath, RecordBoxes boxes) {
   ReadSet set;
-  ReadShapes(FileBytes(basePath + ".shp"), FileBytes(basePath + ".shx"), set);
+  ReadShapes(FileBytes(basePath + ".shp"), FileBytes(basePath + ".shx"), boxes, set);
   ReadTable(FileBytes(basePath + ".dbf"), set);
   Require(set.rows.size() == set.records.size(), "rows for records");
   return set;

@@ -52,8 +52,8 @@ TEST_F(BoomExport, CoordinatesAreLongitudeAndLatitudeOfTheWorkingPlane) {
   const geo::GeoPoint expected = plane.ToGeo(plane.At(12, 20));
   const test::BoomSet set = ExportedSet();
   // The reference location goes through radians and back.
-  EXPECT_NEAR(set.shapes.at(0).points[0].x, expected.longitude, 1e-11);
-  EXPECT_NEAR(set.shapes.at(0).points[0].y, expected.latitude, 1e-11);
+  EXPECT_NEAR(set.shapes.at(0).points[0].longitude, expected.longitude, 1e-11);
+  EXPECT_NEAR(set.shapes.at(0).points[0].latitude, expected.latitude, 1e-11);
 }
 
 TEST_F(BoomExport, EveryUsedSectionIsLaidInSlotOrderWhateverTheSwitchesSay) {
@@ -127,10 +127,10 @@ TEST_F(BoomExport, ReferenceInAnotherZoneKeepsTheFirstZone) {
   builder.Reference(kStart, 47, -96.5).Reference(After(1), 47, -95.5);
   builder.Implement(kStart, "Disc", {{4, 0, 0, 0}});
   builder.Epoch(After(1), 0, 0);
-  const std::vector<test::LiteralPoint> points = ExportedSet().shapes.at(0).points;
+  const std::vector<geo::GeoPoint> points = ExportedSet().shapes.at(0).points;
   // On the first zone's grid, which there stands askew to north.
-  EXPECT_GT(std::abs(points[0].y - points[1].y), 1e-7);
-  EXPECT_NEAR(points[0].x, -95.5, 1e-4);
+  EXPECT_GT(std::abs(points[0].latitude - points[1].latitude), 1e-7);
+  EXPECT_NEAR(points[0].longitude, -95.5, 1e-4);
 }
 
 // ---------------------------------------------------------------- records and periods
@@ -177,7 +177,7 @@ TEST_F(BoomExport, RatesThatReturnWithinAPeriodTakeUpItsEarlierRecordShuffled) {
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(3));
   EXPECT_THAT(Easts(set.shapes[0]), ElementsAre(2, -2));
-  // A copy of the pair before, its own first, and the new one in place of its last.
+  // A copy of the line before, its own first, and the new one in place of its last.
   EXPECT_THAT(Easts(set.shapes[1]), ElementsAre(2, -2, 12, 8, 42, 38));
   EXPECT_THAT(Easts(set.shapes[2]), ElementsAre(32, 28));
 }
@@ -224,7 +224,6 @@ TEST_F(BoomExport, ImplementWithoutUsedSectionEndsWithTwoEmptyRecordsAPeriod) {
   for (const test::BoomShape& shape : set.shapes) {
     EXPECT_THAT(shape.parts, IsEmpty());
     EXPECT_THAT(shape.points, IsEmpty());
-    EXPECT_EQ(shape.contentWords, 22U);
     EXPECT_EQ(shape.box.xMin, 0);
     EXPECT_EQ(shape.box.yMax, 0);
     EXPECT_EQ(shape.Implement(), "      None");
@@ -256,7 +255,7 @@ TEST_F(BoomExport, BoxesKeepOverwrittenPoints) {
   const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5});
   EXPECT_NEAR(set.shapes[1].box.xMax, plane.ToGeo(plane.At(902, 0)).longitude, 1e-9);
   EXPECT_NEAR(set.box.xMax, plane.ToGeo(plane.At(902, 0)).longitude, 1e-9);
-  // The copied pair was laid into another record.
+  // The copied line was laid into another record.
   EXPECT_NEAR(set.shapes[1].box.xMin, plane.ToGeo(plane.At(28, 0)).longitude, 1e-9);
 }
 

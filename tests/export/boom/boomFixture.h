@@ -2,29 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "base/fileSystem.h"
 #include "export/boom/boomExport.h"
-#include "geo/box.h"
 #include "tests/export/boom/literalBoom.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/recordingHost.h"
+#include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
 
 /// A record of a boom set as it stands in the files.
-struct BoomShape {
-  std::uint32_t number = 0;
-  std::uint32_t contentWords = 0;
-  geo::Box box;
-  std::vector<std::uint32_t> parts;
-  std::vector<LiteralPoint> points;
+struct BoomShape : ReadRecord {
   /// The table's eleven texts, blanks included.
   std::vector<std::string> fields;
 

@@ -33,16 +33,16 @@ std::string WithoutOuterBlanks(std::string text) {
   return text;
 }
 
-void GrowBox(LiteralBox& box, LiteralPoint point) {
-  if (point.x < box.xMin) {
-    box.xMin = point.x;
-  } else if (point.x > box.xMax) {
-    box.xMax = point.x;
+void GrowBox(geo::Box& box, geo::GeoPoint point) {
+  if (point.longitude < box.xMin) {
+    box.xMin = point.longitude;
+  } else if (point.longitude > box.xMax) {
+    box.xMax = point.longitude;
   }
-  if (point.y < box.yMin) {
-    box.yMin = point.y;
-  } else if (point.y > box.yMax) {
-    box.yMax = point.y;
+  if (point.latitude < box.yMin) {
+    box.yMin = point.latitude;
+  } else if (point.latitude > box.yMax) {
+    box.yMax = point.latitude;
   }
 }
 
@@ -82,8 +82,8 @@ class Walk {
       const double h = s.width / 2;
       const double c = std::cos(epoch.yaw);
       const double d = std::sin(epoch.yaw);
-      const LiteralPoint first = Geographic(e + c * h + s.xOffset, n - d * h + s.yOffset);
-      const LiteralPoint second = Geographic(e - c * h + s.xOffset, n + d * h + s.yOffset);
+      const geo::GeoPoint first = Geographic(e + c * h + s.xOffset, n - d * h + s.yOffset);
+      const geo::GeoPoint second = Geographic(e - c * h + s.xOffset, n + d * h + s.yOffset);
       records.Place(first, second);
     }
   }
@@ -113,7 +113,7 @@ class Walk {
     geo::GeoToUtm(northing_, easting_, zone_);
   }
 
-  LiteralPoint Geographic(double easting, double northing) const {
+  geo::GeoPoint Geographic(double easting, double northing) const {
     geo::UtmToGeo(northing, easting, zone_);
     return {easting, northing};
   }
@@ -142,11 +142,11 @@ std::string Be32(std::uint64_t value) {
 
 std::string Le(double value) { return Le(std::bit_cast<std::uint64_t>(value), 8); }
 
-std::string BoxBytes(const LiteralBox& box) {
+std::string BoxBytes(const geo::Box& box) {
   return Le(box.xMin) + Le(box.yMin) + Le(box.xMax) + Le(box.yMax);
 }
 
-std::string Header(std::uint64_t words, const LiteralBox& box) {
+std::string Header(std::uint64_t words, const geo::Box& box) {
   return Be32(9994) + std::string(20, '\0') + Be32(words) + Le(1000, 4) + Le(3, 4) + BoxBytes(box) +
          std::string(32, '\0');
 }
@@ -188,13 +188,13 @@ LiteralSet Files(const LiteralRecords& records, const std::vector<LiteralEntry>&
   set.dbf = TableStart(date, records.Count());
   for (std::size_t i = 1; i <= records.Count(); ++i) {
     const LiteralRecord& record = records.Record(i);
-    const std::vector<LiteralPoint> points = records.PointsOf(i);
+    const std::vector<geo::GeoPoint> points = records.PointsOf(i);
     const std::uint64_t n = points.size();
     const std::uint64_t words = (44 + 4 * (n / 2) + 16 * n) / 2;
     set.shx += Be32(set.shp.size() / 2) + Be32(words);
     set.shp += Be32(i) + Be32(words) + Le(3, 4) + BoxBytes(record.box) + Le(n / 2, 4) + Le(n, 4);
     for (std::uint64_t part = 0; part < n; part += 2) set.shp += Le(part, 4);
-    for (const LiteralPoint& point : points) set.shp += Le(point.x) + Le(point.y);
+    for (const geo::GeoPoint& point : points) set.shp += Le(point.longitude) + Le(point.latitude);
 
     const LiteralEntry& entry = entries[record.entry];
     set.dbf += ' ' + FieldText(std::to_string(i - 1), 8) + FieldText(entry.implementName, 10);
@@ -263,17 +263,17 @@ void LiteralRecords::Decide(const std::array<double, 3>& rates) {
     }
   }
   if (flag_) {
-    records_.push_back({static_cast<std::int64_t>(PointCount()) + 1, entry_, rates, {}});
+    records_.push_back({static_cast<std::int64_t>(PointCount()) + 1, entry_, rates});
     current_ = Count();
   }
 }
 
-LiteralPoint& LiteralRecords::Slot(std::int64_t k) {
+geo::GeoPoint& LiteralRecords::Slot(std::int64_t k) {
   if (k < 0 || k >= static_cast<std::int64_t>(points_.size())) throw exports::SubscriptError();
   return points_[static_cast<std::size_t>(k)];
 }
 
-void LiteralRecords::Place(LiteralPoint first, LiteralPoint second) {
+void LiteralRecords::Place(geo::GeoPoint first, geo::GeoPoint second) {
   points_.resize(points_.size() + 2);
   const auto u = static_cast<std::int64_t>(PointCount());
   if (current_ == Count()) {
@@ -291,22 +291,22 @@ void LiteralRecords::Place(LiteralPoint first, LiteralPoint second) {
   Grow(second);
 }
 
-void LiteralRecords::Grow(LiteralPoint point) {
+void LiteralRecords::Grow(geo::GeoPoint point) {
   if (flag_) {
-    records_[current_].box = {point.x, point.y, point.x, point.y};
+    records_[current_].box = {point.longitude, point.latitude, point.longitude, point.latitude};
     flag_ = false;
   } else {
     GrowBox(records_[current_].box, point);
   }
   if (!fileHasPoint_) {
-    fileBox_ = {point.x, point.y, point.x, point.y};
+    fileBox_ = {point.longitude, point.latitude, point.longitude, point.latitude};
     fileHasPoint_ = true;
   } else {
     GrowBox(fileBox_, point);
   }
 }
 
-std::vector<LiteralPoint> LiteralRecords::PointsOf(std::size_t record) const {
+std::vector<geo::GeoPoint> LiteralRecords::PointsOf(std::size_t record) const {
   const auto begin = records_[record].firstPoint;
   const auto end = record < Count() ? records_[record + 1].firstPoint
                                     : static_cast<std::int64_t>(points_.size());

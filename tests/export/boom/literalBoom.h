@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "geo/box.h"
+#include "geo/points.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "shapefile/attributeTable.h"
@@ -29,24 +31,11 @@ std::vector<LiteralEntry> LiteralTimeline(const std::vector<jobstore::RatesRow>&
                                           const std::vector<jobstore::ProductsRow>& products,
                                           const std::vector<jobstore::ImplementRow>& implements);
 
-struct LiteralPoint {
-  double x = 0;
-  double y = 0;
-  friend bool operator==(const LiteralPoint&, const LiteralPoint&) = default;
-};
-
-struct LiteralBox {
-  double xMin = 0;
-  double yMin = 0;
-  double xMax = 0;
-  double yMax = 0;
-};
-
 struct LiteralRecord {
   std::int64_t firstPoint = 0;
   std::size_t entry = 0;
   std::array<double, 3> rates{};
-  LiteralBox box;
+  geo::Box box{0, 0, 0, 0};
 };
 
 /// Records and the one list of points; both count from 1.
@@ -55,21 +44,21 @@ class LiteralRecords {
   void StartPeriod(std::size_t entry);
   void Decide(const std::array<double, 3>& rates);
   /// Throws SubscriptError for a slot outside the list.
-  void Place(LiteralPoint first, LiteralPoint second);
+  void Place(geo::GeoPoint first, geo::GeoPoint second);
 
   std::size_t Count() const { return records_.size() - 1; }
   const LiteralRecord& Record(std::size_t i) const { return records_[i]; }
-  const LiteralBox& FileBox() const { return fileBox_; }
+  const geo::Box& FileBox() const { return fileBox_; }
   std::size_t PointCount() const { return points_.size() - 1; }
-  std::vector<LiteralPoint> PointsOf(std::size_t record) const;
+  std::vector<geo::GeoPoint> PointsOf(std::size_t record) const;
 
  private:
-  LiteralPoint& Slot(std::int64_t k);
-  void Grow(LiteralPoint point);
+  geo::GeoPoint& Slot(std::int64_t k);
+  void Grow(geo::GeoPoint point);
 
   std::vector<LiteralRecord> records_{1};
-  std::vector<LiteralPoint> points_{1};
-  LiteralBox fileBox_;
+  std::vector<geo::GeoPoint> points_{1};
+  geo::Box fileBox_{0, 0, 0, 0};
   bool fileHasPoint_ = false;
   std::size_t entry_ = 0;
   std::size_t periodStart_ = 1;

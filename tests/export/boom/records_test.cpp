@@ -10,26 +10,26 @@
 namespace kestrin::boom {
 namespace {
 
-/// A pair that is told apart by one number.
-CrossLine Pair(double number) { return {number, -number, number + 0.5, -number - 0.5}; }
+/// A line that is told apart by one number.
+CrossLine Line(double number) { return {{number, -number}, {number + 0.5, -number - 0.5}}; }
 
-/// The numbers of a record's pairs.
+/// The numbers of a record's lines.
 std::vector<double> NumbersOf(const Records& records, std::size_t record) {
   std::vector<double> numbers;
-  records.ForEachPiece(record, [&](std::span<const double> piece) {
-    for (std::size_t i = 0; i < piece.size(); i += 4) {
-      EXPECT_EQ(piece[i + 2], piece[i] + 0.5);
-      numbers.push_back(piece[i]);
+  records.ForEachPiece(record, [&](std::span<const CrossLine> piece) {
+    for (const CrossLine& line : piece) {
+      EXPECT_EQ(line.second, Line(line.first.longitude).second);
+      numbers.push_back(line.first.longitude);
     }
   });
-  EXPECT_EQ(numbers.size(), records.PairCount(record));
+  EXPECT_EQ(numbers.size(), records.LineCount(record));
   return numbers;
 }
 
-/// One epoch of one pair.
+/// One epoch of one line.
 void Epoch(Records& records, double rate, double number) {
   records.Select({rate, 0, 0});
-  records.Lay(Pair(number));
+  records.Lay(Line(number));
 }
 
 using Numbers = std::vector<double>;
@@ -55,7 +55,7 @@ TEST(Records, EachPeriodBeginsARecordOfItsOwn) {
   EXPECT_EQ(records[1].entry, 1U);
 }
 
-TEST(Records, EarlierRecordTakenUpAgainGainsThePairBeforeItAndLosesItsLast) {
+TEST(Records, EarlierRecordTakenUpAgainGainsTheLineBeforeItAndLosesItsLast) {
   Records records;
   records.StartPeriod(0);
   Epoch(records, 9, 1);
@@ -73,7 +73,7 @@ TEST(Records, EarlierRecordTakenUpAgainGainsThePairBeforeItAndLosesItsLast) {
   EXPECT_EQ(NumbersOf(records, 1), (Numbers{2, 2, 10, 13}));
 }
 
-TEST(Records, ThePairBeforeIsTheOneThatStandsThereAtThatTime) {
+TEST(Records, TheLineBeforeIsTheOneThatStandsThereAtThatTime) {
   Records records;
   records.StartPeriod(0);
   Epoch(records, 9, 1);
@@ -107,7 +107,7 @@ TEST(Records, FirstRecordTakenUpAgainIsASubscriptError) {
   Epoch(records, 1, 10);
   Epoch(records, 2, 20);
   records.Select({1, 0, 0});
-  EXPECT_THROW(records.Lay(Pair(11)), exports::SubscriptError);
+  EXPECT_THROW(records.Lay(Line(11)), exports::SubscriptError);
 }
 
 TEST(Records, AnyRecordWhoseSliceBeginsTheListIsASubscriptError) {
@@ -118,17 +118,17 @@ TEST(Records, AnyRecordWhoseSliceBeginsTheListIsASubscriptError) {
   Epoch(records, 1, 10);
   Epoch(records, 2, 20);
   records.Select({1, 0, 0});
-  EXPECT_THROW(records.Lay(Pair(11)), exports::SubscriptError);
+  EXPECT_THROW(records.Lay(Line(11)), exports::SubscriptError);
 }
 
-TEST(Records, TakingUpTheFirstRecordWithoutLayingAPairIsNoError) {
+TEST(Records, TakingUpTheFirstRecordWithoutLayingALineIsNoError) {
   Records records;
   records.StartPeriod(0);
   for (const double rate : {1.0, 2.0, 1.0}) records.Select({rate, 0, 0});
   EXPECT_EQ(records.Count(), 2U);
 }
 
-TEST(Records, WithoutPairsAPeriodOfOneRateEndsWithTwoRecords) {
+TEST(Records, WithoutLinesAPeriodOfOneRateEndsWithTwoRecords) {
   Records records;
   records.StartPeriod(0);
   for (int epoch = 0; epoch < 5; ++epoch) records.Select({1, 0, 0});
@@ -189,13 +189,13 @@ TEST(Records, EmptyRecordHasAnEmptyBoxAndLeavesTheFilesBoxAlone) {
   records.Select({1, 0, 0});
   EXPECT_TRUE(records.FileBox().IsEmpty());
   EXPECT_TRUE(records[0].box.IsEmpty());
-  EXPECT_EQ(records.PairCount(0), 0U);
+  EXPECT_EQ(records.LineCount(0), 0U);
   records.StartPeriod(1);
   Epoch(records, 1, 10);
   EXPECT_EQ(records.FileBox().xMin, 10);
 }
 
-TEST(Records, SlicesLongerThanABlockComeInWholePairs) {
+TEST(Records, SlicesLongerThanABlockComeWhole) {
   Records records;
   records.StartPeriod(0);
   Epoch(records, 9, 1);
@@ -209,20 +209,17 @@ TEST(Records, SlicesLongerThanABlockComeInWholePairs) {
 }
 
 /// The bounds of nothing are zeros in a file, and in the literal box.
-void ExpectSame(const geo::Box& box, const test::LiteralBox& literal) {
-  const geo::Box shown = box.IsEmpty() ? geo::Box{0, 0, 0, 0} : box;
-  EXPECT_EQ(shown, (geo::Box{literal.xMin, literal.yMin, literal.xMax, literal.yMax}));
+void ExpectSame(const geo::Box& box, const geo::Box& literal) {
+  EXPECT_EQ(box.IsEmpty() ? (geo::Box{0, 0, 0, 0}) : box, literal);
 }
 
 void ExpectEqual(const Records& records, const test::LiteralRecords& literal) {
   ASSERT_EQ(records.Count(), literal.Count());
   for (std::size_t i = 0; i < records.Count(); ++i) {
     const test::LiteralRecord& expected = literal.Record(i + 1);
-    std::vector<test::LiteralPoint> points;
-    records.ForEachPiece(i, [&](std::span<const double> piece) {
-      for (std::size_t at = 0; at < piece.size(); at += 2) {
-        points.push_back({piece[at], piece[at + 1]});
-      }
+    std::vector<geo::GeoPoint> points;
+    records.ForEachPiece(i, [&](std::span<const CrossLine> piece) {
+      for (const auto& [first, second] : piece) points.insert(points.end(), {first, second});
     });
     EXPECT_EQ(points, literal.PointsOf(i + 1)) << "record " << i;
     EXPECT_EQ(records[i].entry, expected.entry);
@@ -254,18 +251,19 @@ bool SameHistory(unsigned seed) {
       records.Select(rates);
       literal.Decide(rates);
       for (int section = 0; section < sections; ++section) {
-        const CrossLine pair{1.0 * Upto(1000), 1.0 * Upto(1000), 1.0 * Upto(1000), 1.0 * Upto(3)};
+        const CrossLine line{{1.0 * Upto(1000), 1.0 * Upto(1000)},
+                             {1.0 * Upto(1000), 1.0 * Upto(3)}};
         bool failed = false;
         try {
-          literal.Place({pair[0], pair[1]}, {pair[2], pair[3]});
+          literal.Place(line.first, line.second);
         } catch (const exports::SubscriptError&) {
           failed = true;
         }
         if (failed) {
-          EXPECT_THROW(records.Lay(pair), exports::SubscriptError);
+          EXPECT_THROW(records.Lay(line), exports::SubscriptError);
           return false;
         }
-        records.Lay(pair);
+        records.Lay(line);
       }
     }
   }

@@ -57,9 +57,9 @@ TEST_F(PolyExport, RingRunsUpTheLeftEdgeAndDownTheRightOne) {
   const auto& points = set.records[0].points;
   ASSERT_EQ(points.size(), 9U);
   EXPECT_EQ(points.front(), points.back());
-  EXPECT_LT(points[0].first, points[7].first);
-  EXPECT_LT(points[0].second, points[3].second);
-  EXPECT_LT(points[3].first, points[4].first);
+  EXPECT_LT(points[0].longitude, points[7].longitude);
+  EXPECT_LT(points[0].latitude, points[3].latitude);
+  EXPECT_LT(points[3].longitude, points[4].longitude);
 }
 
 TEST_F(PolyExport, AreaIsInAcresOfThePlane) {

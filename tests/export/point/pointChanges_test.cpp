@@ -120,8 +120,8 @@ TEST_F(PointChanges, ReferenceMovesTheOriginInTheFirstZone) {
       .Reference({1, 100}, 40, -95.9999);
   Rows({{1, 0}, {1, 100}});
   const test::ReadSet set = Exported();
-  EXPECT_NEAR(set.records[0].points[0].first, -96.0001, 1e-9);
-  EXPECT_NEAR(set.records[1].points[0].first, -95.9999, 1e-9);
+  EXPECT_NEAR(set.records[0].points[0].longitude, -96.0001, 1e-9);
+  EXPECT_NEAR(set.records[1].points[0].longitude, -95.9999, 1e-9);
 }
 
 TEST_F(PointChanges, EmptyNameInTheThirdRowKeepsTheSecondOnes) {

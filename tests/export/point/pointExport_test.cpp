@@ -16,15 +16,14 @@ using test::kLongitude;
 class PointExport : public test::PointFixture {
  protected:
   /// Where a point lies that is so many metres from a reference location.
-  static std::pair<double, double> PointAt(double east, double north, double latitude = kLatitude,
-                                           double longitude = kLongitude) {
+  static geo::GeoPoint PointAt(double east, double north, double latitude = kLatitude,
+                               double longitude = kLongitude) {
     // Through the radians in which a job stores them.
     const auto stored = [](double degrees) {
       return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
     };
     const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
-    const geo::GeoPoint point = plane.ToGeo(plane.At(east, north));
-    return {point.longitude, point.latitude};
+    return plane.ToGeo(plane.At(east, north));
   }
 
   /// Rows of week 1 at these milliseconds.
@@ -64,10 +63,10 @@ TEST_F(PointExport, BoxHoldsEveryPoint) {
   Job().Epoch({1, 0}, 10, 0).Epoch({1, 1}, -300, 200).Epoch({1, 2}, 50, -700);
   const test::ReadSet set = Exported();
   const auto middle = PointAt(-300, 200);
-  EXPECT_EQ(set.box[0], middle.first);
-  EXPECT_EQ(set.box[1], PointAt(50, -700).second);
-  EXPECT_EQ(set.box[2], PointAt(50, -700).first);
-  EXPECT_EQ(set.box[3], middle.second);
+  EXPECT_EQ(set.box.xMin, middle.longitude);
+  EXPECT_EQ(set.box.yMin, PointAt(50, -700).latitude);
+  EXPECT_EQ(set.box.xMax, PointAt(50, -700).longitude);
+  EXPECT_EQ(set.box.yMax, middle.latitude);
 }
 
 TEST_F(PointExport, RecordHoldsAllThatIsKnownOfTheRow) {

@@ -22,15 +22,14 @@ constexpr double kLongitude = -93.5;
 constexpr bool kBegins = true;
 
 /// Where a point lies that is so many metres from the reference location.
-std::pair<double, double> PointAt(double east, double north, double latitude = kLatitude,
-                                  double longitude = kLongitude) {
+geo::GeoPoint PointAt(double east, double north, double latitude = kLatitude,
+                      double longitude = kLongitude) {
   // Through the radians in which a job stores them.
   const auto stored = [](double degrees) {
     return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
   };
   const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
-  const geo::GeoPoint point = plane.ToGeo(plane.At(east, north));
-  return {point.longitude, point.latitude};
+  return plane.ToGeo(plane.At(east, north));
 }
 
 class WireExport : public testing::Test {
@@ -110,9 +109,10 @@ TEST_F(WireExport, BitBeginsANewStretchAndTheJoinCountsInNeither) {
 TEST_F(WireExport, FileBoxHoldsEveryStretch) {
   Job().Epoch({1, 0}, 0, 0).Epoch({1, 100}, 500, 300, 0, kBegins).Epoch({1, 200}, -200, -100);
   const test::ReadSet set = Exported();
-  test::Bounds box = set.records[0].box;
+  geo::Box box = set.records[0].box;
   for (const auto& [x, y] : {PointAt(0, 0), PointAt(500, 300), PointAt(-200, -100)}) {
-    box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x), std::max(box[3], y)};
+    box = {std::min(box.xMin, x), std::min(box.yMin, y), std::max(box.xMax, x),
+           std::max(box.yMax, y)};
   }
   EXPECT_EQ(set.box, box);
 }
@@ -139,7 +139,7 @@ TEST_F(WireExport, OneRowGivesOneRecordOfOnePoint) {
   ASSERT_EQ(set.records.size(), 1U);
   EXPECT_EQ(set.records[0].points, std::vector{PointAt(2, 3)});
   const auto [x, y] = PointAt(2, 3);
-  EXPECT_EQ(set.box, (test::Bounds{x, y, x, y}));
+  EXPECT_EQ(set.box, (geo::Box{x, y, x, y}));
 }
 
 TEST_F(WireExport, RowsThatTakeNoPartNeitherEndARecordNorAddLength) {

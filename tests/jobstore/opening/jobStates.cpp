@@ -1,37 +1,15 @@
 #include "tests/jobstore/opening/jobStates.h"
 
-#include <sqlite3.h>
-
 #include <fstream>
 #include <stdexcept>
 
+#include "tests/support/database.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::test {
 namespace fs = std::filesystem;
 namespace {
-
-/// The console: writes as it pleases, and may be killed at any time.
-class Writer {
- public:
-  explicit Writer(const std::string& path) {
-    if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK) throw std::runtime_error(path);
-  }
-  ~Writer() { sqlite3_close(database_); }
-  Writer(const Writer&) = delete;
-  Writer& operator=(const Writer&) = delete;
-
-  Writer& Run(const std::string& sql) {
-    if (sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(sql + ": " + sqlite3_errmsg(database_));
-    }
-    return *this;
-  }
-
- private:
-  sqlite3* database_ = nullptr;
-};
 
 void AddEpochs(JobBuilder& job, int count) {
   for (int i = 0; i < count; ++i) job.Epoch({100, i}, i, 2 * i);
@@ -47,9 +25,11 @@ void LeaveAsKilled(const fs::path& from, const fs::path& to,
 }
 
 void MakeCutOff(const std::string& draft, const fs::path& path) {
-  Writer writer(draft);
+  Database writer(draft);
   // So small a cache makes the change reach the file before it is completed.
-  writer.Run("PRAGMA cache_size=5").Run("BEGIN").Run("UPDATE GpsDataTable SET e_I_B__B2=-1");
+  writer.Execute("PRAGMA cache_size=5")
+      .Execute("BEGIN")
+      .Execute("UPDATE GpsDataTable SET e_I_B__B2=-1");
   LeaveAsKilled(draft, path, {"", "-journal"});
   if (FileBytes(draft) == FileBytes(draft + ".before")) {
     throw std::runtime_error("the change did not reach the file");
@@ -57,21 +37,21 @@ void MakeCutOff(const std::string& draft, const fs::path& path) {
 }
 
 void MakeLogged(const std::string& draft, const fs::path& path, bool indexed) {
-  Writer writer(draft);
-  writer.Run("PRAGMA synchronous=OFF")
-      .Run("PRAGMA journal_mode=WAL")
-      .Run("PRAGMA wal_autocheckpoint=0");
-  writer.Run("UPDATE GpsDataTable SET e_I_B__B2=gpsMsec");
+  Database writer(draft);
+  writer.Execute("PRAGMA synchronous=OFF")
+      .Execute("PRAGMA journal_mode=WAL")
+      .Execute("PRAGMA wal_autocheckpoint=0");
+  writer.Execute("UPDATE GpsDataTable SET e_I_B__B2=gpsMsec");
   LeaveAsKilled(draft, path, {"", "-wal"});
   if (indexed) LeaveAsKilled(draft, path, {"-shm"});
 }
 
 void Settle(const std::string& draft, const fs::path& path, const std::string& mode) {
   {
-    Writer writer(draft);
-    writer.Run("PRAGMA synchronous=OFF")
-        .Run("PRAGMA journal_mode=" + mode)
-        .Run("UPDATE GpsDataTable SET speed=1");
+    Database writer(draft);
+    writer.Execute("PRAGMA synchronous=OFF")
+        .Execute("PRAGMA journal_mode=" + mode)
+        .Execute("UPDATE GpsDataTable SET speed=1");
     if (mode != "WAL" && mode != "DELETE") LeaveAsKilled(draft, path, {"-journal"});
   }
   LeaveAsKilled(draft, path, {""});

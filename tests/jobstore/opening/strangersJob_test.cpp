@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <fstream>
 
 #include "jobstore/job.h"
+#include "jobstore/opening/jobHardening.h"
 #include "jobstore/queries.h"
 #include "tests/jobstore/opening/folderState.h"
+#include "tests/support/database.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -53,16 +54,15 @@ TEST_F(StrangersJob, AVirtualTableInATablesPlaceFailsAtPrepare) {
   EXPECT_FALSE(jobstore::Query<jobstore::WireEpochs>(job).Prepared());
 }
 
-TEST_F(StrangersJob, TriggersAreHarmless) {
-  const std::string path =
-      Make({"CREATE TRIGGER x AFTER INSERT ON GpsDataTable BEGIN DELETE FROM GpsDataTable; END"});
-  const auto before = test::StateOf(folder_.Path());
-  {
-    jobstore::Job job(path);
-    ASSERT_TRUE(job.IsOpen());
-    EXPECT_TRUE(jobstore::Query<jobstore::WireEpochs>(job).Prepared());
-  }
-  EXPECT_EQ(test::StateOf(folder_.Path()), before);
+TEST_F(StrangersJob, ATriggerDoesNotRunEvenWhereItsTableIsWrittenTo) {
+  test::Database job(
+      Make({"CREATE TRIGGER x AFTER INSERT ON GpsDataTable BEGIN DELETE FROM GpsDataTable; END"}));
+  const char* const insert = "INSERT INTO GpsDataTable(gpsWeek) VALUES (1)";
+  EXPECT_EQ(job.Execute(insert).Number("SELECT count(*) FROM GpsDataTable"), 0) << "no trigger";
+  ASSERT_EQ(HardenConnection(job.Handle()), SQLITE_OK);
+  EXPECT_EQ(job.Result(insert), SQLITE_READONLY);
+  job.Execute("PRAGMA query_only=OFF").Execute(insert);
+  EXPECT_EQ(job.Number("SELECT count(*) FROM GpsDataTable"), 1);
 }
 
 TEST_F(StrangersJob, NoTextCanWriteAttachOrReachTheSettings) {
@@ -90,19 +90,6 @@ TEST_F(StrangersJob, AnOversizedTextEndsTheRowsWithItsCode) {
   EXPECT_EQ(versions.LastStep(), kTooBig);
 }
 
-int RootPage(const std::string& path) {
-  sqlite3* database = nullptr;
-  sqlite3_stmt* statement = nullptr;
-  sqlite3_open(path.c_str(), &database);
-  sqlite3_prepare_v2(database, "SELECT rootpage FROM sqlite_master WHERE name='GpsDataTable'", -1,
-                     &statement, nullptr);
-  sqlite3_step(statement);
-  const int page = sqlite3_column_int(statement, 0);
-  sqlite3_finalize(statement);
-  sqlite3_close(database);
-  return page;
-}
-
 /// The inner page of a table's tree `page`, with all its branches leading to `child`.
 std::string AllLeadingTo(std::string page, std::size_t child) {
   const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(page[at]); };
@@ -122,7 +109,8 @@ TEST_F(StrangersJob, ATreeThatLeadsToItsPagesOverAndOverEnds) {
   for (int i = 0; i < 20000; ++i) builder.Epoch({1, i}, i, 0);
   const std::string path = builder.Finish();
   std::string bytes = test::FileBytes(path);
-  const auto root = static_cast<std::size_t>(RootPage(path));
+  const auto root = static_cast<std::size_t>(
+      test::Ask(path, "SELECT rootpage FROM sqlite_master WHERE name='GpsDataTable'"));
   const std::string inner = bytes.substr((root - 1) * 4096, 4096);
   ASSERT_EQ(inner[0], 5);
   // Seven levels of more than a hundred branches each, over one leaf.

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <fstream>
 
@@ -10,6 +8,7 @@
 #include "tests/jobstore/opening/folderState.h"
 #include "tests/jobstore/opening/jobStates.h"
 #include "tests/jobstore/opening/ordinaryUser.h"
+#include "tests/support/database.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::opening {
@@ -167,38 +166,57 @@ TEST(CutOffJob, LeavesNoPrivateCopyBehind) {
   EXPECT_EQ(PrivateCopies(), before);
 }
 
-TEST(CutOffJob, AForgedSuperJournalNameDeletesNothing) {
-  const test::TempFolder folder, elsewhere;
-  const std::string path = MakeJob(folder.Path(), JobState::kCutOff);
-  const std::string victim = elsewhere / "victim";
-  std::ofstream(victim) << "precious";
-  std::uint32_t checksum = 0;
-  for (const char c : victim) checksum += static_cast<unsigned char>(c);
-  const auto number = [](std::uint32_t value) {
+constexpr const char* kMark = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+
+/// The end of a journal that names a super-journal.
+std::string NamingEnd(const std::string& name) {
+  const auto number = [](std::size_t value) {
     return std::string{static_cast<char>(value >> 24), static_cast<char>(value >> 16),
                        static_cast<char>(value >> 8), static_cast<char>(value)};
   };
-  std::ofstream(path + "-journal", std::ios::binary | std::ios::app)
-      << number(0x40000000 / 4096 + 1) << victim
-      << number(static_cast<std::uint32_t>(victim.size())) << number(checksum)
-      << "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
-  const auto before = test::StateOf(folder.Path());
-  jobstore::Job job(path);
+  std::size_t checksum = 0;
+  for (const char c : name) checksum += static_cast<unsigned char>(c);
+  return number(0x40000000 / 4096 + 1) + name + number(name.size()) + number(checksum) + kMark;
+}
+
+/// A cut-off job whose journal goes on with `end`.
+std::string MakeCutOff(const test::TempFolder& folder, const std::string& end) {
+  const std::string path = MakeJob(folder.Path(), JobState::kCutOff);
+  std::ofstream(path + "-journal", std::ios::binary | std::ios::app) << end;
+  return path;
+}
+
+TEST(CutOffJob, ASuperJournalsNameDeletesNothingHoweverItStandsThere) {
+  const test::TempFolder elsewhere;
+  const std::string victim = elsewhere / "victim";
+  const std::string end = NamingEnd(victim);
+  for (const std::string& forged : {end, end + end, end + kMark}) {
+    std::ofstream(victim) << "precious";
+    const test::TempFolder folder;
+    const std::string path = MakeCutOff(folder, forged);
+    const auto before = test::StateOf(folder.Path());
+    {
+      jobstore::Job job(path);
+      ASSERT_TRUE(job.IsOpen());
+      ExpectAllEpochs(job);
+    }
+    EXPECT_TRUE(fs::exists(victim));
+    EXPECT_EQ(test::StateOf(folder.Path()), before);
+  }
+}
+
+TEST(CutOffJob, IsRolledBackThoughTheSuperJournalItNamesIsMissing) {
+  const test::TempFolder folder;
+  jobstore::Job job(MakeCutOff(folder, NamingEnd(folder / "missing")));
   ASSERT_TRUE(job.IsOpen());
   ExpectAllEpochs(job);
-  EXPECT_TRUE(fs::exists(victim));
-  EXPECT_EQ(test::StateOf(folder.Path()), before);
 }
 
 TEST(LockedJob, AConsoleMayWriteWhileAJobIsOpenButNotBeingRead) {
   const test::TempFolder folder;
   const std::string path = MakeJob(folder.Path(), JobState::kAtRest);
   const jobstore::Job job(path);
-  sqlite3* console = nullptr;
-  ASSERT_EQ(sqlite3_open(path.c_str(), &console), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(console, "UPDATE GpsDataTable SET speed=2", nullptr, nullptr, nullptr),
-            SQLITE_OK);
-  sqlite3_close(console);
+  EXPECT_EQ(test::Database(path).Result("UPDATE GpsDataTable SET speed=2"), SQLITE_OK);
 }
 
 }  // namespace

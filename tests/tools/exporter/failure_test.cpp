@@ -1,8 +1,8 @@
 #include <fstream>
 
+#include "tests/support/database.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/tools/exporter/exportFixture.h"
-#include "tests/tools/exporter/jobQuery.h"
 
 namespace kestrin::exporter {
 namespace {
@@ -98,7 +98,7 @@ TEST_F(ExportFailure, SecondJobOfTheSameTargetIsRefused) {
 // Read through an index, the rows before the damage come out before the error.
 TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
   const std::string job = Sample("job.sqlite", 3000);
-  test::Change(job, "CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  test::Database(job).Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
   test::DamageTablePage(job);
 
   const CommandResult run = Run({"--kind", "wire", "--base", "x", "job.sqlite"});

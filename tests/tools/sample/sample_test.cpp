@@ -8,8 +8,8 @@
 
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
+#include "tests/support/database.h"
 #include "tests/support/tempFolder.h"
-#include "tests/tools/exporter/jobQuery.h"
 #include "tools/sample/sampleJob.h"
 
 namespace kestrin::sample {
