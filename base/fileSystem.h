@@ -22,7 +22,8 @@ class FileError : public std::runtime_error {
   std::string reason_;
 };
 
-/// A file being written. Every operation throws FileError when it fails.
+/// A file being written, by one thread at a time.
+/// Failure: every operation throws FileError.
 class OutputFile {
  public:
   /// Closes without complaint; what matters was closed with Close before.
@@ -38,8 +39,8 @@ class OutputFile {
 };
 
 /// Everything the exports do to the file system, so that a test can make each of
-/// its operations fail. Paths are the system's 8-bit text (UTF-8). Operations throw
-/// FileError when they fail unless they say otherwise.
+/// its operations fail. Paths are UTF-8. Any thread may call.
+/// Failure: operations throw FileError unless they say otherwise.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;

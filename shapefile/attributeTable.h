@@ -40,7 +40,8 @@ std::size_t RecordLength(std::span<const Field> fields);
 enum class Keep { kLeft, kRight };
 
 /// One record of a table, filled field by field in descriptor order. Texts are
-/// right-justified, numbers and names alike.
+/// right-justified, numbers and names alike; widths and texts are in bytes. Nothing here
+/// fails: a text that is too long is cut.
 class AttributeRecord {
  public:
   explicit AttributeRecord(std::span<const Field> fields);

@@ -12,8 +12,9 @@ namespace kestrin::shapefile {
 
 /// One file of a set while it is made: written front to back through a buffer, under
 /// a temporary name beside its target. Unless it is kept, destruction removes it,
-/// under whichever name it then has. Errors are FileErrors about the target, the
-/// name that means something to the user.
+/// under whichever name it then has.
+/// Failure: every operation may throw a FileError about the target, the name that means
+/// something to the user; destruction never throws.
 class SetFile {
  public:
   /// The largest file of a set, in bytes: readers take sizes and offsets as signed

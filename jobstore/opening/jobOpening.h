@@ -29,8 +29,7 @@ struct OpenedJob {
 ///   copy.
 ///
 /// The header and the schema are read at once, so a file that is no database fails
-/// here and not at the first query. An empty file is no job. Path in the system's
-/// 8-bit text.
+/// here and not at the first query. An empty file is no job. Path in UTF-8.
 /// Failure: no database, and the library's code as the result.
 OpenedJob OpenJobFile(const std::string& path);
 

@@ -14,8 +14,8 @@ enum class FileLocks {
 /// memory) go to the system's temporary folder as usual.
 ///
 /// The library knows file layers by name for a whole process, so each of the two
-/// is registered once, at its first use, from whichever thread that is. Null when
-/// the library has no layer to stand on.
+/// is registered once, at its first use, from whichever thread that is.
+/// Failure: null, when the library has no layer to stand on.
 const char* ReadOnlyVfs(FileLocks locks);
 
 }  // namespace kestrin::opening

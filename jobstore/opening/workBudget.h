@@ -13,7 +13,8 @@ namespace kestrin::opening {
 ///
 /// The tree of a forged file can lead to the same pages over and over: a few
 /// kilobytes then hold rows without end, and sorting them fills the temporary disk
-/// before the first one comes. Such a statement ends with SQLITE_INTERRUPT.
+/// before the first one comes.
+/// Failure: such a statement's step ends with SQLITE_INTERRUPT.
 ///
 /// Must stay where it is, and exist, as long as the connection it watches.
 class WorkBudget {
