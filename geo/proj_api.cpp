@@ -24,6 +24,7 @@ PROJ_FILE_API NoFiles() {
   files.write_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, const void*, std::size_t, void*) {
     return std::size_t{0};
   };
+  // NOLINTNEXTLINE(google-runtime-int): the type is PROJ's.
   files.seek_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, long long, int, void*) { return 0; };
   files.tell_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, void*) { return 0ULL; };
   files.close_cbk = [](PJ_CONTEXT*, PROJ_FILE_HANDLE*, void*) {};

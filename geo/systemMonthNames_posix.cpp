@@ -1,5 +1,5 @@
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is in no other
 
 #include "geo/systemMonthNames.h"
 

@@ -17,7 +17,7 @@ void Database::linx_sqlite3_close() {
   const opening::OpenedJob closed = std::move(job_);
 }
 
-void Database::CallDuringSteps(std::function<void()> call) {
+void Database::CallDuringSteps(std::function<void()> call) const {
   if (job_.database) job_.budget->CallMeanwhile(std::move(call));
 }
 

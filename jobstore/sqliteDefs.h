@@ -32,7 +32,7 @@ class Database {
 
   /// From now on `call` is called now and then while a statement is at work inside
   /// linx_sqlite3_step. It must neither throw nor use this object.
-  void CallDuringSteps(std::function<void()> call);
+  void CallDuringSteps(std::function<void()> call) const;
 
   /// The same as the end of the scope.
   void linx_sqlite3_close();

@@ -34,7 +34,7 @@ enum class Control {
 struct ControlId {
   static constexpr int kNoIndex = -1;
 
-  Control control;
+  Control control{};
   int index = kNoIndex;
 
   friend bool operator==(const ControlId&, const ControlId&) = default;

@@ -19,6 +19,7 @@ class MainFlow {
   /// `kinds` must outlive it.
   MainFlow(const Ports& ports, const ProgramVersion& version, const exports::ExportKinds& kinds);
 
+  ~MainFlow() = default;
   MainFlow(const MainFlow&) = delete;
   MainFlow& operator=(const MainFlow&) = delete;
 

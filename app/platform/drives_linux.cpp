@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -87,10 +88,8 @@ class LinuxDrives final : public Drives {
     if (failed) return false;
     const fs::path disk = fs::exists(block / "partition", failed) ? block.parent_path() : block;
     if (SaysOne(disk / "removable")) return true;
-    for (const fs::path& part : disk) {
-      if (part.string().starts_with("usb")) return true;
-    }
-    return false;
+    return std::any_of(disk.begin(), disk.end(),
+                       [](const fs::path& part) { return part.string().starts_with("usb"); });
   }
 
   std::string systemRoot_;

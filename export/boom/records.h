@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <ranges>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -108,8 +109,8 @@ class Records {
 template <class Take>
 void Records::ForEachPiece(std::size_t record, Take take) const {
   const Slice& slice = slices_[record];
-  for (auto gained = slice.gained.rbegin(); gained != slice.gained.rend(); ++gained) {
-    for (std::size_t i = 0; i < gained->times; ++i) take(std::span(&gained->line, 1));
+  for (const Gained& gained : std::views::reverse(slice.gained)) {
+    for (std::size_t i = 0; i < gained.times; ++i) take(std::span(&gained.line, 1));
   }
   for (std::size_t at = slice.begin; at < EndOf(record);) {
     const std::span<const CrossLine> piece = laid_.Piece(at, EndOf(record));

@@ -22,7 +22,8 @@ std::string_view Table::RowOf(std::size_t id, const Records::Record& record) {
   const TimelineEntry& entry = timeline_.Entries()[record.entry];
   const ProductNames& products = timeline_.ProductsOf(entry);
   record_.Clear();
-  record_.Add(shapefile::IntegerText(static_cast<long long>(id)).View(), shapefile::Keep::kRight);
+  record_.Add(shapefile::IntegerText(static_cast<std::int64_t>(id)).View(),
+              shapefile::Keep::kRight);
   record_.Add(shapefile::NameText(timeline_.ImplementOf(entry).name), shapefile::Keep::kLeft);
   for (std::size_t slot = 0; slot < jobstore::kProductSlots; ++slot) {
     record_.Add(shapefile::NameText(products[slot]), shapefile::Keep::kLeft);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <ranges>
 
 #include "shapefile/attributeTable.h"
 #include "shapefile/numberText.h"
@@ -20,7 +21,7 @@ Ring::Ring(const std::vector<geo::UtmPoint>& leftEdge,
            const std::vector<geo::UtmPoint>& rightEdge) {
   points_.reserve(leftEdge.size() + rightEdge.size() + 1);
   for (const geo::UtmPoint& point : leftEdge) Add(point);
-  for (auto point = rightEdge.rbegin(); point != rightEdge.rend(); ++point) Add(*point);
+  for (const geo::UtmPoint& point : std::views::reverse(rightEdge)) Add(point);
   if (!points_.empty()) Add(points_.front());
 }
 
@@ -41,53 +42,40 @@ bool Ring::IsPolygon() const {
 
 double Ring::Acres() const { return std::fabs(PolygonArea(points_)) * kAcresPerSquareMetre; }
 
-struct RingWriter::Set {
-  shapefile::ShapefileSet shapes;
-  shapefile::AttributeRecord record{kFields};
-
-  void AddVertices(std::span<const geo::UtmPoint> points, const geo::WorkingPlane& plane,
-                   base::RunHost& host);
-};
-
-void RingWriter::Set::AddVertices(std::span<const geo::UtmPoint> points,
-                                  const geo::WorkingPlane& plane, base::RunHost& host) {
-  constexpr std::size_t kTogether = 64;
-  std::array<geo::GeoPoint, kTogether> degrees{};
-  for (std::size_t i = 0; i < points.size(); i += kTogether) {
-    // A whole field can be one ring.
-    if (i > 0) host.Yield();
-    const auto some = points.subspan(i, std::min(kTogether, points.size() - i));
-    plane.ToGeo(some, degrees);
-    for (const geo::GeoPoint& point : std::span(degrees).first(some.size())) {
-      shapes.AddVertex(point);
-    }
-  }
-}
-
 RingWriter::RingWriter(const std::string& basePath, const geo::WorkingPlane& plane,
                        exports::ExportRun& run)
-    : basePath_(basePath), plane_(plane), run_(run) {}
-
-RingWriter::~RingWriter() = default;
+    : basePath_(basePath), plane_(plane), run_(run), attributes_(kFields) {}
 
 void RingWriter::Write(const Ring& ring) {
   if (!ring.IsPolygon()) return;
   if (!set_) {
-    set_.reset(
-        new Set{{run_.files, basePath_, shapefile::ShapeType::kPolygon, kFields, run_.options}});
+    set_.emplace(run_.files, basePath_, shapefile::ShapeType::kPolygon, kFields, run_.options);
   }
-  set_->shapes.BeginRecord();
-  set_->AddVertices(ring.Points(), plane_, run_.host);
-  set_->record.Clear();
-  set_->record.Add(shapefile::IntegerText(set_->shapes.RecordCount()).View(),
-                   shapefile::Keep::kRight);
-  set_->record.Add(shapefile::RoundedText(ring.Acres(), 2).View(), shapefile::Keep::kLeft);
-  set_->shapes.EndRecord(set_->record.Bytes());
+  set_->BeginRecord();
+  AddVertices(ring.Points());
+  attributes_.Clear();
+  attributes_.Add(shapefile::IntegerText(set_->RecordCount()).View(), shapefile::Keep::kRight);
+  attributes_.Add(shapefile::RoundedText(ring.Acres(), 2).View(), shapefile::Keep::kLeft);
+  set_->EndRecord(attributes_.Bytes());
+}
+
+void RingWriter::AddVertices(std::span<const geo::UtmPoint> points) {
+  constexpr std::size_t kTogether = 64;
+  std::array<geo::GeoPoint, kTogether> degrees{};
+  for (std::size_t i = 0; i < points.size(); i += kTogether) {
+    // A whole field can be one ring.
+    if (i > 0) run_.host.Yield();
+    const auto some = points.subspan(i, std::min(kTogether, points.size() - i));
+    plane_.ToGeo(some, degrees);
+    for (const geo::GeoPoint& point : std::span(degrees).first(some.size())) {
+      set_->AddVertex(point);
+    }
+  }
 }
 
 bool RingWriter::Finish() {
   if (!set_) return false;
-  set_->shapes.Commit();
+  set_->Commit();
   return true;
 }
 

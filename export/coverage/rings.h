@@ -1,12 +1,14 @@
 #pragma once
 
-#include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "export/coverage/planeGeometry.h"
 #include "export/exportRun.h"
 #include "geo/localOffsets.h"
+#include "shapefile/attributeTable.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::coverage {
@@ -43,7 +45,6 @@ class Ring {
 class RingWriter {
  public:
   RingWriter(const std::string& basePath, const geo::WorkingPlane& plane, exports::ExportRun& run);
-  ~RingWriter();
 
   /// Writes a ring that is a polygon; others leave no trace.
   void Write(const Ring& ring);
@@ -52,12 +53,13 @@ class RingWriter {
   bool Finish();
 
  private:
-  struct Set;
+  void AddVertices(std::span<const geo::UtmPoint> points);
 
   const std::string& basePath_;
   const geo::WorkingPlane& plane_;
   exports::ExportRun& run_;
-  std::unique_ptr<Set> set_;
+  std::optional<shapefile::ShapefileSet> set_;
+  shapefile::AttributeRecord attributes_;
 };
 
 }  // namespace kestrin::coverage

@@ -21,6 +21,7 @@ class WorkBudget {
  public:
   /// For a database whose files together have `bytes` bytes.
   explicit WorkBudget(std::uintmax_t bytes);
+  ~WorkBudget() = default;
   WorkBudget(const WorkBudget&) = delete;
   WorkBudget& operator=(const WorkBudget&) = delete;
 

@@ -52,7 +52,7 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
   app.add_option("--jobs", options.jobs, "Work on so many jobs at once")
       ->capture_default_str()
       ->check(CLI::Range(1U, 256U));
-  app.add_flag("--prj", options.prj, "Add \".prj\" (NAD83) and \".cpg\" to each set");
+  app.add_flag("--prj", options.prj, R"(Add ".prj" (NAD83) and ".cpg" to each set)");
   app.add_flag("--quiet", options.quiet, "No progress bar, no result lines");
   app.add_option("JOB", options.jobPaths, "Job files")->required();
   app.callback([&] {

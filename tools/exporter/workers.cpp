@@ -14,7 +14,7 @@ void WorkOff(std::size_t count, unsigned workers, const std::function<void(std::
   std::mutex mutex;
   std::exception_ptr failure;
   const auto worker = [&] {
-    for (std::size_t i; (i = next.fetch_add(1)) < count;) {
+    for (std::size_t i = next++; i < count; i = next++) {
       try {
         work(i);
       } catch (...) {

@@ -8,8 +8,10 @@
 #include "tools/exporter/interruption.h"
 #include "tools/exporter/terminal.h"
 
+namespace base = kestrin::base;
+namespace exporter = kestrin::exporter;
+
 int main(int argc, char** argv) {
-  using namespace kestrin;
   try {
     const exporter::Terminal terminal;
     exporter::ExportOptions options;
