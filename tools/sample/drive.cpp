@@ -79,7 +79,8 @@ double YawTo(Place a, Place b) { return std::atan2(b.east - a.east, b.north - a.
 /// Once round the outline, its corners rounded.
 void Lap(Driver& driver, const Outline& outline, double turnRadius, bool working) {
   const std::size_t count = outline.size();
-  std::vector<double> cuts(count), turns(count);
+  std::vector<double> cuts(count);
+  std::vector<double> turns(count);
   double radius = turnRadius;
   for (std::size_t i = 0; i < count; ++i) {
     const Place next = outline[(i + 1) % count];

@@ -27,8 +27,10 @@ Side MovedRight(Place a, Place b, double metres) {
 }
 
 Place Crossing(const Side& p, const Side& q) {
-  const double pe = p.b.east - p.a.east, pn = p.b.north - p.a.north;
-  const double qe = q.b.east - q.a.east, qn = q.b.north - q.a.north;
+  const double pe = p.b.east - p.a.east;
+  const double pn = p.b.north - p.a.north;
+  const double qe = q.b.east - q.a.east;
+  const double qn = q.b.north - q.a.north;
   const double t =
       ((q.a.east - p.a.east) * qn - (q.a.north - p.a.north) * qe) / (pe * qn - pn * qe);
   return {p.a.east + pe * t, p.a.north + pn * t};

@@ -29,6 +29,14 @@ jobstore::GpsKey At(std::int64_t milliseconds) {
           static_cast<std::int32_t>(milliseconds % kMsecPerWeek)};
 }
 
+/// In milliseconds since week 0.
+std::int64_t StartOf(const Scenario& scenario, std::int64_t rows) {
+  if (!scenario.crossesWeek) {
+    return scenario.start.gpsWeek * kMsecPerWeek + scenario.start.gpsMsec;
+  }
+  return (scenario.start.gpsWeek + 1) * kMsecPerWeek - rows * 550 / scenario.hertz;
+}
+
 /// Stored in whole steps: no last bit of a mathematics library reaches the file.
 double Stepped(double value, double stepsPerUnit) {
   return std::round(value * stepsPerUnit) / stepsPerUnit;
@@ -45,12 +53,8 @@ Recorder::Recorder(const Scenario& scenario, std::int64_t rows, std::uint64_t se
       vehicle_(drive_),
       rates_(scenario.products),
       startRow_(scenario.lateRows +
-                std::clamp<std::int64_t>(rows / 10, 1, std::int64_t{5} * scenario.hertz)) {
-  now_ = scenario.start.gpsWeek * kMsecPerWeek + scenario.start.gpsMsec;
-  if (scenario.crossesWeek) {
-    now_ = (scenario.start.gpsWeek + 1) * kMsecPerWeek - rows * 550 / scenario.hertz;
-  }
-}
+                std::clamp<std::int64_t>(rows / 10, 1, std::int64_t{5} * scenario.hertz)),
+      now_(StartOf(scenario, rows)) {}
 
 jobstore::GpsKey Recorder::Now() const { return At(now_); }
 
@@ -140,7 +144,7 @@ void Recorder::WriteReference() {
   const double latitude = scenario_.latitude + origin_.north / kMetresPerDegree;
   const double shrink = std::cos(scenario_.latitude * 0.0174532925199433);
   const double longitude = scenario_.longitude + origin_.east / (kMetresPerDegree * shrink);
-  job_.Reference({Now(), Stepped(latitude, 1e9), Stepped(longitude, 1e9), scenario_.altitude});
+  job_.Reference({{Now(), Stepped(latitude, 1e9), Stepped(longitude, 1e9)}, scenario_.altitude});
 }
 
 void Recorder::WriteImplement() {
@@ -226,11 +230,13 @@ jobstore::EpochRow Recorder::Measure() {
 std::int32_t Recorder::SectionsOn(const Pose& pose) const {
   if (scenario_.implements.empty()) return 0;
   const auto& sections = scenario_.implements[implement_].sections;
-  const double east = std::sin(pose.yaw), north = std::cos(pose.yaw);
+  const double east = std::sin(pose.yaw);
+  const double north = std::cos(pose.yaw);
   std::int32_t on = 0;
   for (std::size_t i = 0; i < sections.size(); ++i) {
     if (sections[i].width <= 0) continue;
-    const double ahead = sections[i].xOffset, right = sections[i].yOffset;
+    const double ahead = sections[i].xOffset;
+    const double right = sections[i].yOffset;
     const Place middle{pose.place.east + east * ahead + north * right,
                        pose.place.north + north * ahead - east * right};
     if (vehicle_.WorksAt(middle)) on |= 1 << i;

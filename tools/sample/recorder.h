@@ -51,7 +51,7 @@ class Recorder {
   RateControl rates_;
 
   std::int64_t startRow_;       ///< when the operator starts to apply
-  std::int64_t now_ = 0;        ///< milliseconds since week 0
+  std::int64_t now_;            ///< milliseconds since week 0
   std::int64_t written_ = 0;    ///< epochs that take part
   std::int64_t epochs_ = 0;     ///< all epochs
   Place origin_;                ///< of the reference location in force

@@ -7,7 +7,8 @@
 namespace kestrin::sample {
 
 Vehicle::Vehicle(const Drive& drive) : drive_(&drive) {
-  double west = 0, east = 0;
+  double west = 0;
+  double east = 0;
   for (const Leg& leg : drive.legs) {
     west = std::min(west, leg.start.place.east);
     east = std::max(east, leg.start.place.east);
