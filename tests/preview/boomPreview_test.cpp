@@ -54,6 +54,13 @@ TEST(BoomPreview, DrawsNoLineWithoutAPositiveWidth) {
   EXPECT_THAT(job.Drawn(DrawBoomPreview), IsEmpty());
 }
 
+TEST(BoomPreview, SectionOfAnyNegativeWidthIsAbsent) {
+  PreviewJob job;
+  job.Implement(0, {{-0.5, 0, 0, 0}, {10, 0, 0, 0}}).At(1, 50, 50);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 55,50 45,50", "Polyline 1 55,50 45,50"));
+}
+
 TEST(BoomPreview, TakesAnImplementFromItsOwnTimeOnTheLastOneToo) {
   PreviewJob job;
   job.Implement(1, {{10, 0, 0, 0}}).Implement(2, {{20, 0, 0, 0}});

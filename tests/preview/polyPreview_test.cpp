@@ -26,6 +26,17 @@ TEST(PolyPreview, FillsAndOutlinesEachStepAndEdgesTheStart) {
                   "Line 1 45,70 45,60"));
 }
 
+TEST(PolyPreview, SectionsOfAnyNegativeWidthAreAbsent) {
+  // Four of them would take 2 m from the 10.
+  PreviewJob job;
+  std::vector<jobstore::Section> sections(4, {-0.5, 0, 0, 0});
+  sections.push_back({10, 0, 0, 0});
+  job.Implement(0, sections).At(1, 50, 20).At(2, 50, 30);
+  EXPECT_THAT(job.Drawn(DrawPolyPreview),
+              ElementsAre("Polygon 2 2 55,80 55,70 45,70 45,80", "Line 1 55,80 55,70",
+                          "Line 1 45,80 45,70", "Line 1 55,80 45,80"));
+}
+
 TEST(PolyPreview, EdgesTheEndOfARunAtABreak) {
   PreviewJob job;
   TenWide(job).At(1, 50, 20).At(2, 50, 30).At(3, 50, 60, 0, true).At(4, 50, 70);

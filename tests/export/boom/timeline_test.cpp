@@ -150,6 +150,10 @@ TEST(Timeline, UsedSectionsAreThoseOfWidthZeroOrMoreInSlotOrder) {
   EXPECT_EQ(setup.sections[1].halfWidth, 3);
 }
 
+TEST(Timeline, SectionOfAnyNegativeWidthIsAbsent) {
+  EXPECT_TRUE(SetupOf(Implement({1, 5}, "Disc", -0.5)).sections.empty());
+}
+
 /// Rows of random times in order, few enough for many to be equal.
 template <class Row>
 std::vector<Row> RandomRows(std::mt19937& random, int count) {

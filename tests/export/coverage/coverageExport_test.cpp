@@ -170,6 +170,12 @@ TEST(WidthTimeline, WidthsAddUpOverTheRows) {
   EXPECT_EQ(widths.At({1, 50}), 20);
 }
 
+TEST(WidthTimeline, SectionOfAnyNegativeWidthIsAbsent) {
+  WidthTimeline widths;
+  widths.Add(Implement({1, 0}, {10, -0.5, -1}));
+  EXPECT_EQ(widths.At({1, 0}), 10);
+}
+
 TEST(WidthTimeline, EarlierRowsUseTheFirstEntryEvenOfNoWidth) {
   WidthTimeline widths;
   widths.Add(Implement({1, 100}, {}));
@@ -200,6 +206,26 @@ TEST(PolygonBuilder, RingsOfWaysWhoseEdgesDoNotCrossAreTheLiteralOnes) {
     for (const auto& ring : literal) ASSERT_FALSE(test::RingCrossesItself(ring));
     EXPECT_TRUE(rings == literal) << run;
   }
+}
+
+TEST(PolygonBuilder, RowThatMovesOneEndAloneIsTaken) {
+  // The vehicle pivots about one end of its boom, which stays where it is to the bit.
+  using Points = std::vector<geo::UtmPoint>;
+  const geo::UtmPoint pivot{0, 0};
+  std::vector<Points> rings;
+  PolygonBuilder builder([&](const Ring& ring) { rings.push_back(ring.Points()); });
+  const auto swing = [&](const Points& ends, bool left) {
+    for (const geo::UtmPoint& end : ends) {
+      const geo::UtmPoint centre{end.easting / 2, end.northing / 2};
+      builder.Add({centre, left ? end : pivot, left ? pivot : end}, end == ends.front());
+    }
+  };
+  swing({{-10, 0}, {-8, 6}, {-6, 8}, {0, 10}}, true);
+  swing({{10, 0}, {8, 6}, {6, 8}, {0, 10}}, false);
+  builder.Finish();
+  ASSERT_EQ(rings.size(), 2U);
+  EXPECT_EQ(rings[0], (Points{{-10, 0}, {-8, 6}, {-6, 8}, {0, 10}, pivot, {-10, 0}}));
+  EXPECT_EQ(rings[1], (Points{pivot, {0, 10}, {6, 8}, {8, 6}, {10, 0}, pivot}));
 }
 
 TEST(FindLineIntersection, IsThatOfTheInfiniteLines) {

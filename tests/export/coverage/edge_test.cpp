@@ -108,6 +108,45 @@ TEST(Edge, FoldAroundTheBeginningIsCutOffAtTheFirstBoom) {
   ExpectUntangled(driver);
 }
 
+TEST(Edge, LoopAboutTheBeginningIsCutOffAtTheFirstBoomThoughItRunsTheOtherWay) {
+  // Half a circle after 2 m: the inner end passes behind the first boom and comes up
+  // across it 8 m to the left of where it began. What lies between is less than half of
+  // the implement's square: that is a vehicle turned about, not a round.
+  const test::Driver driver = North(1).Straight(2).Turn(2 * kRight, 2).Straight(18);
+  const auto inner = EdgesOf(driver).rightEdge.Points();
+  EXPECT_THAT(inner.front(), IsNear(-2, 0));
+  for (const geo::UtmPoint& point : inner) {
+    EXPECT_NEAR(point.easting, -2, 1e-6);
+    EXPECT_LT(point.northing, 1e-6);
+  }
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, FoldClosedBackingUpIsKnownByRunningTheOtherWayRound) {
+  // In to the right, back out to the left and on: the left end crosses the first leg's
+  // edge backwards, from the outside. Such a loop runs with the vehicle's turn, as a round
+  // driven forward does, and yet is a fold.
+  const test::Driver driver =
+      North(1).Straight(24).Turn(kRight, 1).TurnBack(-1.5 * kRight, 2).Straight(24);
+  const auto edge = EdgesOf(driver).leftEdge.Points();
+  // From (1, 23) - 4 * sqrt(2) the last leg goes north-west, over the edge of the first.
+  EXPECT_THAT(edge, Contains(IsNear(-6, 30 - 8 * std::numbers::sqrt2)));
+  for (const geo::UtmPoint& point : edge) EXPECT_LT(point.easting, -6 + 1e-6);
+  ExpectUntangled(driver);
+}
+
+TEST(Edge, FoldOpenedBackingUpIsKnownByRunningTheOtherWayRound) {
+  // Back round to the right, then out to the left and on: here it is the earlier of the
+  // two segments that cross which was drawn backwards.
+  const test::Driver driver =
+      North(1).Straight(24).TurnBack(1.5 * kRight, 2).Turn(-kRight, 1).Straight(24);
+  const auto edge = EdgesOf(driver).rightEdge.Points();
+  // From (-2, 24) + (3, -4) * sqrt(2) the last leg goes north-east, over that of the first.
+  EXPECT_THAT(edge, Contains(IsNear(6, 32 - 7 * std::numbers::sqrt2)));
+  for (const geo::UtmPoint& point : edge) EXPECT_GT(point.easting, 6 - 1e-6);
+  ExpectUntangled(driver);
+}
+
 TEST(Edge, FoldAtTheEndIsCutOffAtTheLastBoom) {
   const test::Driver driver = North(1).Straight(40).Turn(kRight, 0).Straight(3);
   // The last boom stands 3 m to the right of the first leg, across its inner edge's
