@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-/// Explicit byte encoders for the shapefile formats, which mix both orders. Each
+/// Explicit byte encoders for formats that mix both orders. Each
 /// writes at `out` and returns the place behind what it wrote.
 
 namespace kestrin::base {

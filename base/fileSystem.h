@@ -38,7 +38,7 @@ class OutputFile {
   virtual void Close() = 0;
 };
 
-/// Everything the exports do to the file system, so that a test can make each of
+/// Everything that is done to files that are written, so that a test can make each of
 /// its operations fail. Paths are UTF-8. Any thread may call.
 /// Failure: operations throw FileError unless they say otherwise.
 class FileSystem {

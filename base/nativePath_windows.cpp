@@ -9,7 +9,7 @@ namespace kestrin::base {
 namespace {
 
 /// From this length on folders meet the limit; files 12 characters later, which leaves
-/// room for what SQLite adds to a job's name.
+/// room for what a library adds to a file's name.
 constexpr std::size_t kUsualLimit = 248;
 constexpr std::wstring_view kMarked = LR"(\\?\)";
 constexpr std::wstring_view kMarkedNetwork = LR"(\\?\UNC\)";

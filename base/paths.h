@@ -25,7 +25,7 @@ std::string WithSeparator(std::string path);
 
 /// Creates every missing folder of a path, from the left; one trailing separator is
 /// ignored, and so are the server and share of a Windows network path.
-/// Throws FileError at the first folder that cannot be made; those before it stay.
+/// Failure: FileError at the first folder that cannot be made; those before it stay.
 void MakePath(FileSystem& files, std::string_view path);
 
 }  // namespace kestrin::base

@@ -6,6 +6,7 @@
 
 #include "base/fileSystem.h"
 #include "base/runHost.h"
+#include "jobstore/sqliteDefs.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::exports {
@@ -26,7 +27,7 @@ struct ExportOutcome {
   std::int64_t epochs = 0;
   /// What ended the GPS rows: kDone in good order, else the library's
   /// error code, and the set then holds the rows before it.
-  std::int32_t lastStep = 101;
+  std::int32_t lastStep = jobstore::kDone;
 };
 
 /// An index outside an array: the run-time error that ends an export without a

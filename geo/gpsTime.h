@@ -18,7 +18,7 @@ using MonthNames = std::array<std::string, 12>;
 /// The local time of a GPS key: weeks and whole seconds from 22 August 1999,
 /// milliseconds below a second dropped, no leap seconds. `zoneOffset` is in minutes
 /// east but is added as seconds: dates in file names have always been made so.
-/// Throws std::overflow_error when the week's days exceed 32 bits, and when the
+/// Failure: throws std::overflow_error when the week's days exceed 32 bits, and when the
 /// time lies outside the years 1 to 9999, which no date text could name.
 LocalDateTime LocalTimeOf(jobstore::GpsKey key, std::int32_t zoneOffset);
 

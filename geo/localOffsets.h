@@ -2,7 +2,6 @@
 
 #include <cstdint>
 
-#include "geo/points.h"
 #include "geo/workingPlane.h"
 #include "jobstore/changeCursor.h"
 #include "jobstore/queries.h"
@@ -12,6 +11,7 @@ namespace kestrin::geo {
 /// Turns a job's local offsets into positions, following its reference locations
 /// in GPS time: a location is in force from exactly its own time key on, the first
 /// from the start. Q is References or ReferencesWithAltitude.
+/// Failure: Prepared() and HasReference() say whether there are positions at all.
 template <class Q>
 class LocalOffsets {
  public:

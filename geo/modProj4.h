@@ -11,7 +11,7 @@
 namespace kestrin::geo {
 
 /// PROJ's definition text of a UTM zone: "+proj=utm +zone=14 +datum=NAD83 +nodefs". Of a
-/// zone that is none (1 to 60 are), a text that PROJ refuses.
+/// zone outside 1 to 60, a text that PROJ refuses.
 std::string UtmDefinition(std::int16_t zone);
 
 /// The UTM zone of a position in degrees, with the exceptions of southern Norway and
@@ -22,7 +22,7 @@ std::int16_t UtmZoneOf(double latitude, double longitude);
 /// Replaces the latitude in `latitudeNorthing` by the northing and the longitude in
 /// `longitudeEasting` by the easting, and returns 0.
 ///
-/// Failure: -1. Both stay as they were for a zone that is none, and are left in radians
+/// Failure: -1. Both stay as they were for a zone outside 1 to 60, and are left in radians
 /// when the conversion itself fails.
 int GeoToUtm(double& latitudeNorthing, double& longitudeEasting, std::int16_t zone);
 

@@ -44,20 +44,20 @@ std::string WithEllipsoidForDatum(std::string definition) {
   return definition;
 }
 
-/// Converts a point in place and returns 0, or PROJ's error code. A geographic definition
-/// has nothing to convert, and PROJ would wrap its longitudes instead of refusing them.
-std::int32_t Step(const ProjHandle& handle, PJ_DIRECTION direction, double& x, double& y) {
-  if (proj_angular_output(handle.projection, PJ_FWD) != 0) return 0;
+}  // namespace
+
+std::int32_t ConvertPoint(const ProjHandle& handle, Way way, double& x, double& y) {
+  const PJ_DIRECTION direction = way == Way::kInverse ? PJ_INV : PJ_FWD;
   const PJ_COORD result = proj_trans(handle.projection, direction, PJ_COORD{{x, y, 0, 0}});
+  // PROJ lets a NaN through as a result, and says HUGE_VAL on an error.
+  if (!std::isfinite(result.v[0]) || !std::isfinite(result.v[1])) {
+    const std::int32_t error = proj_errno_reset(handle.projection);
+    return error != 0 ? error : PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
+  }
   x = result.v[0];
   y = result.v[1];
-  // PROJ lets a NaN through as a result, and says HUGE_VAL on an error.
-  if (std::isfinite(x) && std::isfinite(y)) return 0;
-  const std::int32_t error = proj_errno_reset(handle.projection);
-  return error != 0 ? error : PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
+  return 0;
 }
-
-}  // namespace
 
 ProjHandle* pjInitPlus(const char* definition) {
   // A context of its own: what the process does with PROJ otherwise stays as it was, and
@@ -78,14 +78,20 @@ std::int32_t pjTransform(const ProjHandle* source, const ProjHandle* destination
                          std::int32_t pointCount, std::int32_t pointOffset, double* x, double* y,
                          double*) {
   if (source == nullptr || destination == nullptr) return PROJ_ERR_OTHER_API_MISUSE;
+  // A geographic definition has nothing to convert, and PROJ would wrap its longitudes
+  // instead of refusing them.
+  const bool inverse = proj_angular_output(source->projection, PJ_FWD) == 0;
+  const bool forward = proj_angular_output(destination->projection, PJ_FWD) == 0;
   for (std::int32_t i = 0; i < pointCount; ++i, x += pointOffset, y += pointOffset) {
-    double convertedX = *x;
-    double convertedY = *y;
-    std::int32_t error = Step(*source, PJ_INV, convertedX, convertedY);
-    if (error == 0) error = Step(*destination, PJ_FWD, convertedX, convertedY);
+    double toX = *x;
+    double toY = *y;
+    std::int32_t error = 0;
+    if (!std::isfinite(toX) || !std::isfinite(toY)) error = PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
+    if (error == 0 && inverse) error = ConvertPoint(*source, Way::kInverse, toX, toY);
+    if (error == 0 && forward) error = ConvertPoint(*destination, Way::kForward, toX, toY);
     if (error != 0) return error;
-    *x = convertedX;
-    *y = convertedY;
+    *x = toX;
+    *y = toY;
   }
   return 0;
 }

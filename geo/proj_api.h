@@ -18,21 +18,29 @@ struct ProjHandle {
   PJ* projection = nullptr;
 };
 
-/// A handle for a definition text such as "+proj=utm +zone=14 +datum=NAD83"; null when PROJ
-/// cannot make it. The caller frees it. NAD83 stands for its ellipsoid alone, so that no
-/// datum step is taken between two definitions.
+/// A handle for a definition text such as "+proj=utm +zone=14 +datum=NAD83". The caller
+/// frees it. NAD83 stands for its ellipsoid alone, so that no datum step is taken between
+/// two definitions.
+/// Failure: null, when PROJ cannot make it.
 ProjHandle* pjInitPlus(const char* definition);
 
 /// Converts `pointCount` points, `pointOffset` doubles apart, from one definition to
 /// another, in place: x longitude or easting, y latitude or northing. z is not looked at,
-/// as no step between these definitions touches a height. Returns 0, or the error code of
-/// the first point that fails; that point and those after it are left as they were. A point
-/// fails when it is not finite or lies outside the projection's domain.
+/// as no step between these definitions touches a height. Returns 0.
+/// Failure: the error code of the first point that is not finite or lies outside the
+/// projection's domain; that point and those after it are left as they were.
 std::int32_t pjTransform(const ProjHandle* source, const ProjHandle* destination,
                          std::int32_t pointCount, std::int32_t pointOffset, double* x, double* y,
                          double* z);
 
 /// Gives a handle back; null is passed over.
 void pjFree(ProjHandle* handle);
+
+/// One step of a conversion: from radians to a definition's own metres, or back.
+enum class Way { kForward, kInverse };
+
+/// Takes one such step in place and returns 0.
+/// Failure: the error code, with both numbers as they were.
+std::int32_t ConvertPoint(const ProjHandle& handle, Way way, double& x, double& y);
 
 }  // namespace kestrin::geo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <span>
 
 #include "geo/points.h"
@@ -19,7 +18,7 @@ struct ProjHandle;
 /// them: its sets have always shown such points so.
 class UtmProjection {
  public:
-  /// Of a zone that is none (1 to 60 are), every conversion fails.
+  /// Of a zone outside 1 to 60 every conversion fails.
   explicit UtmProjection(std::int16_t zone);
   ~UtmProjection();
   UtmProjection(const UtmProjection&) = delete;

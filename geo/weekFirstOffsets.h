@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "geo/localOffsets.h"
+#include "geo/workingPlane.h"
 
 namespace kestrin::geo {
 

@@ -15,8 +15,8 @@ enum class LastChange {
 
 /// A change table walked forward beside the GPS rows: the row in force and the one
 /// after it. A change applies from its own time key on; the first row is in force
-/// from the start, also for GPS rows before it. An empty or missing table leaves
-/// the row at its empty value.
+/// from the start, also for GPS rows before it.
+/// Failure: an empty table, or one that cannot be queried, leaves the row at its empty value.
 ///
 /// A row that comes up next is read over what the old next row's place held, so
 /// text columns that are empty in it keep the text that stood there.
@@ -57,8 +57,9 @@ class ChangeCursor {
   Query<Q> query_;
   Row current_{};
   Row next_{};
-  bool hasCurrent_ = false;
-  bool exhausted_ = true;
+  // Behind the rows, which their first values are read into.
+  bool hasCurrent_;
+  bool exhausted_;
 };
 
 }  // namespace kestrin::jobstore

@@ -17,12 +17,13 @@ void Database::linx_sqlite3_close() {
   const opening::OpenedJob closed = std::move(job_);
 }
 
-void Database::CallDuringSteps(std::function<void()> call) const {
+void Database::CallDuringSteps(std::function<void()> call) {
   if (job_.database) job_.budget->CallMeanwhile(std::move(call));
 }
 
 std::int32_t Statement::linx_sqlite3_prepare(Database& database, const std::string& sql,
                                              const std::int32_t& length) {
+  prepared_.reset();
   const opening::OpenedJob& job = database.job_;
   if (!job.database) return -SQLITE_MISUSE;
   job.budget->Renew();

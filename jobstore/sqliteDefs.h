@@ -26,15 +26,16 @@ inline constexpr std::int32_t kDone = 101;
 /// statements. Serves one thread at a time; two share no state.
 class Database {
  public:
-  /// Opens a database file for reading, path in UTF-8; 0 on success. Fails when there is
-  /// no such file, it cannot be read, or it is no database.
+  /// Opens a database file for reading, path in UTF-8; 0 on success.
+  /// Failure: when there is no such file, it cannot be read, or it is no database.
   std::int32_t linx_sqlite3_open(const std::string& path);
 
   /// From now on `call` is called now and then while a statement is at work inside
   /// linx_sqlite3_step. It must neither throw nor use this object.
-  void CallDuringSteps(std::function<void()> call) const;
+  // NOLINTNEXTLINE(readability-make-member-function-const): what steps do changes.
+  void CallDuringSteps(std::function<void()> call);
 
-  /// The same as the end of the scope.
+  /// The same as the end of the scope. Its statements must have been finalized before.
   void linx_sqlite3_close();
 
  private:
@@ -49,8 +50,9 @@ class Database {
 class Statement {
  public:
   /// Prepares the first statement in the text's first `length` characters. A statement is
-  /// numbered among those of its database from 1 on; fails for a database that is not open,
-  /// for a text without a statement, and for anything but a selection.
+  /// numbered among those of its database from 1 on.
+  /// Failure: for a database that is not open, for a text without a statement, and for
+  /// anything but a selection; the object then has no statement and yields no row.
   std::int32_t linx_sqlite3_prepare(Database& database, const std::string& sql,
                                     const std::int32_t& length);
 

@@ -23,7 +23,7 @@ void DrawPreview(int kind, const PreviewState& state, Picture& picture, base::Ru
 // A job that cannot be read ends a renderer silently, with what was drawn.
 
 /// The driven path: one polyline per stretch. A stretch begins at each row whose `type` has
-/// bit 16384; one of a single point is not drawn. Not clipped to the extent.
+/// the value 16384 in it; one of a single point is not drawn. Not clipped to the extent.
 void DrawWirePreview(const PreviewState& state, Colours colours, Picture& picture,
                      base::RunHost& host);
 
@@ -34,7 +34,7 @@ void DrawBoomPreview(const PreviewState& state, Colours colours, Picture& pictur
 
 /// The covered swath as filled quadrilaterals between one epoch and the next, with an outline
 /// along both sides, an edge at the start of each run and one where it breaks. A run breaks at
-/// each row whose `type` has bit 16384.
+/// each row whose `type` has the value 16384 in it.
 void DrawPolyPreview(const PreviewState& state, Colours colours, Picture& picture,
                      base::RunHost& host);
 

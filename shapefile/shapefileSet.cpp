@@ -87,8 +87,8 @@ ShapefileSet::ShapefileSet(base::FileSystem& files, std::string basePath, ShapeT
       shx_(files, basePath_ + kShx, kIndexBuffer),
       shp_(files, basePath_ + kShp, kLargeBuffer) {
   dbf_.Append(TableHeader(fields, options.date, 0));
-  // Its place; what stands there is known when the files are complete.
-  for (SetFile* file : {&shx_, &shp_}) file->Next(kHeaderSize);
+  // Length and box are known when the files are complete.
+  for (SetFile* file : {&shx_, &shp_}) file->Append(View(FileHeader(type_, 0, {})));
 }
 
 char* ShapefileSet::PutRecordHeader(char* out, std::uint64_t contentBytes) const {

@@ -6,6 +6,7 @@
 #include "export/boom/records.h"
 #include "export/boom/table.h"
 #include "export/boom/timeline.h"
+#include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/heading.h"
 #include "geo/weekFirstOffsets.h"
@@ -20,16 +21,6 @@ namespace {
 /// Two epochs belong together when their actual rates are equal in the digits that
 /// the table shows.
 constexpr int kRateDecimals = 2;
-
-std::vector<jobstore::ReferenceRow> ReadReferences(jobstore::Job& job, base::RunHost& host) {
-  std::vector<jobstore::ReferenceRow> references;
-  jobstore::Query<jobstore::References> query(job);
-  if (!query.Prepared()) {
-    host.ShowMessage(exports::NotPreparedText(query.Result()));
-  }
-  for (jobstore::ReferenceRow row; query.Next(row);) references.push_back(row);
-  return references;
-}
 
 ActualRateSet Rounded(const jobstore::RatesRow& row) {
   ActualRateSet rates;
@@ -131,7 +122,9 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
     run.host.ShowMessage(exports::NotOpenedText(job.Result()));
     return outcome;
   }
-  std::vector<jobstore::ReferenceRow> references = ReadReferences(job, run.host);
+  std::vector<jobstore::ReferenceRow> references;
+  exports::ForEachRow<jobstore::References>(
+      job, run.host, [&](const jobstore::ReferenceRow& row) { references.push_back(row); });
   const Timeline timeline = ReadTimeline(job, run.host);
   if (references.empty()) throw exports::SubscriptError();
 

@@ -1,7 +1,16 @@
 #include "export/boom/periods.h"
 
-namespace kestrin::boom {
+#include <optional>
 
+namespace kestrin::boom {
+namespace {
+
+/// Whether a period of the timeline, from `start` up to, not including, `end`, holds a
+/// time; without an end, all times from `start` on.
+///
+/// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the rows of
+/// its own first week too, so those at or after that millisecond belong to no period. This
+/// is how the sets have always been cut; downstream tools rely on it.
 bool PeriodHolds(jobstore::GpsKey start, std::optional<jobstore::GpsKey> end,
                  jobstore::GpsKey time) {
   if (!end) return time >= start;
@@ -10,6 +19,8 @@ bool PeriodHolds(jobstore::GpsKey start, std::optional<jobstore::GpsKey> end,
   }
   return time > start && time < *end;
 }
+
+}  // namespace
 
 bool Periods::Next(std::size_t entry, Row& row) {
   const jobstore::GpsKey start = entries_[entry].time;

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "export/boom/timeline.h"
@@ -10,15 +9,6 @@
 #include "jobstore/job.h"
 
 namespace kestrin::boom {
-
-/// Whether a period of the timeline, from `start` up to, not including, `end`, holds a
-/// time; without an end, all times from `start` on.
-///
-/// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the rows of
-/// its own first week too, so those at or after that millisecond belong to no period. This
-/// is how the sets have always been cut; downstream tools rely on it.
-bool PeriodHolds(jobstore::GpsKey start, std::optional<jobstore::GpsKey> end,
-                 jobstore::GpsKey time);
 
 /// The GPS epochs of a timeline's periods, period after period, out of one scan of the job:
 /// a query for each period would read the whole table for each, and a job can hold tens of

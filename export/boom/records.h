@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <ranges>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -109,8 +108,9 @@ class Records {
 template <class Take>
 void Records::ForEachPiece(std::size_t record, Take take) const {
   const Slice& slice = slices_[record];
-  for (const Gained& gained : std::views::reverse(slice.gained)) {
-    for (std::size_t i = 0; i < gained.times; ++i) take(std::span(&gained.line, 1));
+  // NOLINTNEXTLINE(modernize-loop-convert): Clang 14 does not know the library's reversed view.
+  for (auto gained = slice.gained.rbegin(); gained != slice.gained.rend(); ++gained) {
+    for (std::size_t i = 0; i < gained->times; ++i) take(std::span(&gained->line, 1));
   }
   for (std::size_t at = slice.begin; at < EndOf(record);) {
     const std::span<const CrossLine> piece = laid_.Piece(at, EndOf(record));

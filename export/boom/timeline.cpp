@@ -1,10 +1,9 @@
 #include "export/boom/timeline.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "base/text.h"
-#include "export/exportRun.h"
+#include "export/tableRows.h"
 
 namespace kestrin::boom {
 namespace {
@@ -15,17 +14,6 @@ bool AllEmpty(const ProductNames& names) {
 
 bool AllZero(const std::array<double, jobstore::kProductSlots>& rates) {
   return std::all_of(rates.begin(), rates.end(), [](double rate) { return rate == 0; });
-}
-
-/// Hands every row of a table to `take`, each read into an empty row.
-template <class Q, class Take>
-void ForEachRow(jobstore::Job& job, base::RunHost& host, Take take) {
-  jobstore::Query<Q> query(job);
-  if (!query.Prepared()) {
-    host.ShowMessage(exports::NotPreparedText(query.Result()));
-    return;
-  }
-  for (typename Q::Row row; query.Next(row); row = {}) take(row);
 }
 
 }  // namespace
@@ -89,12 +77,13 @@ void Timeline::FillForward() {
 
 Timeline ReadTimeline(jobstore::Job& job, base::RunHost& host) {
   Timeline timeline;
-  ForEachRow<jobstore::DesiredRates>(job, host,
-                                     [&](const auto& row) { timeline.AppendDesiredRates(row); });
-  ForEachRow<jobstore::Products>(job, host, [&](const auto& row) { timeline.MergeProducts(row); });
+  exports::ForEachRow<jobstore::DesiredRates>(
+      job, host, [&](const auto& row) { timeline.AppendDesiredRates(row); });
+  exports::ForEachRow<jobstore::Products>(job, host,
+                                          [&](const auto& row) { timeline.MergeProducts(row); });
   timeline.EndTable();
-  ForEachRow<jobstore::Implements>(job, host,
-                                   [&](const auto& row) { timeline.MergeImplement(row); });
+  exports::ForEachRow<jobstore::Implements>(job, host,
+                                            [&](const auto& row) { timeline.MergeImplement(row); });
   timeline.EndTable();
   timeline.FillForward();
   return timeline;

@@ -22,10 +22,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   if (!offsets.Prepared()) run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
   if (!offsets.HasReference()) return outcome;
 
-  std::int32_t handle = 0;
-  WidthTimeline widths = ReadWidths(job, handle);
-  if (handle < 0) run.host.ShowMessage(exports::NotPreparedText(handle));
-
+  WidthTimeline widths = ReadWidths(job, run.host);
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
   if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
 

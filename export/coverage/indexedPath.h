@@ -17,7 +17,8 @@ namespace kestrin::coverage {
 /// LookAround() are for: they make a million rows in one polygon three to eight times
 /// as fast, 0.2 s where each would ask anew. Long segments cost time, never an answer.
 ///
-/// A segment with a NaN or infinite end meets nothing and may be passed over.
+/// A segment of no length, or with a NaN or infinite end, meets nothing and may be passed
+/// over.
 class IndexedPath {
  public:
   /// Empties the path; what it has allocated stays.

@@ -21,7 +21,7 @@ void PolygonBuilder::Add(const SwathRow& row, bool begins) {
   ++rows_;
 }
 
-void PolygonBuilder::Finish() {
+void PolygonBuilder::Close() {
   if (rows_ == 0) return;
   swath_.leftEdge.RemoveLastFold(swath_.rightEdge);
   swath_.rightEdge.RemoveLastFold(swath_.leftEdge);
@@ -32,7 +32,7 @@ void PolygonBuilder::Finish() {
 }
 
 void PolygonBuilder::Begin(const SwathRow& row) {
-  Finish();
+  Close();
   startIndex_ = rows_ + 1;
   swath_.Begin(row);
 }

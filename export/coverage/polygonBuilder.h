@@ -26,14 +26,15 @@ class PolygonBuilder {
   /// Takes the next row; `begins` when it is marked as beginning a stretch.
   void Add(const SwathRow& row, bool begins);
 
-  /// Completes the last ring. To be called once, after the last row.
-  void Finish();
+  /// Completes the last ring; after the last row.
+  void Finish() { Close(); }
 
  private:
   /// A job of fewer rows than this has no coverage to speak of.
   static constexpr std::size_t kFewestRows = 4;
 
   void Begin(const SwathRow& row);
+  void Close();
 
   std::function<void(const Ring&)> sink_;
   Swath swath_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 
 #include "shapefile/attributeTable.h"
 #include "shapefile/numberText.h"
@@ -21,7 +20,8 @@ Ring::Ring(const std::vector<geo::UtmPoint>& leftEdge,
            const std::vector<geo::UtmPoint>& rightEdge) {
   points_.reserve(leftEdge.size() + rightEdge.size() + 1);
   for (const geo::UtmPoint& point : leftEdge) Add(point);
-  for (const geo::UtmPoint& point : std::views::reverse(rightEdge)) Add(point);
+  // NOLINTNEXTLINE(modernize-loop-convert): Clang 14 does not know the library's reversed view.
+  for (auto point = rightEdge.rbegin(); point != rightEdge.rend(); ++point) Add(*point);
   if (!points_.empty()) Add(points_.front());
 }
 

@@ -7,7 +7,7 @@
 
 #include "export/coverage/planeGeometry.h"
 #include "export/exportRun.h"
-#include "geo/localOffsets.h"
+#include "geo/workingPlane.h"
 #include "shapefile/attributeTable.h"
 #include "shapefile/shapefileSet.h"
 

@@ -1,6 +1,6 @@
 #include "export/coverage/widths.h"
 
-#include "jobstore/job.h"
+#include "export/tableRows.h"
 
 namespace kestrin::coverage {
 
@@ -21,11 +21,10 @@ double WidthTimeline::At(jobstore::GpsKey time) {
   return entries_[inForce_].width;
 }
 
-WidthTimeline ReadWidths(jobstore::Job& job, std::int32_t& handle) {
+WidthTimeline ReadWidths(jobstore::Job& job, base::RunHost& host) {
   WidthTimeline widths;
-  jobstore::Query<jobstore::Implements> implements(job);
-  handle = implements.Result();
-  for (jobstore::ImplementRow row; implements.Next(row);) widths.Add(row);
+  exports::ForEachRow<jobstore::Implements>(
+      job, host, [&](const jobstore::ImplementRow& row) { widths.Add(row); });
   return widths;
 }
 

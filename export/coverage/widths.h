@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
 #include <vector>
 
+#include "base/runHost.h"
 #include "jobstore/gpsKey.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -36,8 +37,8 @@ class WidthTimeline {
   std::size_t inForce_ = 0;
 };
 
-/// Reads a job's timeline. When the table cannot be read the timeline is empty and
-/// `handle` tells why; otherwise `handle` is not negative.
-WidthTimeline ReadWidths(jobstore::Job& job, std::int32_t& handle);
+/// Reads a job's timeline.
+/// Failure: a table that cannot be queried is told to the host, and every width is 0.
+WidthTimeline ReadWidths(jobstore::Job& job, base::RunHost& host);
 
 }  // namespace kestrin::coverage

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "export/point/table.h"
-#include "geo/localOffsets.h"
+#include "geo/points.h"
 #include "jobstore/queries.h"
 #include "shapefile/attributeTable.h"
 

@@ -1,5 +1,6 @@
 #include "jobstore/opening/privateCopy.h"
 
+#include <cerrno>
 #include <fstream>
 
 #include "jobstore/opening/jobFile.h"
@@ -11,10 +12,12 @@ namespace {
 /// SQLite takes the name from the very end of a journal, before a mark of 8 bytes. One more
 /// byte is no such mark, whatever was before it, and rolling back stops ahead of it.
 std::error_code HideSuperJournal(const fs::path& journal) {
+  errno = 0;
   std::ofstream file(journal, std::ios::binary | std::ios::app);
   file.put('\0');
   file.close();
-  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
+  if (file) return {};
+  return {errno != 0 ? errno : EIO, std::generic_category()};
 }
 
 }  // namespace

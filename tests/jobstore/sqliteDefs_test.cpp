@@ -158,6 +158,12 @@ TEST_F(OpenedDatabase, AStatementThatIsNoneIsSafe) {
   }
 }
 
+TEST_F(OpenedDatabase, AFailedPrepareLeavesNoStatement) {
+  Statement statement = Prepared("Select i From t");
+  ASSERT_LT(Prepare(statement, "Select a From Missing"), 0);
+  EXPECT_EQ(statement.linx_sqlite3_step(), kMisuse);
+}
+
 TEST_F(OpenedDatabase, AClosedDatabasePreparesNothing) {
   database_.linx_sqlite3_close();
   EXPECT_EQ(Prepare("Select i From t"), -kMisuse);

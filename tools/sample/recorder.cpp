@@ -142,7 +142,7 @@ void Recorder::ChangeImplement() {
 
 void Recorder::WriteReference() {
   const double latitude = scenario_.latitude + origin_.north / kMetresPerDegree;
-  const double shrink = std::cos(scenario_.latitude * 0.0174532925199433);
+  const double shrink = std::cos(scenario_.latitude * base::kRadiansPerDegree);
   const double longitude = scenario_.longitude + origin_.east / (kMetresPerDegree * shrink);
   job_.Reference({{Now(), Stepped(latitude, 1e9), Stepped(longitude, 1e9)}, scenario_.altitude});
 }
