@@ -15,8 +15,6 @@
 namespace kestrin::geo {
 namespace {
 
-constexpr int kGeographic = CoordinateSystem::kGeographic;
-
 /// The two texts read last. Callers ask for the same two in turn, so the one that
 /// was not asked for last is tried first.
 class RecentDefinitions {
@@ -127,7 +125,7 @@ std::int32_t pjInitPlus(const char* definition) {
   ThreadState& state = ThisThread();
   const int zone = state.definitions.ZoneOf(definition);
   if (zone == RecentDefinitions::kNoSystem) return 0;
-  if (zone != kGeographic && state.operations.OfZone(zone) == nullptr) return 0;
+  if (zone != CoordinateSystem::kGeographic && state.operations.OfZone(zone) == nullptr) return 0;
   return state.handles.Make(zone);
 }
 
@@ -141,8 +139,8 @@ std::int32_t pjTransform(std::int32_t source, std::int32_t destination, std::int
   const int to = Handles::ZoneOf(destination);
 
   Route route;
-  if (from != kGeographic) route.inverse = state.operations.OfZone(from);
-  if (to != kGeographic) route.forward = state.operations.OfZone(to);
+  if (from != CoordinateSystem::kGeographic) route.inverse = state.operations.OfZone(from);
+  if (to != CoordinateSystem::kGeographic) route.forward = state.operations.OfZone(to);
   for (std::int32_t i = 0; i < pointCount; ++i, x += pointOffset, y += pointOffset) {
     double convertedX = *x;
     double convertedY = *y;

@@ -13,7 +13,7 @@ namespace kestrin::opening {
 namespace {
 
 constexpr std::int32_t kInterrupted = 9;
-constexpr std::int32_t kCorrupt = 11;
+constexpr std::int32_t kCorruptPage = 11;
 constexpr std::int32_t kTooBig = 18;
 constexpr std::int32_t kNotAuthorized = 23;
 
@@ -168,9 +168,9 @@ TEST_F(StrangersJob, ADamagedPageEndsTheRowsAndItsCodeStays) {
   while (epochs.Next(row)) ++rows;
   EXPECT_GT(rows, 0);
   EXPECT_LT(rows, 5000);
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
   EXPECT_FALSE(epochs.Next(row)) << "ended rows start over";
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
 }
 
 TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
@@ -185,7 +185,7 @@ TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
   jobstore::EpochRow row;
   row.east = 42;
   EXPECT_FALSE(epochs.Next(row));
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
   EXPECT_EQ(row.east, 42);
 }
 
