@@ -9,6 +9,8 @@ target_compile_options(
   kestrin_compile
   INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wold-style-cast
             -Woverloaded-virtual -Wdouble-promotion -Wformat=2
+            # Clang 14 takes the 0 in a defaulted <=> for a pointer.
+            $<$<CXX_COMPILER_ID:GNU>:-Wzero-as-null-pointer-constant>
             # Results are compared to the byte between compilers and machines.
             -ffp-contract=off)
 if(WIN32)

@@ -23,7 +23,7 @@ struct Point {
   double y;
 };
 
-constexpr const char* kGeographic = "+proj=longlat +ellps=GRS80 +no_defs";
+constexpr const char* kGrs80Degrees = "+proj=longlat +ellps=GRS80 +no_defs";
 
 std::string UtmOnGrs80(int zone) {
   return "+proj=utm +zone=" + std::to_string(zone) + " +ellps=GRS80 +no_defs";
@@ -77,7 +77,7 @@ class Cs2csAgreement : public ::testing::TestWithParam<int> {
 };
 
 TEST_P(Cs2csAgreement, ForwardWithinAMicrometre) {
-  const auto expected = Cs2cs(kGeographic, UtmOnGrs80(Zone()), Points());
+  const auto expected = Cs2cs(kGrs80Degrees, UtmOnGrs80(Zone()), Points());
   ASSERT_EQ(expected.size(), Points().size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     auto [x, y] = Points()[i];
@@ -88,8 +88,8 @@ TEST_P(Cs2csAgreement, ForwardWithinAMicrometre) {
 }
 
 TEST_P(Cs2csAgreement, InverseWithinTheEleventhDigit) {
-  const auto metres = Cs2cs(kGeographic, UtmOnGrs80(Zone()), Points());
-  const auto expected = Cs2cs(UtmOnGrs80(Zone()), kGeographic, metres);
+  const auto metres = Cs2cs(kGrs80Degrees, UtmOnGrs80(Zone()), Points());
+  const auto expected = Cs2cs(UtmOnGrs80(Zone()), kGrs80Degrees, metres);
   ASSERT_EQ(expected.size(), Points().size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     auto [x, y] = metres[i];

@@ -13,8 +13,7 @@
 namespace kestrin::geo {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+using Limits = std::numeric_limits<double>;
 
 /// What GeoToUtm and UtmToGeo leave in their arguments.
 UtmPoint Forward(GeoPoint point, std::int16_t zone) {
@@ -48,7 +47,8 @@ TEST(UtmProjection, GivesTheNumbersOfSingleConversionsBitByBit) {
 TEST(UtmProjection, LeavesWhatSingleConversionsLeaveWhenTheyFail) {
   for (const std::int16_t zone : {std::int16_t{14}, std::int16_t{0}, std::int16_t{61}}) {
     const UtmProjection projection(zone);
-    for (const double bad : {kNan, kInfinity, -kInfinity, 1e20, 91.0}) {
+    for (const double bad :
+         {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), 1e20, 91.0}) {
       const UtmPoint utm = projection.ToUtm({-97.5, bad});
       ExpectSame(utm.easting, Forward({-97.5, bad}, zone).easting);
       ExpectSame(utm.northing, Forward({-97.5, bad}, zone).northing);
@@ -62,14 +62,14 @@ TEST(UtmProjection, LeavesWhatSingleConversionsLeaveWhenTheyFail) {
 TEST(UtmProjection, ConvertsAfterAFailureAsBefore) {
   const UtmProjection projection(14);
   const GeoPoint before = projection.ToGeo({5e5, 4.4e6});
-  projection.ToGeo({kInfinity, kNan});
+  projection.ToGeo({Limits::infinity(), Limits::quiet_NaN()});
   projection.ToUtm({0, 100});
   EXPECT_EQ(projection.ToGeo({5e5, 4.4e6}), before);
 }
 
 TEST(UtmProjection, ConvertsARangeAsPointByPoint) {
   const UtmProjection projection(14);
-  const std::vector<UtmPoint> from{{4e5, 5e6}, {kInfinity, 5e6}, {4.1e5, 5.1e6}};
+  const std::vector<UtmPoint> from{{4e5, 5e6}, {Limits::infinity(), 5e6}, {4.1e5, 5.1e6}};
   std::vector<GeoPoint> to(from.size());
   projection.ToGeo(from, to);
   for (std::size_t i = 0; i < from.size(); ++i) EXPECT_EQ(to[i], projection.ToGeo(from[i]));

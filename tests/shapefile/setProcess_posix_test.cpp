@@ -21,11 +21,11 @@
 namespace kestrin::shapefile {
 namespace {
 
-const std::array<Field, 1> kFields{{{"ID", 'N', 8, 0}}};
+const std::array<Field, 1> kOneField{{{"ID", 'N', 8, 0}}};
 
 void WriteSet(base::FileSystem& files, const std::string& base, int points) {
   RemoveSet(files, base);
-  ShapefileSet set(files, base, ShapeType::kPoint, kFields, {});
+  ShapefileSet set(files, base, ShapeType::kPoint, kOneField, {});
   for (int i = 0; i < points; ++i) set.AddPoint({1.0 * i, -1.0 * i}, "        0");
   set.Commit();
 }

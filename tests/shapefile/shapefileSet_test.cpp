@@ -14,7 +14,7 @@
 namespace kestrin::shapefile {
 namespace {
 
-const std::array<Field, 1> kFields{{{"ID", 'N', 3, 0}}};
+const std::array<Field, 1> kShortField{{{"ID", 'N', 3, 0}}};
 
 /// Bytes from their hexadecimal digits; blanks are for the reader.
 std::string Hex(const std::string& digits) {
@@ -45,7 +45,7 @@ std::string HeaderHex(const std::string& words, const std::string& type, const s
 
 class ShapefileSetTest : public testing::Test {
  protected:
-  ShapefileSet MakeSet(ShapeType type) { return {*files_, base_, type, kFields, options_}; }
+  ShapefileSet MakeSet(ShapeType type) { return {*files_, base_, type, kShortField, options_}; }
 
   std::string Shp() const { return test::FileBytes(base_ + ".shp"); }
   std::string Shx() const { return test::FileBytes(base_ + ".shx"); }

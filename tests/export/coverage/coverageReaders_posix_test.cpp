@@ -15,7 +15,7 @@ namespace {
 
 using test::Behind;
 
-constexpr double kRight = 1.5707963267948966;
+constexpr double kRightAngle = 1.5707963267948966;
 
 class PolyReaders : public testing::Test {
  protected:
@@ -23,12 +23,12 @@ class PolyReaders : public testing::Test {
   PolyReaders() {
     test::JobBuilder job(folder_ / "job.sqlite");
     job.Reference({1, 0}, 45.25, -93.5).Implement({1, 0}, "a", {{12, 0, 0, 0}});
-    Drive(job, test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRight, 2).Straight(40));
+    Drive(job, test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRightAngle, 2).Straight(40));
     Drive(job, test::Driver({200, 0}, 0, 12, 1)
                    .Straight(60)
-                   .Turn(kRight, 20)
-                   .Turn(kRight, 20)
-                   .Turn(kRight, 20)
+                   .Turn(kRightAngle, 20)
+                   .Turn(kRightAngle, 20)
+                   .Turn(kRightAngle, 20)
                    .Straight(60));
     exports::ExportRun run{host_, *files_, {{2006, 7, 9}, true}};
     EXPECT_TRUE(ExportPolyShape(base_, job.Finish(), run).made);

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "jobstore/sqliteDefs.h"
+#include "tests/jobstore/opening/openResult.h"
 #include "tests/jobstore/opening/ordinaryUser.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
@@ -11,12 +11,8 @@
 namespace kestrin::opening {
 namespace {
 
-constexpr std::int32_t kCannotOpen = -14;
-
-std::int32_t OpenResult(const std::string& path) {
-  jobstore::Database library;
-  return library.linx_sqlite3_open(path);
-}
+using test::kCannotOpen;
+using test::OpenResult;
 
 TEST(JobOpening, APipeIsRefusedInsteadOfWaitedFor) {
   const test::TempFolder folder;

@@ -7,20 +7,18 @@
 #include "jobstore/queries.h"
 #include "tests/jobstore/opening/folderState.h"
 #include "tests/jobstore/opening/jobStates.h"
+#include "tests/jobstore/opening/openResult.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::opening {
 namespace {
 
-constexpr std::int32_t kCannotOpen = -14;
+using test::kCannotOpen;
+using test::OpenResult;
+
 constexpr std::int32_t kNoDatabase = -26;
 constexpr std::int32_t kCorrupt = -11;
-
-std::int32_t OpenResult(const std::string& path) {
-  jobstore::Database library;
-  return library.linx_sqlite3_open(path);
-}
 
 std::string WriteFile(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;

@@ -14,7 +14,7 @@ namespace kestrin::opening {
 namespace {
 
 constexpr std::int32_t kInterrupted = 9;
-constexpr std::int32_t kCorrupt = 11;
+constexpr std::int32_t kCorruptPage = 11;
 constexpr std::int32_t kTooBig = 18;
 constexpr std::int32_t kNotAuthorized = 23;
 
@@ -157,9 +157,9 @@ TEST_F(StrangersJob, ADamagedPageEndsTheRowsAndItsCodeStays) {
   while (epochs.Next(row)) ++rows;
   EXPECT_GT(rows, 0);
   EXPECT_LT(rows, 5000);
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
   EXPECT_FALSE(epochs.Next(row)) << "ended rows start over";
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
 }
 
 TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
@@ -174,7 +174,7 @@ TEST_F(StrangersJob, ADamagedPageUnderASortEndsTheRowsBeforeTheFirst) {
   jobstore::WireEpochs::Row row;
   row.east = 42;
   EXPECT_FALSE(epochs.Next(row));
-  EXPECT_EQ(epochs.LastStep(), kCorrupt);
+  EXPECT_EQ(epochs.LastStep(), kCorruptPage);
   EXPECT_EQ(row.east, 42);
 }
 
