@@ -12,7 +12,7 @@ namespace {
 
 using test::Behind;
 
-constexpr double kRight = 1.5707963267948966;
+constexpr double kRightAngle = 1.5707963267948966;
 
 class PolyReaders : public test::SetFixture {
  protected:
@@ -21,12 +21,12 @@ class PolyReaders : public test::SetFixture {
     options_.withProjection = true;
     builder_.Reference({1, 0}, test::kLatitude, test::kLongitude);
     builder_.Implement({1, 0}, "a", {{12, 0, 0, 0}});
-    Drive(test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRight, 2).Straight(40));
+    Drive(test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRightAngle, 2).Straight(40));
     Drive(test::Driver({200, 0}, 0, 12, 1)
               .Straight(60)
-              .Turn(kRight, 20)
-              .Turn(kRight, 20)
-              .Turn(kRight, 20)
+              .Turn(kRightAngle, 20)
+              .Turn(kRightAngle, 20)
+              .Turn(kRightAngle, 20)
               .Straight(60));
     read_ = Exported();
     EXPECT_EQ(read_.records.size(), 3U);
