@@ -17,6 +17,7 @@ void Database::linx_sqlite3_close() {
   const opening::OpenedJob closed = std::move(job_);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): what steps do changes.
 void Database::CallDuringSteps(std::function<void()> call) {
   if (job_.database) job_.budget->CallMeanwhile(std::move(call));
 }

@@ -32,7 +32,6 @@ class Database {
 
   /// From now on `call` is called now and then while a statement is at work inside
   /// linx_sqlite3_step. It must neither throw nor use this object.
-  // NOLINTNEXTLINE(readability-make-member-function-const): what steps do changes.
   void CallDuringSteps(std::function<void()> call);
 
   /// The same as the end of the scope. Its statements must have been finalized before.

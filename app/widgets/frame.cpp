@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QChildEvent>
 #include <QPainter>
+#include <utility>
 
 #include "app/widgets/colours.h"
 
@@ -36,7 +37,7 @@ bool IsInput(QEvent::Type type) {
 
 }  // namespace
 
-Frame::Frame(const QString& caption, QWidget* parent) : QWidget(parent), caption_(caption) {}
+Frame::Frame(QString caption, QWidget* parent) : QWidget(parent), caption_(std::move(caption)) {}
 
 void Frame::SetInputEnabled(bool enabled) {
   const bool accepted = AcceptsInput();
@@ -82,8 +83,9 @@ bool Frame::eventFilter(QObject* watched, QEvent* event) {
   if (!AcceptsInput()) {
     if (IsInput(event->type())) return true;
     // Focus set by hand, by an assistive tool for one, does not stay.
-    if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
-      static_cast<QWidget*>(watched)->clearFocus();
+    if (auto* control = qobject_cast<QWidget*>(watched);
+        control != nullptr && event->type() == QEvent::FocusIn) {
+      control->clearFocus();
       return true;
     }
   }

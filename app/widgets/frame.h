@@ -14,7 +14,7 @@ class Frame : public QWidget {
   Q_OBJECT
 
  public:
-  Frame(const QString& caption, QWidget* parent);
+  Frame(QString caption, QWidget* parent);
 
   /// Closes or opens the gate. Its focus comes back when it opens again.
   void SetInputEnabled(bool enabled);

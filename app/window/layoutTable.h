@@ -27,9 +27,9 @@ enum class ControlKind {
 
 /// One control of the window at design.
 struct ControlSpec {
-  const char* name;    ///< object name; arrays as name_index
-  const char* parent;  ///< object name of its container; empty: the window
-  ControlKind kind;
+  const char* name = "";    ///< object name; arrays as name_index
+  const char* parent = "";  ///< object name of its container; empty: the window
+  ControlKind kind{};
   widgets::TwipRect place;  ///< relative to the container
   const char* caption = "";
   /// What it is or does in words, for assistive tools; not on what only decorates.

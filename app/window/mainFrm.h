@@ -36,6 +36,8 @@ class MainFrm : public QWidget {
   /// What `surroundings` points to outlives the window.
   explicit MainFrm(const Surroundings& surroundings);
   ~MainFrm() override;
+  MainFrm(const MainFrm&) = delete;
+  MainFrm& operator=(const MainFrm&) = delete;
 
   const flow::WindowState& State() const { return flow_->State(); }
   const WindowEvents& EventLoop() const { return events_; }

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 
 #include "shapefile/numberText.h"
 #include "shapefile/shapefileSet.h"
-#include "tests/export/toolOutput.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
+#include "tests/support/toolOutput.h"
 
 /// What GDAL and shapelib make of the sets, where their tools are installed.
 

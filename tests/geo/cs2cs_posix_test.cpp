@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iomanip>
 #include <sstream>
@@ -11,6 +8,7 @@
 
 #include "geo/modProj4.h"
 #include "tests/support/tempFolder.h"
+#include "tests/support/toolOutput.h"
 
 /// The same conversions by PROJ's own command on GRS80 definitions, where it is
 /// installed.
@@ -29,18 +27,6 @@ std::string UtmOnGrs80(int zone) {
   return "+proj=utm +zone=" + std::to_string(zone) + " +ellps=GRS80 +no_defs";
 }
 
-std::string OutputOf(const std::string& command) {
-  std::string output;
-  FILE* pipe = popen(command.c_str(), "r");
-  if (pipe == nullptr) return output;
-  std::array<char, 4096> piece;
-  while (const std::size_t size = std::fread(piece.data(), 1, piece.size(), pipe)) {
-    output.append(piece.data(), size);
-  }
-  pclose(pipe);
-  return output;
-}
-
 std::vector<Point> Cs2cs(const std::string& from, const std::string& to,
                          const std::vector<Point>& points) {
   const test::TempFolder folder;
@@ -49,7 +35,7 @@ std::vector<Point> Cs2cs(const std::string& from, const std::string& to,
   for (const Point& point : points) input << point.x << ' ' << point.y << '\n';
   input.close();
   std::istringstream output(
-      OutputOf("cs2cs -f %.14g " + from + " +to " + to + " " + (folder / "points")));
+      test::Output("cs2cs -f %.14g " + from + " +to " + to + " " + (folder / "points")));
   std::vector<Point> results;
   for (Point point{}; output >> point.x >> point.y;) {
     results.push_back(point);
@@ -61,7 +47,7 @@ std::vector<Point> Cs2cs(const std::string& from, const std::string& to,
 class Cs2csAgreement : public ::testing::TestWithParam<int> {
  protected:
   void SetUp() override {
-    if (std::system("command -v cs2cs >/dev/null 2>&1") != 0) GTEST_SKIP() << "no cs2cs here";
+    if (!test::Installed("cs2cs")) GTEST_SKIP() << "no cs2cs here";
     for (double latitude = -84; latitude <= 84; latitude += 3.5) {
       for (const double offset : {-3.0, -1.25, 0.0, 0.5, 3.0}) {
         points_.push_back({6.0 * GetParam() - 183 + offset, latitude});

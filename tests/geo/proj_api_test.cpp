@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <limits>
 #include <memory>
-#include <string>
 
 #include "tests/support/setting.h"
 #include "tests/support/tempFolder.h"

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "geo/utmProjection.h"
+
 namespace kestrin::geo {
 namespace {
 
@@ -54,10 +56,7 @@ TEST(WeekFirstOffsets, SeveralChangesBetweenTwoEpochsLeaveTheLast) {
 TEST(WeekFirstOffsets, LaterLocationIsProjectedInTheFirstOnesZone) {
   WeekFirstOffsets offsets({At(1400, 500, 47, -96.5), At(1400, 900, 47, -95.5)});
   offsets.AdvanceTo({1400, 900});
-  double northing = 47;
-  double easting = -95.5;
-  ASSERT_EQ(GeoToUtm(northing, easting, 14), 0);
-  EXPECT_EQ(offsets.Plane().Origin(), (UtmPoint{easting, northing}));
+  EXPECT_EQ(offsets.Plane().Origin(), UtmProjection(14).ToUtm({-95.5, 47}));
 }
 
 }  // namespace

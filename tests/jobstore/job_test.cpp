@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "jobstore/queries.h"
-#include "tests/support/boomPeriodQuery.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -15,12 +14,11 @@ namespace {
 class QueryRows : public testing::Test {
  protected:
   /// The easts of the wire's rows, in the order they come.
-  template <class Q = WireEpochs, class... Numbers>
-  std::vector<double> Easts(const Numbers&... numbers) {
+  std::vector<double> Easts() {
     Job job(builder_.Finish());
-    Query<Q> epochs(job, numbers...);
+    Query<WireEpochs> epochs(job);
     std::vector<double> easts;
-    for (typename Q::Row row; epochs.Next(row);) easts.push_back(row.east);
+    for (WireEpochs::Row row; epochs.Next(row);) easts.push_back(row.east);
     EXPECT_EQ(epochs.LastStep(), kDone);
     return easts;
   }
@@ -47,7 +45,7 @@ TEST_F(QueryRows, OfOneKeyKeepTheirOrderOfEntry) {
   EXPECT_EQ(Easts(), expected);
 }
 
-TEST_F(QueryRows, WithoutBit8192AreInvisibleToTheRowsTheCountAndTheTimeSpan) {
+TEST_F(QueryRows, WithoutThe8192InTheirTypeAreInvisibleToTheRowsTheCountAndTheTimeSpan) {
   Add({1, 1}, 1);
   builder_.Execute("INSERT INTO GpsDataTable SELECT 9, 9, 5, 0, 0, 0, 0, 0, 0, 16384 + 4096, 0");
   Job job(builder_.Finish());
@@ -61,32 +59,6 @@ TEST_F(QueryRows, WithoutBit8192AreInvisibleToTheRowsTheCountAndTheTimeSpan) {
   GpsKey newest;
   ASSERT_TRUE(ReadFirst<NewestEpoch>(job, newest));
   EXPECT_EQ(newest, (GpsKey{1, 1}));
-}
-
-TEST_F(QueryRows, OfTheLastBoomPeriodRunFromItsStartOn) {
-  Add({5, 99}, 1);
-  Add({5, 100}, 2);
-  Add({6, 0}, 3);
-  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}), (std::vector<double>{2, 3}));
-}
-
-TEST_F(QueryRows, OfABoomPeriodEndBeforeItsEnd) {
-  Add({5, 99}, 1);
-  Add({5, 100}, 2);
-  Add({5, 199}, 3);
-  Add({5, 200}, 4);
-  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}, GpsKey{5, 200}),
-            (std::vector<double>{2, 3}));
-}
-
-TEST_F(QueryRows, OfABoomPeriodOverAWeekAreCutByTheEndsMillisecondInTheFirstWeekToo) {
-  Add({5, 100}, 1);
-  Add({5, 200}, 2);  // in no period: downstream sets have always been cut so
-  Add({6, 500}, 3);
-  Add({7, 199}, 4);
-  Add({7, 200}, 5);
-  EXPECT_EQ(Easts<test::BoomPeriodEpochs>(GpsKey{5, 100}, GpsKey{7, 200}),
-            (std::vector<double>{1, 3, 4}));
 }
 
 TEST(Job, WithoutAVersionTableCountsNone) {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "geo/localOffsets.h"
 #include "geo/modProj4.h"
+#include "geo/utmProjection.h"
 #include "jobstore/queries.h"
 #include "preview/renderers.h"
 #include "tests/support/jobBuilder.h"
@@ -21,11 +21,8 @@ inline constexpr double kLongitude = -97.1;
 /// The working plane's origin for a reference location there, to the last digit as
 /// a job gives it: stored in radians.
 inline geo::UtmPoint Origin(double latitude = kLatitude, double longitude = kLongitude) {
-  constexpr double kRadiansPerDegree = 0.0174532925199433;
-  double northing = latitude * kRadiansPerDegree * base::kDegreesPerRadian;
-  double easting = longitude * kRadiansPerDegree * base::kDegreesPerRadian;
-  geo::GeoToUtm(northing, easting, geo::UtmZoneOf(kLatitude, kLongitude));
-  return {easting, northing};
+  const geo::UtmProjection projection(geo::UtmZoneOf(kLatitude, kLongitude));
+  return projection.ToUtm({AsStored(longitude), AsStored(latitude)});
 }
 
 /// An extent of 100 by 100 m east and north of the origin, at a metre per unit of a

@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "tests/preview/previewJob.h"
 
 namespace kestrin::preview {

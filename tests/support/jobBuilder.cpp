@@ -33,7 +33,8 @@ std::string Values(jobstore::GpsKey time) {
 }  // namespace
 
 JobBuilder::JobBuilder(const std::string& path) : path_(path), database_(path) {
-  Execute("PRAGMA synchronous=OFF");
+  // No journal beside a job that a test has not finished.
+  Execute("PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY");
   Execute(sample::JobSchema());
   Execute("BEGIN");
 }
@@ -122,6 +123,8 @@ std::string JobBuilder::Finish() {
 void JobBuilder::Insert(const std::string& table, const std::string& values) {
   Execute("INSERT INTO " + table + " VALUES (" + values + ")");
 }
+
+double AsStored(double degrees) { return degrees * kRadiansPerDegree * base::kDegreesPerRadian; }
 
 void DamageTablePage(const std::string& path) {
   constexpr std::size_t kPage = 4096;

@@ -47,7 +47,10 @@ class JobBuilder {
 /// by far the most. Rows read along an index then end there; a sort ends at once.
 void DamageTablePage(const std::string& path);
 
-/// The bit of `type` without which a row is in no export.
+/// Degrees as a job gives them back, which stores radians.
+double AsStored(double degrees);
+
+/// A row whose `type` has not this value in it is in no export.
 inline constexpr int kTakesPart = 8192;
 
 }  // namespace kestrin::test

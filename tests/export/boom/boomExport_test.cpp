@@ -21,7 +21,7 @@ class BoomExport : public test::BoomFixture {};
 
 TEST_F(BoomExport, LineGoesFromTheRightEdgeOfTheSectionToTheLeftWhenHeadingNorth) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 10, 20, 0);
+  builder_.Epoch(kStart, 10, 20, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(1));
   EXPECT_THAT(Easts(set.shapes[0]), ElementsAre(12, 8));
@@ -30,7 +30,7 @@ TEST_F(BoomExport, LineGoesFromTheRightEdgeOfTheSectionToTheLeftWhenHeadingNorth
 
 TEST_F(BoomExport, LineTurnsWithTheHeading) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 10, 20, std::numbers::pi / 2);
+  builder_.Epoch(kStart, 10, 20, std::numbers::pi / 2);
   const test::BoomSet set = ExportedSet();
   EXPECT_THAT(Easts(set.shapes.at(0)), ElementsAre(10, 10));
   EXPECT_THAT(Norths(set.shapes.at(0)), ElementsAre(18, 22));
@@ -38,8 +38,8 @@ TEST_F(BoomExport, LineTurnsWithTheHeading) {
 
 TEST_F(BoomExport, SectionOffsetsAreNotTurnedWithTheHeading) {
   ReferenceOnly();
-  builder.Implement(kStart, "Disc", {{4, 3, -5, 9}});
-  builder.Epoch(kStart, 0, 0, std::numbers::pi / 2);
+  builder_.Implement(kStart, "Disc", {{4, 3, -5, 9}});
+  builder_.Epoch(kStart, 0, 0, std::numbers::pi / 2);
   const test::BoomSet set = ExportedSet();
   EXPECT_THAT(Easts(set.shapes.at(0)), ElementsAre(3, 3));
   EXPECT_THAT(Norths(set.shapes.at(0)), ElementsAre(-7, -3));
@@ -47,7 +47,7 @@ TEST_F(BoomExport, SectionOffsetsAreNotTurnedWithTheHeading) {
 
 TEST_F(BoomExport, CoordinatesAreLongitudeAndLatitudeOfTheWorkingPlane) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 10, 20, 0);
+  builder_.Epoch(kStart, 10, 20, 0);
   const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 47, -97.5});
   const geo::GeoPoint expected = plane.ToGeo(plane.At(12, 20));
   const test::BoomSet set = ExportedSet();
@@ -58,13 +58,13 @@ TEST_F(BoomExport, CoordinatesAreLongitudeAndLatitudeOfTheWorkingPlane) {
 
 TEST_F(BoomExport, EveryUsedSectionIsLaidInSlotOrderWhateverTheSwitchesSay) {
   ReferenceOnly();
-  builder.Implement(kStart, "Boom", {{2, -10, 0, 0}, {-1, 0, 0, 0}, {2, 10, 0, 0}});
-  builder.Epoch(kStart, 0, 0);
+  builder_.Implement(kStart, "Boom", {{2, -10, 0, 0}, {-1, 0, 0, 0}, {2, 10, 0, 0}});
+  builder_.Epoch(kStart, 0, 0);
   jobstore::EpochRow off;
   off.time = After(1);
   off.type = test::kTakesPart;
   off.boomStatus = 0;
-  builder.Epoch(off);
+  builder_.Epoch(off);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(1));
   EXPECT_THAT(Easts(set.shapes[0]), ElementsAre(-9, -11, 11, 9, -9, -11, 11, 9));
@@ -73,8 +73,8 @@ TEST_F(BoomExport, EveryUsedSectionIsLaidInSlotOrderWhateverTheSwitchesSay) {
 
 TEST_F(BoomExport, SectionOfWidthZeroGivesAPartOfTwoEqualPoints) {
   ReferenceOnly();
-  builder.Implement(kStart, "Wire", {{0, 1, 2, 0}});
-  builder.Epoch(kStart, 0, 0, 0.7);
+  builder_.Implement(kStart, "Wire", {{0, 1, 2, 0}});
+  builder_.Epoch(kStart, 0, 0, 0.7);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes.at(0).points, SizeIs(2));
   EXPECT_EQ(set.shapes[0].points[0], set.shapes[0].points[1]);
@@ -82,10 +82,11 @@ TEST_F(BoomExport, SectionOfWidthZeroGivesAPartOfTwoEqualPoints) {
 
 TEST_F(BoomExport, ImplementTableWithoutSectionColumnsHasSixteenSectionsOfWidthZero) {
   ReferenceOnly();
-  builder.Execute("DROP TABLE ImplChangeTable");
-  builder.Execute("CREATE TABLE ImplChangeTable (gpsWeek integer, gpsMsec integer, implName text)");
-  builder.Execute("INSERT INTO ImplChangeTable VALUES (1400, 1000, 'Old')");
-  builder.Epoch(kStart, 0, 0);
+  builder_.Execute("DROP TABLE ImplChangeTable");
+  builder_.Execute(
+      "CREATE TABLE ImplChangeTable (gpsWeek integer, gpsMsec integer, implName text)");
+  builder_.Execute("INSERT INTO ImplChangeTable VALUES (1400, 1000, 'Old')");
+  builder_.Epoch(kStart, 0, 0);
   const test::BoomSet set = ExportedSet();
   EXPECT_THAT(set.shapes.at(0).points, SizeIs(32));
   EXPECT_EQ(set.shapes[0].Implement(), "       Old");
@@ -93,21 +94,21 @@ TEST_F(BoomExport, ImplementTableWithoutSectionColumnsHasSixteenSectionsOfWidthZ
 
 TEST_F(BoomExport, RowsThatTakeNoPartAreInvisible) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 0, 0);
+  builder_.Epoch(kStart, 0, 0);
   jobstore::EpochRow hidden;
   hidden.time = After(1);
   hidden.type = jobstore::EpochRow::kNewStretch;
-  builder.Epoch(hidden);
+  builder_.Epoch(hidden);
   EXPECT_THAT(ExportedSet().shapes.at(0).points, SizeIs(2));
-  EXPECT_EQ(host.rows, 1);
+  EXPECT_EQ(host_.rows, 1);
 }
 
 // ---------------------------------------------------------------- reference locations
 
 TEST_F(BoomExport, ReferenceChangeAppliesAtItsOwnTime) {
   ReferenceAndDisc();
-  builder.Reference(After(1), 47, -97.4);
-  for (int second = 0; second < 2; ++second) builder.Epoch(After(second), 0, 0);
+  builder_.Reference(After(1), 47, -97.4);
+  for (int second = 0; second < 2; ++second) builder_.Epoch(After(second), 0, 0);
   const std::vector<double> easts = Easts(ExportedSet().shapes.at(0));
   EXPECT_EQ(easts[0], 2);
   EXPECT_GT(easts[2], 7000);
@@ -115,18 +116,18 @@ TEST_F(BoomExport, ReferenceChangeAppliesAtItsOwnTime) {
 
 TEST_F(BoomExport, ReferenceChangeLaterInAWeekIsTakenEarlyByTheWeeksFirstEpoch) {
   ReferenceAndDisc();
-  builder.Reference({1401, 500000}, 47, -97.4);
-  builder.Epoch(kStart, 0, 0);
-  builder.Epoch({1401, 100}, 0, 0);
+  builder_.Reference({1401, 500000}, 47, -97.4);
+  builder_.Epoch(kStart, 0, 0);
+  builder_.Epoch({1401, 100}, 0, 0);
   const std::vector<double> easts = Easts(ExportedSet().shapes.at(0));
   EXPECT_EQ(easts[0], 2);
   EXPECT_GT(easts[2], 7000);
 }
 
 TEST_F(BoomExport, ReferenceInAnotherZoneKeepsTheFirstZone) {
-  builder.Reference(kStart, 47, -96.5).Reference(After(1), 47, -95.5);
-  builder.Implement(kStart, "Disc", {{4, 0, 0, 0}});
-  builder.Epoch(After(1), 0, 0);
+  builder_.Reference(kStart, 47, -96.5).Reference(After(1), 47, -95.5);
+  builder_.Implement(kStart, "Disc", {{4, 0, 0, 0}});
+  builder_.Epoch(After(1), 0, 0);
   const std::vector<geo::GeoPoint> points = ExportedSet().shapes.at(0).points;
   // On the first zone's grid, which there stands askew to north.
   EXPECT_GT(std::abs(points[0].latitude - points[1].latitude), 1e-7);
@@ -137,8 +138,8 @@ TEST_F(BoomExport, ReferenceInAnotherZoneKeepsTheFirstZone) {
 
 TEST_F(BoomExport, RatesEqualAfterRoundingStayOneRecord) {
   ReferenceAndDisc();
-  builder.ActualRates(kStart, 12.344).ActualRates(After(1), 12.336);
-  for (int second = 0; second < 2; ++second) builder.Epoch(After(second), 0, 0);
+  builder_.ActualRates(kStart, 12.344).ActualRates(After(1), 12.336);
+  for (int second = 0; second < 2; ++second) builder_.Epoch(After(second), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(1));
   EXPECT_EQ(set.shapes[0].ActualRate(0), "     12.34");
@@ -146,8 +147,8 @@ TEST_F(BoomExport, RatesEqualAfterRoundingStayOneRecord) {
 
 TEST_F(BoomExport, ActualRatesRoundTiesToEven) {
   ReferenceAndDisc();
-  builder.ActualRates(kStart, 0.125, 0.375, 2.5);
-  builder.Epoch(kStart, 0, 0);
+  builder_.ActualRates(kStart, 0.125, 0.375, 2.5);
+  builder_.Epoch(kStart, 0, 0);
   const test::BoomSet set = ExportedSet();
   EXPECT_EQ(set.shapes.at(0).ActualRate(0), "      0.12");
   EXPECT_EQ(set.shapes[0].ActualRate(1), "      0.38");
@@ -156,8 +157,8 @@ TEST_F(BoomExport, ActualRatesRoundTiesToEven) {
 
 TEST_F(BoomExport, FirstActualRatesHoldBeforeTheirTimeAndTheNextFromItsOwn) {
   ReferenceAndDisc();
-  builder.ActualRates(After(1), 1).ActualRates(After(2), 2).ActualRates(After(3), 3);
-  for (int second : {0, 1, 2, 3}) builder.Epoch(After(second), 10 * second, 0);
+  builder_.ActualRates(After(1), 1).ActualRates(After(2), 2).ActualRates(After(3), 3);
+  for (int second : {0, 1, 2, 3}) builder_.Epoch(After(second), 10 * second, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(3));
   EXPECT_THAT(Easts(set.shapes[0]), ElementsAre(2, -2, 12, 8));
@@ -167,12 +168,12 @@ TEST_F(BoomExport, FirstActualRatesHoldBeforeTheirTimeAndTheNextFromItsOwn) {
 
 TEST_F(BoomExport, RatesThatReturnWithinAPeriodTakeUpItsEarlierRecordShuffled) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 0, 0);
-  builder.Products(After(1), "Urea");
+  builder_.Epoch(kStart, 0, 0);
+  builder_.Products(After(1), "Urea");
   const std::vector<double> rates{5, 5, 6, 5};
   for (int i = 0; i < 4; ++i) {
-    builder.ActualRates(After(i + 1), rates[static_cast<std::size_t>(i)]);
-    builder.Epoch(After(i + 1), 10 * (i + 1), 0);
+    builder_.ActualRates(After(i + 1), rates[static_cast<std::size_t>(i)]);
+    builder_.Epoch(After(i + 1), 10 * (i + 1), 0);
   }
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(3));
@@ -184,41 +185,41 @@ TEST_F(BoomExport, RatesThatReturnWithinAPeriodTakeUpItsEarlierRecordShuffled) {
 
 TEST_F(BoomExport, RatesThatReturnInAnotherPeriodMakeANewRecord) {
   ReferenceAndDisc();
-  builder.Products(After(2), "Urea");
+  builder_.Products(After(2), "Urea");
   for (int i = 0; i < 4; ++i) {
-    builder.ActualRates(After(i), i % 2 + 1);
-    builder.Epoch(After(i), 0, 0);
+    builder_.ActualRates(After(i), i % 2 + 1);
+    builder_.Epoch(After(i), 0, 0);
   }
   EXPECT_THAT(ExportedSet().shapes, SizeIs(4));
 }
 
 TEST_F(BoomExport, TakingUpTheFirstRecordEndsWithASubscriptErrorAndNoFiles) {
-  PutOldFiles();
+  LeaveOldSet();
   ReferenceAndDisc();
   for (int i = 0; i < 3; ++i) {
-    builder.ActualRates(After(i), i % 2 + 1);
-    builder.Epoch(After(i), 0, 0);
+    builder_.ActualRates(After(i), i % 2 + 1);
+    builder_.Epoch(After(i), 0, 0);
   }
   EXPECT_THROW(Export(), exports::SubscriptError);
-  EXPECT_FALSE(AnyFile());
-  EXPECT_THAT(host.messages, IsEmpty());
+  ExpectNothingWritten();
+  EXPECT_THAT(host_.messages, IsEmpty());
 }
 
 TEST_F(BoomExport, TakingUpARecordBehindEmptyOnesOnlyEndsWithASubscriptErrorToo) {
   ReferenceOnly();
-  builder.Implement(kStart, "None", {}).Implement(After(1), "Disc", {{4, 0, 0, 0}});
+  builder_.Implement(kStart, "None", {}).Implement(After(1), "Disc", {{4, 0, 0, 0}});
   for (int i = 0; i < 4; ++i) {
-    builder.ActualRates(After(i), i % 2 + 1);
-    builder.Epoch(After(i), 0, 0);
+    builder_.ActualRates(After(i), i % 2 + 1);
+    builder_.Epoch(After(i), 0, 0);
   }
   EXPECT_THROW(Export(), exports::SubscriptError);
-  EXPECT_FALSE(AnyFile());
+  ExpectNothingWritten();
 }
 
 TEST_F(BoomExport, ImplementWithoutUsedSectionEndsWithTwoEmptyRecordsAPeriod) {
   ReferenceOnly();
-  builder.Implement(kStart, "None", {});
-  for (int i = 0; i < 5; ++i) builder.Epoch(After(i), 0, 0);
+  builder_.Implement(kStart, "None", {});
+  for (int i = 0; i < 5; ++i) builder_.Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   for (const test::BoomShape& shape : set.shapes) {
@@ -232,8 +233,8 @@ TEST_F(BoomExport, ImplementWithoutUsedSectionEndsWithTwoEmptyRecordsAPeriod) {
 
 TEST_F(BoomExport, EmptyRecordsLeaveTheFilesBoxAlone) {
   ReferenceOnly();
-  builder.Implement(kStart, "None", {}).Implement(After(1), "Disc", {{4, 0, 0, 0}});
-  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  builder_.Implement(kStart, "None", {}).Implement(After(1), "Disc", {{4, 0, 0, 0}});
+  for (int i = 0; i < 2; ++i) builder_.Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   EXPECT_LT(set.box.xMax, -97);
@@ -242,12 +243,12 @@ TEST_F(BoomExport, EmptyRecordsLeaveTheFilesBoxAlone) {
 
 TEST_F(BoomExport, BoxesKeepOverwrittenPoints) {
   ReferenceAndDisc();
-  builder.Epoch(kStart, 0, 0);
-  builder.Products(After(1), "Urea");
+  builder_.Epoch(kStart, 0, 0);
+  builder_.Products(After(1), "Urea");
   const std::vector<double> easts{900, 20, 30};
   for (int i = 0; i < 3; ++i) {
-    builder.ActualRates(After(i + 1), i % 2 + 1);
-    builder.Epoch(After(i + 1), easts[static_cast<std::size_t>(i)], 0);
+    builder_.ActualRates(After(i + 1), i % 2 + 1);
+    builder_.Epoch(After(i + 1), easts[static_cast<std::size_t>(i)], 0);
   }
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(3));
@@ -261,20 +262,20 @@ TEST_F(BoomExport, BoxesKeepOverwrittenPoints) {
 
 TEST_F(BoomExport, PeriodIntoALaterWeekLosesEpochsOfItsOwnWeek) {
   ReferenceAndDisc();
-  builder.Products({1401, 5000}, "Urea");
-  builder.Epoch({1400, 4000}, 1, 0).Epoch({1400, 5000}, 2, 0).Epoch({1400, 9000}, 3, 0);
-  builder.Epoch({1401, 4000}, 4, 0).Epoch({1401, 5000}, 5, 0);
+  builder_.Products({1401, 5000}, "Urea");
+  builder_.Epoch({1400, 4000}, 1, 0).Epoch({1400, 5000}, 2, 0).Epoch({1400, 9000}, 3, 0);
+  builder_.Epoch({1401, 4000}, 4, 0).Epoch({1401, 5000}, 5, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   EXPECT_THAT(Easts(set.shapes[0]), ElementsAre(3, -1, 6, 2));
   EXPECT_THAT(Easts(set.shapes[1]), ElementsAre(7, 3));
-  EXPECT_EQ(host.rows, 3);
+  EXPECT_EQ(host_.rows, 3);
 }
 
 TEST_F(BoomExport, EpochsBeforeAnyImplementAreRecordsWithoutPoints) {
   ReferenceOnly();
-  builder.DesiredRates(kStart, 7).Implement(After(1), "Disc", {{4, 0, 0, 0}});
-  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  builder_.DesiredRates(kStart, 7).Implement(After(1), "Disc", {{4, 0, 0, 0}});
+  for (int i = 0; i < 2; ++i) builder_.Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   EXPECT_THAT(set.shapes[0].points, IsEmpty());
@@ -284,8 +285,8 @@ TEST_F(BoomExport, EpochsBeforeAnyImplementAreRecordsWithoutPoints) {
 
 TEST_F(BoomExport, TwoDesiredRateRowsOfOneTimeMakeARecordOfTheSecond) {
   ReferenceAndDisc();
-  builder.DesiredRates(kStart, 7).DesiredRates(kStart, 8);
-  builder.Epoch(kStart, 0, 0);
+  builder_.DesiredRates(kStart, 7).DesiredRates(kStart, 8);
+  builder_.Epoch(kStart, 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(1));
   EXPECT_EQ(set.shapes[0].TargetRate(0), "         8");

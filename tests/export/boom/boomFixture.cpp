@@ -1,10 +1,9 @@
 #include "tests/export/boom/boomFixture.h"
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 
-#include "geo/localOffsets.h"
+#include "geo/utmProjection.h"
+#include "geo/workingPlane.h"
 
 namespace kestrin::test {
 namespace {
@@ -13,11 +12,9 @@ const jobstore::ReferenceRow kReference{{}, 47, -97.5};
 
 geo::UtmPoint FromReference(geo::GeoPoint point) {
   const geo::WorkingPlane plane(kReference);
-  double northing = point.latitude;
-  double easting = point.longitude;
-  EXPECT_EQ(geo::GeoToUtm(northing, easting, 14), 0);
-  return {std::round((easting - plane.Origin().easting) * 1000) / 1000 + 0.0,
-          std::round((northing - plane.Origin().northing) * 1000) / 1000 + 0.0};
+  const geo::UtmPoint at = geo::UtmProjection(14).ToUtm(point);
+  return {std::round((at.easting - plane.Origin().easting) * 1000) / 1000 + 0.0,
+          std::round((at.northing - plane.Origin().northing) * 1000) / 1000 + 0.0};
 }
 
 }  // namespace
@@ -31,26 +28,9 @@ BoomSet ReadBoomSet(const std::string& basePath) {
   return set;
 }
 
-void BoomFixture::PutOldFiles() {
-  for (const char* extension : {".shp", ".shx", ".dbf"}) std::ofstream(base + extension) << "old";
-}
-
-exports::ExportOutcome BoomFixture::Export() {
-  if (jobPath.empty()) jobPath = builder.Finish();
-  exports::ExportRun run{host, *files, options};
-  return boom::ExportBoomShape(base, jobPath, run);
-}
-
 BoomSet BoomFixture::ExportedSet() {
   EXPECT_TRUE(Export().made);
-  return ReadBoomSet(base);
-}
-
-bool BoomFixture::AnyFile() const {
-  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-    if (entry.path().filename() != "job.sqlite") return true;
-  }
-  return false;
+  return ReadBoomSet(base_);
 }
 
 std::vector<double> BoomFixture::Easts(const BoomShape& shape) {
@@ -65,11 +45,11 @@ std::vector<double> BoomFixture::Norths(const BoomShape& shape) {
   return norths;
 }
 
-void BoomFixture::ReferenceOnly() { builder.Reference(kStart, 47, -97.5); }
+void BoomFixture::ReferenceOnly() { builder_.Reference(kStart, 47, -97.5); }
 
 void BoomFixture::ReferenceAndDisc() {
   ReferenceOnly();
-  builder.Implement(kStart, "Disc", {{4, 0, 0, 0}});
+  builder_.Implement(kStart, "Disc", {{4, 0, 0, 0}});
 }
 
 }  // namespace kestrin::test

@@ -1,18 +1,11 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "base/fileSystem.h"
 #include "export/boom/boomExport.h"
 #include "tests/export/boom/literalBoom.h"
-#include "tests/support/jobBuilder.h"
-#include "tests/support/recordingHost.h"
-#include "tests/support/shapeReader.h"
-#include "tests/support/tempFolder.h"
+#include "tests/export/setFixture.h"
 
 namespace kestrin::test {
 
@@ -35,23 +28,18 @@ struct BoomSet {
 BoomSet ReadBoomSet(const std::string& basePath);
 
 /// One job, exported.
-class BoomFixture : public testing::Test {
+class BoomFixture : public SetFixture {
  protected:
   static constexpr jobstore::GpsKey kStart{1400, 1000};
 
-  BoomFixture() : builder(folder / "job.sqlite") {}
+  BoomFixture() : SetFixture(boom::ExportBoomShape, "job_BOOM") {}
 
   static jobstore::GpsKey After(int seconds) {
     return {kStart.gpsWeek, kStart.gpsMsec + 1000 * seconds};
   }
 
-  /// Old files of the set, to be removed.
-  void PutOldFiles();
-  /// Completes the job and exports it.
-  exports::ExportOutcome Export();
-  /// The same, and the set.
+  /// Completes and exports the job, and reads the set.
   BoomSet ExportedSet();
-  bool AnyFile() const;
   /// Each point of a shape, in metres east or north of the reference location and
   /// rounded to millimetres.
   static std::vector<double> Easts(const BoomShape& shape);
@@ -61,14 +49,6 @@ class BoomFixture : public testing::Test {
   /// both from kStart.
   void ReferenceAndDisc();
   void ReferenceOnly();
-
-  TempFolder folder;
-  JobBuilder builder;
-  RecordingHost host;
-  std::unique_ptr<base::FileSystem> files = base::NativeFileSystem();
-  shapefile::SetOptions options{{2026, 3, 9}, false};
-  std::string base = folder / "job_BOOM";
-  std::string jobPath;
 };
 
 }  // namespace kestrin::test

@@ -1,45 +1,42 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <random>
 
 #include "tests/export/boom/boomFixture.h"
+#include "tests/support/toolOutput.h"
 
 namespace kestrin::boom {
 namespace {
 
 class BoomSet : public test::BoomFixture {
  protected:
-  /// Exports the job and expects the bytes of the literal version.
-  void ExpectLiteralBytes();
+  /// Exports a job and expects the bytes of the literal version.
+  void ExpectLiteralBytes(const std::string& job);
 };
 
-void BoomSet::ExpectLiteralBytes() {
-  const exports::ExportOutcome outcome = Export();
-  const test::LiteralSet expected = test::LiteralBoom(jobPath, options.date);
+void BoomSet::ExpectLiteralBytes(const std::string& job) {
+  const exports::ExportOutcome outcome = Export(job);
+  const test::LiteralSet expected = test::LiteralBoom(job, options_.date);
   EXPECT_EQ(outcome.epochs, expected.epochs);
-  EXPECT_EQ(host.rows, expected.epochs);
-  EXPECT_TRUE(test::FileBytes(base + ".shp") == expected.shp);
-  EXPECT_TRUE(test::FileBytes(base + ".shx") == expected.shx);
-  EXPECT_TRUE(test::FileBytes(base + ".dbf") == expected.dbf);
+  EXPECT_EQ(host_.rows, expected.epochs);
+  EXPECT_TRUE(test::FileBytes(base_ + ".shp") == expected.shp);
+  EXPECT_TRUE(test::FileBytes(base_ + ".shx") == expected.shx);
+  EXPECT_TRUE(test::FileBytes(base_ + ".dbf") == expected.dbf);
 }
 
 TEST_F(BoomSet, IsLaidOutToTheByte) {
   ReferenceOnly();
-  builder.Implement(kStart, "Boom", {{2, -1, 0, 0}, {3, 1.5, 0.5, 0}});
-  builder.Products(kStart, "Urea", "", "Lime").DesiredRates(kStart, 120, 0, 3.14159);
-  builder.ActualRates(kStart, 118.25, 0, -2.5);
-  builder.Epoch(kStart, 0, 0, 0.3).Epoch({1400, 2000}, 1, 5, 0.4);
-  ExpectLiteralBytes();
+  builder_.Implement(kStart, "Boom", {{2, -1, 0, 0}, {3, 1.5, 0.5, 0}});
+  builder_.Products(kStart, "Urea", "", "Lime").DesiredRates(kStart, 120, 0, 3.14159);
+  builder_.ActualRates(kStart, 118.25, 0, -2.5);
+  builder_.Epoch(kStart, 0, 0, 0.3).Epoch({1400, 2000}, 1, 5, 0.4);
+  ExpectLiteralBytes(builder_.Finish());
 }
 
 TEST_F(BoomSet, WithoutRecordsIsLaidOutToTheByte) {
   ReferenceOnly();
-  ExpectLiteralBytes();
+  ExpectLiteralBytes(builder_.Finish());
 }
 
 // ---------------------------------------------------------------- random jobs
@@ -107,16 +104,16 @@ class OneJob : public BoomSet {
   void TestBody() override {}
 
   bool Compare(unsigned seed) {
-    RandomJob(seed, builder).Fill();
-    jobPath = builder.Finish();
+    RandomJob(seed, builder_).Fill();
+    const std::string job = builder_.Finish();
     try {
-      test::LiteralBoom(jobPath, options.date);
+      test::LiteralBoom(job, options_.date);
     } catch (const exports::SubscriptError&) {
-      EXPECT_THROW(Export(), exports::SubscriptError);
-      EXPECT_FALSE(AnyFile());
+      EXPECT_THROW(Export(job), exports::SubscriptError);
+      ExpectNothingWritten();
       return false;
     }
-    ExpectLiteralBytes();
+    ExpectLiteralBytes(job);
     return true;
   }
 };
@@ -134,38 +131,24 @@ TEST(BoomSetOfRandomJobs, EqualsTheLiteralVersionToTheByte) {
 
 // ---------------------------------------------------------------- other readers
 
-/// What a command prints.
-std::string OutputOf(const std::string& command) {
-  std::FILE* pipe = popen(command.c_str(), "r");
-  std::string output;
-  std::array<char, 4096> buffer;
-  while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-    output.append(buffer.data(), size);
-  }
-  pclose(pipe);
-  return output;
-}
-
-bool Installed(const std::string& program) { return !OutputOf("command -v " + program).empty(); }
-
 class BoomSetRead : public BoomSet {
  protected:
   /// Two records: one of two lines, one of none.
   void ExportSample() {
     ReferenceOnly();
-    builder.Implement({1400, 1000}, "Boom", {{2, 0, 0, 0}, {0, 5, 0, 0}});
-    builder.Implement({1400, 2000}, "None", {});
-    builder.Products({1400, 1000}, "Urea");
-    builder.ActualRates({1400, 1000}, 12.5);
-    builder.Epoch({1400, 1000}, 0, 0).Epoch({1400, 2000}, 9, 9);
+    builder_.Implement({1400, 1000}, "Boom", {{2, 0, 0, 0}, {0, 5, 0, 0}});
+    builder_.Implement({1400, 2000}, "None", {});
+    builder_.Products({1400, 1000}, "Urea");
+    builder_.ActualRates({1400, 1000}, 12.5);
+    builder_.Epoch({1400, 1000}, 0, 0).Epoch({1400, 2000}, 9, 9);
     ASSERT_TRUE(Export().made);
   }
 };
 
 TEST_F(BoomSetRead, ByGdal) {
-  if (!Installed("ogrinfo")) GTEST_SKIP();
+  if (!test::Installed("ogrinfo")) GTEST_SKIP();
   ExportSample();
-  const std::string seen = OutputOf("ogrinfo -ro -al '" + base + ".shp' 2>&1");
+  const std::string seen = test::Output("ogrinfo -ro -al '" + base_ + ".shp'");
   EXPECT_NE(seen.find("Feature Count: 2"), std::string::npos) << seen;
   EXPECT_NE(seen.find("MULTILINESTRING (("), std::string::npos) << seen;
   EXPECT_NE(seen.find("Urea"), std::string::npos) << seen;
@@ -175,13 +158,13 @@ TEST_F(BoomSetRead, ByGdal) {
 }
 
 TEST_F(BoomSetRead, ByShapelib) {
-  if (!Installed("shpdump") || !Installed("dbfdump")) GTEST_SKIP();
+  if (!test::Installed("shpdump") || !test::Installed("dbfdump")) GTEST_SKIP();
   ExportSample();
-  const std::string shapes = OutputOf("shpdump '" + base + "' 2>&1");
+  const std::string shapes = test::Output("shpdump '" + base_ + "'");
   EXPECT_NE(shapes.find("Shapefile Type: Arc   # of Shapes: 2"), std::string::npos) << shapes;
   EXPECT_NE(shapes.find("nVertices=4, nParts=2"), std::string::npos) << shapes;
   EXPECT_NE(shapes.find("nVertices=0, nParts=0"), std::string::npos) << shapes;
-  const std::string rows = OutputOf("dbfdump '" + base + ".dbf' 2>&1");
+  const std::string rows = test::Output("dbfdump '" + base_ + ".dbf'");
   EXPECT_NE(rows.find("IMPLEMENT"), std::string::npos) << rows;
   EXPECT_NE(rows.find("Boom"), std::string::npos) << rows;
 }

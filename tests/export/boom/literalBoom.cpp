@@ -6,7 +6,7 @@
 #include "export/exportRun.h"
 #include "geo/modProj4.h"
 #include "shapefile/numberText.h"
-#include "tests/support/boomPeriodQuery.h"
+#include "tests/export/boom/boomPeriodQuery.h"
 
 namespace kestrin::test {
 namespace {

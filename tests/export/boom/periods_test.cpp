@@ -6,7 +6,7 @@
 #include <random>
 #include <tuple>
 
-#include "tests/support/boomPeriodQuery.h"
+#include "tests/export/boom/boomPeriodQuery.h"
 #include "tests/support/jobBuilder.h"
 #include "tests/support/tempFolder.h"
 
@@ -98,6 +98,14 @@ TEST(Periods, LastPeriodHasNoEnd) {
 
 TEST(Periods, PeriodsAfterTheLastEpochAreEmpty) {
   EXPECT_EQ(Msecs({{5, 60}}, {{5, 1}, {6, 1}, {7, 1}}), (Lists{{}, {}, {}}));
+}
+
+TEST(Periods, QueryOfOneIntoALaterWeekKeepsTheEndBoundInItsFirstWeek) {
+  EXPECT_EQ(test::BoomPeriodEpochs::Text({1042, 3000}, {1044, 50}),
+            "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield From "
+            "GpsDataTable Where type & 8192 And ((gpsWeek = 1042 And gpsMsec >= 3000 And gpsMsec "
+            "< 50) Or (gpsWeek > 1042 And gpsWeek < 1044) Or (gpsWeek > 1042 And gpsWeek = 1044 "
+            "And gpsMsec < 50)) Order By gpsWeek, gpsMsec");
 }
 
 TEST(Periods, EqualTheQueryOfEachPeriodOnRandomJobs) {

@@ -15,9 +15,9 @@ class BoomAttributes : public test::BoomFixture {};
 
 TEST_F(BoomAttributes, TableShowsImplementProductsAndRatesOfThePeriod) {
   ReferenceAndDisc();
-  builder.Products(kStart, "Urea", "Potash", "Lime").DesiredRates(kStart, 100, 50.5, 25.25);
-  builder.ActualRates(kStart, 99.994, 50, 25.126);
-  builder.Epoch(kStart, 0, 0);
+  builder_.Products(kStart, "Urea", "Potash", "Lime").DesiredRates(kStart, 100, 50.5, 25.25);
+  builder_.ActualRates(kStart, 99.994, 50, 25.126);
+  builder_.Epoch(kStart, 0, 0);
   EXPECT_THAT(
       ExportedSet().shapes.at(0).fields,
       ElementsAre("       0", "      Disc", "      Urea", "       100", "     99.99", "    Potash",
@@ -26,7 +26,7 @@ TEST_F(BoomAttributes, TableShowsImplementProductsAndRatesOfThePeriod) {
 
 TEST_F(BoomAttributes, IdsCountFromZeroAndRecordsFromOne) {
   ReferenceAndDisc();
-  for (int i = 0; i < 2; ++i) builder.ActualRates(After(i), i).Epoch(After(i), 0, 0);
+  for (int i = 0; i < 2; ++i) builder_.ActualRates(After(i), i).Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   // The reader insists on record numbers from 1.
@@ -36,8 +36,8 @@ TEST_F(BoomAttributes, IdsCountFromZeroAndRecordsFromOne) {
 
 TEST_F(BoomAttributes, DesiredRatesOfZeroAreReportedWithThoseBefore) {
   ReferenceAndDisc();
-  builder.DesiredRates(kStart, 100, 50, 25).DesiredRates(After(1), 0, 0, 0);
-  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  builder_.DesiredRates(kStart, 100, 50, 25).DesiredRates(After(1), 0, 0, 0);
+  for (int i = 0; i < 2; ++i) builder_.Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   EXPECT_EQ(set.shapes[1].TargetRate(0), "       100");
@@ -46,9 +46,9 @@ TEST_F(BoomAttributes, DesiredRatesOfZeroAreReportedWithThoseBefore) {
 
 TEST_F(BoomAttributes, NamesKeepTheirFirstTenCharactersAndShorterOnesStandRight) {
   ReferenceOnly();
-  builder.Implement(kStart, "  Sprayer of 24 m ", {{4, 0, 0, 0}});
-  builder.Products(kStart, "Ammonium sulphate", "TenLetters", " Lime ");
-  builder.Epoch(kStart, 0, 0);
+  builder_.Implement(kStart, "  Sprayer of 24 m ", {{4, 0, 0, 0}});
+  builder_.Products(kStart, "Ammonium sulphate", "TenLetters", " Lime ");
+  builder_.Epoch(kStart, 0, 0);
   const test::BoomShape shape = ExportedSet().shapes.at(0);
   EXPECT_EQ(shape.Implement(), "Sprayer of");
   EXPECT_EQ(shape.Product(0), "Ammonium s");
@@ -58,15 +58,15 @@ TEST_F(BoomAttributes, NamesKeepTheirFirstTenCharactersAndShorterOnesStandRight)
 
 TEST_F(BoomAttributes, NamesNeverEndInsideACharacter) {
   ReferenceOnly();
-  builder.Implement(kStart, "123456789\xC3\xA9", {{4, 0, 0, 0}});
-  builder.Epoch(kStart, 0, 0);
+  builder_.Implement(kStart, "123456789\xC3\xA9", {{4, 0, 0, 0}});
+  builder_.Epoch(kStart, 0, 0);
   EXPECT_EQ(ExportedSet().shapes.at(0).Implement(), " 123456789");
 }
 
 TEST_F(BoomAttributes, RateTooLongForItsFieldKeepsItsFirstCharacters) {
   ReferenceAndDisc();
-  builder.DesiredRates(kStart, 12345678.25, 12345678901.5);
-  builder.Epoch(kStart, 0, 0);
+  builder_.DesiredRates(kStart, 12345678.25, 12345678901.5);
+  builder_.Epoch(kStart, 0, 0);
   const test::BoomShape shape = ExportedSet().shapes.at(0);
   EXPECT_EQ(shape.TargetRate(0), "12345678.2");
   EXPECT_EQ(shape.TargetRate(1), "1234567890");
@@ -74,8 +74,8 @@ TEST_F(BoomAttributes, RateTooLongForItsFieldKeepsItsFirstCharacters) {
 
 TEST_F(BoomAttributes, ImplementOfBlanksTakesNameAndSetupOfTheOneBefore) {
   ReferenceAndDisc();
-  builder.Implement(After(1), "  ", {{8, 0, 0, 0}});
-  for (int i = 0; i < 2; ++i) builder.Epoch(After(i), 0, 0);
+  builder_.Implement(After(1), "  ", {{8, 0, 0, 0}});
+  for (int i = 0; i < 2; ++i) builder_.Epoch(After(i), 0, 0);
   const test::BoomSet set = ExportedSet();
   ASSERT_THAT(set.shapes, SizeIs(2));
   EXPECT_EQ(set.shapes[1].Implement(), "      Disc");

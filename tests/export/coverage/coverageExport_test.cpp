@@ -3,45 +3,24 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 
 #include "export/coverage/polygonBuilder.h"
 #include "export/coverage/widths.h"
 #include "tests/export/coverage/literalCoverage.h"
-#include "tests/support/jobBuilder.h"
-#include "tests/support/recordingHost.h"
-#include "tests/support/shapeReader.h"
-#include "tests/support/tempFolder.h"
+#include "tests/export/setFixture.h"
 
 namespace kestrin::coverage {
 namespace {
 
 constexpr bool kBegins = true;
 
-class PolyExport : public testing::Test {
+class PolyExport : public test::SetFixture {
  protected:
-  test::JobBuilder& Job(double width = 10) {
-    builder_ = std::make_unique<test::JobBuilder>(jobPath_);
-    builder_->Reference({1, 0}, 45.25, -93.5);
-    return builder_->Implement({1, 0}, "a", {{width, 0, 0, 0}});
+  /// Of a job with one reference location and an implement 10 m wide.
+  PolyExport() : SetFixture(ExportPolyShape, "job_POLY") {
+    builder_.Reference({1, 0}, test::kLatitude, test::kLongitude);
+    builder_.Implement({1, 0}, "a", {{10, 0, 0, 0}});
   }
-
-  exports::ExportOutcome Export(const std::string& base) {
-    exports::ExportRun run{host_, *files_, {{2006, 7, 9}, false}};
-    return ExportPolyShape(base, builder_->Finish(), run);
-  }
-
-  test::ReadSet Exported() {
-    EXPECT_TRUE(Export(base_).made);
-    return test::ReadShapeSet(base_);
-  }
-
-  test::TempFolder folder_;
-  std::string jobPath_ = folder_ / "job.sqlite";
-  std::string base_ = folder_ / "job_POLY";
-  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
-  test::RecordingHost host_;
-  std::unique_ptr<test::JobBuilder> builder_;
 };
 
 /// Four rows due north, 10 m apart.
@@ -50,7 +29,7 @@ void DriveNorth(test::JobBuilder& job, int rows = 4) {
 }
 
 TEST_F(PolyExport, RingRunsUpTheLeftEdgeAndDownTheRightOne) {
-  DriveNorth(Job());
+  DriveNorth(builder_);
   const test::ReadSet set = Exported();
   EXPECT_EQ(set.type, 5);
   ASSERT_EQ(set.records.size(), 1U);
@@ -63,55 +42,47 @@ TEST_F(PolyExport, RingRunsUpTheLeftEdgeAndDownTheRightOne) {
 }
 
 TEST_F(PolyExport, AreaIsInAcresOfThePlane) {
-  DriveNorth(Job());
+  DriveNorth(builder_);
   // 30 m by 10 m.
   EXPECT_EQ(Exported().rows[0], (std::vector<std::string>{"       0", "      0.07"}));
 }
 
 TEST_F(PolyExport, FewerThanFourRowsWriteNothingAndTheOldSetIsGone) {
-  for (const char* extension : {".shp", ".shx", ".dbf"}) {
-    files_->Create(base_ + extension)->WriteAt(0, "old");
-  }
-  DriveNorth(Job(), 3);
-  EXPECT_FALSE(Export(base_).made);
-  for (const char* extension : {".shp", ".shx", ".dbf"}) {
-    EXPECT_FALSE(std::filesystem::exists(base_ + extension));
-  }
+  LeaveOldSet();
+  DriveNorth(builder_, 3);
+  ExpectNothingWritten(Export());
 }
 
 TEST_F(PolyExport, SkippedRowsDoNotCountAsRows) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5).Epoch({1, 3}, 0, 9);
-  EXPECT_FALSE(Export(base_).made);
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5).Epoch({1, 3}, 0, 9);
+  ExpectNothingWritten(Export());
 }
 
 TEST_F(PolyExport, WithoutBasePathRowsAreReadAndNothingIsWritten) {
-  DriveNorth(Job());
-  const exports::ExportOutcome outcome = Export("");
-  EXPECT_FALSE(outcome.made);
+  DriveNorth(builder_);
+  base_.clear();
+  ExpectNothingWritten(Export());
   EXPECT_EQ(host_.rows, 4);
 }
 
 TEST_F(PolyExport, CountsAndYieldsOncePerRowReadAlsoForSkippedOnes) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5);
-  Export(base_);
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 0).Epoch({1, 2}, 0, 5);
+  Export();
   EXPECT_EQ(host_.rows, 3);
   EXPECT_EQ(host_.yields, 3);
 }
 
 TEST_F(PolyExport, YieldsWhileALongRingIsWrittenAndLeavesNothingWhenCancelledThere) {
-  DriveNorth(Job(), 100);
+  DriveNorth(builder_, 100);
   host_.cancelAt = 101;
-  EXPECT_THROW(Export(base_), base::RunCancelled);
+  EXPECT_THROW(Export(), base::RunCancelled);
   EXPECT_EQ(host_.rows, 100);
-  for (const char* extension : {".shp", ".shx", ".dbf"}) {
-    EXPECT_FALSE(std::filesystem::exists(base_ + extension));
-  }
+  ExpectNothingWritten();
 }
 
 TEST_F(PolyExport, MarkedRowsBeginAPolygonEvenOnTheSpot) {
-  Job();
-  DriveNorth(*builder_);
-  for (int i = 0; i < 4; ++i) builder_->Epoch({2, i}, 0, 30 + 5.0 * i, 0, i == 0 && kBegins);
+  DriveNorth(builder_);
+  for (int i = 0; i < 4; ++i) builder_.Epoch({2, i}, 0, 30 + 5.0 * i, 0, i == 0 && kBegins);
   const test::ReadSet set = Exported();
   ASSERT_EQ(set.records.size(), 2U);
   EXPECT_EQ(set.records[1].points.size(), 9U);
@@ -119,37 +90,36 @@ TEST_F(PolyExport, MarkedRowsBeginAPolygonEvenOnTheSpot) {
 }
 
 TEST_F(PolyExport, RingOfFewerThanThreePointsIsNotWrittenAndIdsStayConsecutive) {
-  Job().Epoch({1, 0}, 0, 0, 0, kBegins);
-  for (int i = 1; i < 5; ++i) builder_->Epoch({1, i}, 50, 5.0 * i, 0, i == 1 && kBegins);
+  builder_.Epoch({1, 0}, 0, 0, 0, kBegins);
+  for (int i = 1; i < 5; ++i) builder_.Epoch({1, i}, 50, 5.0 * i, 0, i == 1 && kBegins);
   const test::ReadSet set = Exported();
   ASSERT_EQ(set.records.size(), 1U);
   EXPECT_EQ(set.rows[0][0], "       0");
 }
 
 TEST_F(PolyExport, NoRingAtAllMakesNoFiles) {
-  Job();
-  for (int i = 0; i < 6; ++i) builder_->Epoch({1, i}, 50.0 * i, 0, 0, kBegins);
-  EXPECT_FALSE(Export(base_).made);
-  EXPECT_FALSE(std::filesystem::exists(base_ + ".shp"));
+  for (int i = 0; i < 6; ++i) builder_.Epoch({1, i}, 50.0 * i, 0, 0, kBegins);
+  ExpectNothingWritten(Export());
 }
 
 TEST_F(PolyExport, MissingImplementTableIsReportedAndWidthIsNone) {
-  Job().Execute("DROP TABLE ImplChangeTable");
-  builder_->Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 5).Epoch({1, 2}, 5, 9).Epoch({1, 3}, 9, 9);
-  EXPECT_EQ(Exported().rows[0][1], "         0");
+  builder_.Execute("DROP TABLE ImplChangeTable");
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 5).Epoch({1, 2}, 5, 9).Epoch({1, 3}, 9, 9);
+  EXPECT_TRUE(Export().made);
+  EXPECT_EQ(test::ReadShapeSet(base_).rows[0][1], "         0");
   EXPECT_EQ(host_.messages, std::vector<std::string>{"Error creating statement: -1"});
 }
 
 TEST_F(PolyExport, MissingGpsTableIsReportedAndNothingIsWritten) {
-  Job().Execute("DROP TABLE GpsDataTable");
-  EXPECT_FALSE(Export(base_).made);
+  builder_.Execute("DROP TABLE GpsDataTable");
+  ExpectNothingWritten(Export());
   EXPECT_EQ(host_.messages, std::vector<std::string>{"Error creating statement: -1"});
 }
 
 TEST_F(PolyExport, WithoutReferenceNothingIsWritten) {
-  Job().Execute("DELETE FROM ReferenceLocationChangeTable");
-  DriveNorth(*builder_);
-  EXPECT_FALSE(Export(base_).made);
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable");
+  DriveNorth(builder_);
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
 }
 

@@ -2,11 +2,8 @@
 
 #include "export/coverage/coverageExport.h"
 #include "tests/export/coverage/sharpTurns.h"
-#include "tests/export/toolOutput.h"
-#include "tests/support/jobBuilder.h"
-#include "tests/support/recordingHost.h"
-#include "tests/support/shapeReader.h"
-#include "tests/support/tempFolder.h"
+#include "tests/export/setFixture.h"
+#include "tests/support/toolOutput.h"
 
 /// What GDAL and shapelib make of a coverage set, where their tools are installed.
 
@@ -17,37 +14,32 @@ using test::Behind;
 
 constexpr double kRightAngle = 1.5707963267948966;
 
-class PolyReaders : public testing::Test {
+class PolyReaders : public test::SetFixture {
  protected:
   /// Three polygons: a marked beginning, sharp turns, and a way across its own track.
-  PolyReaders() {
-    test::JobBuilder job(folder_ / "job.sqlite");
-    job.Reference({1, 0}, 45.25, -93.5).Implement({1, 0}, "a", {{12, 0, 0, 0}});
-    Drive(job, test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRightAngle, 2).Straight(40));
-    Drive(job, test::Driver({200, 0}, 0, 12, 1)
-                   .Straight(60)
-                   .Turn(kRightAngle, 20)
-                   .Turn(kRightAngle, 20)
-                   .Turn(kRightAngle, 20)
-                   .Straight(60));
-    exports::ExportRun run{host_, *files_, {{2006, 7, 9}, true}};
-    EXPECT_TRUE(ExportPolyShape(base_, job.Finish(), run).made);
-    read_ = test::ReadShapeSet(base_);
+  PolyReaders() : SetFixture(ExportPolyShape, "job_POLY") {
+    options_.withProjection = true;
+    builder_.Reference({1, 0}, test::kLatitude, test::kLongitude);
+    builder_.Implement({1, 0}, "a", {{12, 0, 0, 0}});
+    Drive(test::Driver({0, 0}, 0, 12, 1).Straight(60).Turn(kRightAngle, 2).Straight(40));
+    Drive(test::Driver({200, 0}, 0, 12, 1)
+              .Straight(60)
+              .Turn(kRightAngle, 20)
+              .Turn(kRightAngle, 20)
+              .Turn(kRightAngle, 20)
+              .Straight(60));
+    read_ = Exported();
     EXPECT_EQ(read_.records.size(), 3U);
   }
 
-  void Drive(test::JobBuilder& job, const test::Driver& driver) {
+  void Drive(const test::Driver& driver) {
     bool begins = true;
     for (const SwathRow& row : driver.Rows()) {
-      job.Epoch({1, time_ += 200}, row.centre.easting, row.centre.northing, row.yaw, begins);
+      builder_.Epoch({1, time_ += 200}, row.centre.easting, row.centre.northing, row.yaw, begins);
       begins = false;
     }
   }
 
-  test::TempFolder folder_;
-  test::RecordingHost host_;
-  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
-  std::string base_ = folder_ / "job_POLY";
   std::int32_t time_ = 0;
   test::ReadSet read_;
 };

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iomanip>
+#include <tuple>
 
 #include "export/coverage/polygonBuilder.h"
 #include "tests/export/coverage/literalCoverage.h"
@@ -45,7 +46,8 @@ void Describe(const test::SharpTurn& turn, const geo::WorkingPlane& plane, std::
   builder.Finish();
 }
 
-class SharpTurns : public testing::TestWithParam<double> {};
+/// The implement's width, and the radius as a share of half of it.
+class SharpTurns : public testing::TestWithParam<std::tuple<double, double>> {};
 
 TEST_P(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
   if (std::system("/usr/bin/python3 -c 'import shapely' 2>/dev/null") != 0) {
@@ -57,14 +59,16 @@ TEST_P(SharpTurns, RingsAreValidClockwiseAndAsLargeAsTheGroundCovered) {
     std::ofstream out(jobs);
     out << std::setprecision(17);
     const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, 40.3, -98.0});
-    for (const test::SharpTurn& turn : test::SharpTurns(GetParam())) Describe(turn, plane, out);
+    const auto [width, share] = GetParam();
+    for (const test::SharpTurn& turn : test::SharpTurns(width, share)) Describe(turn, plane, out);
   }
   const std::string judge = "/usr/bin/python3 '" KESTRIN_RING_VALIDITY "' ";
   EXPECT_EQ(std::system((judge + jobs + " 0.005").c_str()), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(SharesOfHalfTheWidth, SharpTurns,
-                         testing::Values(0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5));
+INSTANTIATE_TEST_SUITE_P(WidthsAndShares, SharpTurns,
+                         testing::Combine(testing::Values(3.0, 12.0, 48.0),
+                                          testing::Values(0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5)));
 
 }  // namespace
 }  // namespace kestrin::coverage

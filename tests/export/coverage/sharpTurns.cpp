@@ -14,8 +14,6 @@ constexpr geo::UtmPoint kField{512345.678, 4456789.123};
 constexpr std::array<std::array<double, 3>, 3> kThreePoint{
     {{40, 30, 40}, {70, 20, 40}, {40, 20, 70}}};
 
-constexpr std::array<double, 3> kWidths{3, 12, 48};
-
 std::string Named(const std::string& kind, double width, double radius, double yaw, double step) {
   return kind + " width " + std::to_string(width) + " radius " + std::to_string(radius) + " yaw " +
          std::to_string(yaw) + " step " + std::to_string(step);
@@ -117,13 +115,12 @@ Driver& Driver::Spiral(double rounds, double spacing, double fromRadius) {
   return *this;
 }
 
-std::vector<SharpTurn> SharpTurns(double share) {
-  // Ways of another width are the same at another scale: the widths take turns.
+std::vector<SharpTurn> SharpTurns(double width, double share) {
   std::vector<SharpTurn> turns;
-  const auto first = static_cast<std::size_t>(std::lround(share * 20));
-  for (std::size_t way = 0; way < 4; ++way) {
-    const double width = kWidths[(first + way) % kWidths.size()];
-    AddTurns(turns, width, share * width / 2, way % 2 == 0 ? 0 : 0.7, width / (way < 2 ? 24 : 7));
+  for (const double yaw : {0.0, 0.7}) {
+    for (const double step : {width / 24, width / 7}) {
+      AddTurns(turns, width, share * width / 2, yaw, step);
+    }
   }
   return turns;
 }

@@ -44,8 +44,8 @@ class Driver {
 
 /// Turns of 90 degrees, acute ones, half circles, spirals and three-point turns, whose
 /// legs lie clear of each other, to either side, in several directions and in small and
-/// large steps, by implements from 3 m to 48 m wide; the radius is `share` of half the
+/// large steps, by an implement so many metres wide; the radius is `share` of half the
 /// width, 0 on the spot.
-std::vector<SharpTurn> SharpTurns(double share);
+std::vector<SharpTurn> SharpTurns(double width, double share);
 
 }  // namespace kestrin::test

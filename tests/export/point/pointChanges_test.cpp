@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "tests/export/point/pointFixture.h"
 
 /// Which implement, product, rate and reference location a point shows.
@@ -15,8 +13,8 @@ using test::kLongitude;
 class PointChanges : public test::PointFixture {
  protected:
   test::JobBuilder& Rows(std::initializer_list<jobstore::GpsKey> keys) {
-    for (const jobstore::GpsKey key : keys) Job().Epoch(key, 0, 0);
-    return Job();
+    for (const jobstore::GpsKey key : keys) builder_.Epoch(key, 0, 0);
+    return builder_;
   }
 
   /// A table's text column with a byte 0 or other bytes SQL text cannot show.
@@ -50,8 +48,7 @@ TEST_F(PointChanges, ApplyFromExactlyTheirOwnTime) {
 }
 
 TEST_F(PointChanges, FirstRowIsInForceAlsoBeforeItsTime) {
-  Job()
-      .Execute("DELETE FROM ReferenceLocationChangeTable")
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable")
       .Reference({5, 0}, kLatitude, kLongitude, 250)
       .Products({5, 0}, "Urea")
       .DesiredRates({5, 0}, 1)
@@ -90,8 +87,10 @@ TEST_F(PointChanges, OnlyImplementIsInForce) {
 TEST_F(PointChanges, LastOfSeveralBetweenTwoRowsIsInForce) {
   Rows({{1, 0}, {1, 100}});
   for (const int i : {0, 10, 20, 30}) {
-    Job().Products({1, i}, "P" + std::to_string(i)).DesiredRates({1, i}, i).ActualRates({1, i}, i);
-    Job().Implement({1, i}, "I" + std::to_string(i), {});
+    builder_.Products({1, i}, "P" + std::to_string(i))
+        .DesiredRates({1, i}, i)
+        .ActualRates({1, i}, i);
+    builder_.Implement({1, i}, "I" + std::to_string(i), {});
   }
   const test::ReadSet set = Exported();
   EXPECT_EQ(TrimmedColumn(set, "Product"), (Texts{"P0", "P30"}));
@@ -114,8 +113,7 @@ TEST_F(PointChanges, LaterWeekApplies) {
 }
 
 TEST_F(PointChanges, ReferenceMovesTheOriginInTheFirstZone) {
-  Job()
-      .Execute("DELETE FROM ReferenceLocationChangeTable")
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable")
       .Reference({1, 0}, 40, -96.0001)
       .Reference({1, 100}, 40, -95.9999);
   Rows({{1, 0}, {1, 100}});
@@ -190,7 +188,7 @@ TEST_F(PointChanges, NameIsCutAtTheByteZeroBeforeItsFirstTenAreTaken) {
 
 TEST_F(PointChanges, NameOfAByteZeroAloneReplacesTheOneBefore) {
   Rows({{1, 0}, {1, 10}, {1, 20}}).Products({1, 0}, "One").Products({1, 10}, "Two");
-  Job().Execute("INSERT INTO AsAppliedProductChangeTable VALUES (1, 20, x'00', '', '')");
+  builder_.Execute("INSERT INTO AsAppliedProductChangeTable VALUES (1, 20, x'00', '', '')");
   EXPECT_EQ(TrimmedColumn(Exported(), "Product"), (Texts{"One", "Two", ""}));
 }
 

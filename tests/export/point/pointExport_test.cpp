@@ -15,26 +15,15 @@ using test::kLongitude;
 
 class PointExport : public test::PointFixture {
  protected:
-  /// Where a point lies that is so many metres from a reference location.
-  static geo::GeoPoint PointAt(double east, double north, double latitude = kLatitude,
-                               double longitude = kLongitude) {
-    // Through the radians in which a job stores them.
-    const auto stored = [](double degrees) {
-      return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
-    };
-    const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
-    return plane.ToGeo(plane.At(east, north));
-  }
-
   /// Rows of week 1 at these milliseconds.
   test::JobBuilder& Rows(std::initializer_list<int> msecs) {
-    for (const int msec : msecs) Job().Epoch({1, msec}, 0, 0);
-    return Job();
+    for (const int msec : msecs) builder_.Epoch({1, msec}, 0, 0);
+    return builder_;
   }
 };
 
 TEST_F(PointExport, EveryRowIsAPoint) {
-  Job().Epoch({1, 0}, 1, 2).Epoch({1, 100}, 3, 4).Epoch({1, 200}, -5, 6);
+  builder_.Epoch({1, 0}, 1, 2).Epoch({1, 100}, 3, 4).Epoch({1, 200}, -5, 6);
   const test::ReadSet set = Exported();
   EXPECT_EQ(set.type, 1);
   ASSERT_EQ(set.records.size(), 3U);
@@ -60,7 +49,7 @@ TEST_F(PointExport, FilesHave28And8BytesARecord) {
 }
 
 TEST_F(PointExport, BoxHoldsEveryPoint) {
-  Job().Epoch({1, 0}, 10, 0).Epoch({1, 1}, -300, 200).Epoch({1, 2}, 50, -700);
+  builder_.Epoch({1, 0}, 10, 0).Epoch({1, 1}, -300, 200).Epoch({1, 2}, 50, -700);
   const test::ReadSet set = Exported();
   const auto middle = PointAt(-300, 200);
   EXPECT_EQ(set.box.xMin, middle.longitude);
@@ -81,8 +70,7 @@ TEST_F(PointExport, RecordHoldsAllThatIsKnownOfTheRow) {
   row.speed = 2.5;
   row.type = 24576;
   row.boomStatus = 1;
-  Job()
-      .Epoch(row)
+  builder_.Epoch(row)
       .Implement({1, 0}, "Sprayer", {{3, -0.25, 1.5, 0}}, 7)
       .Products({1, 0}, "Urea")
       .DesiredRates({1, 0}, 12.5)
@@ -107,7 +95,7 @@ TEST_F(PointExport, IdCountsFromZero) {
 }
 
 TEST_F(PointExport, LongitudeAndLatitudeHaveEightDecimals) {
-  Job().Epoch({1, 0}, 123.4, 567.8);
+  builder_.Epoch({1, 0}, 123.4, 567.8);
   const test::ReadSet set = Exported();
   const auto [x, y] = set.records[0].points[0];
   char text[32];
@@ -121,21 +109,21 @@ TEST_F(PointExport, UpKeepsItsSignAndAddsToTheAltitude) {
   jobstore::EpochRow row;
   row.type = test::kTakesPart;
   row.down = -2.375;
-  Job().Epoch(row);
+  builder_.Epoch(row);
   const test::ReadSet set = Exported();
   EXPECT_EQ(Column(set, "Up")[0], "     -2.38");
   EXPECT_EQ(Column(set, "Altitude")[0], "    297.62");
 }
 
 TEST_F(PointExport, RoundingIsHalfToEven) {
-  Job().Epoch({1, 0}, 0.125, 0.375).Epoch({1, 1}, -0.125, 2.625);
+  builder_.Epoch({1, 0}, 0.125, 0.375).Epoch({1, 1}, -0.125, 2.625);
   const test::ReadSet set = Exported();
   EXPECT_EQ(TrimmedColumn(set, "East"), (Texts{"0.12", "-0.12"}));
   EXPECT_EQ(TrimmedColumn(set, "North"), (Texts{"0.38", "2.62"}));
 }
 
 TEST_F(PointExport, NumbersHaveNoTrailingZerosAndNoNegativeZero) {
-  Job().Epoch({1, 0}, 12.5, 3).Epoch({1, 1}, -0.25, -0.001);
+  builder_.Epoch({1, 0}, 12.5, 3).Epoch({1, 1}, -0.25, -0.001);
   const test::ReadSet set = Exported();
   EXPECT_EQ(TrimmedColumn(set, "East"), (Texts{"12.5", "-0.25"}));
   EXPECT_EQ(TrimmedColumn(set, "North"), (Texts{"3", "0"}));
@@ -149,7 +137,7 @@ TEST_F(PointExport, YawOfMinus179Point99LosesItsSign) {
   row.pitch = 179.99 * kRadians;
   row.roll = -99.99 * kRadians;
   row.speed = -1234.56;
-  Job().Epoch(row);
+  builder_.Epoch(row);
   const test::ReadSet set = Exported();
   EXPECT_EQ(Column(set, "Yaw")[0], "179.99");
   EXPECT_EQ(Column(set, "Pitch")[0], "179.99");
@@ -158,7 +146,7 @@ TEST_F(PointExport, YawOfMinus179Point99LosesItsSign) {
 }
 
 TEST_F(PointExport, OffsetTooLongForItsFieldKeepsItsLastTenCharacters) {
-  Job().Epoch({1, 0}, -12345678.25, 0);
+  builder_.Epoch({1, 0}, -12345678.25, 0);
   EXPECT_EQ(Column(Exported(), "East")[0], "2345678.25");
 }
 
@@ -167,7 +155,7 @@ TEST_F(PointExport, IntegersOfElevenCharactersLoseTheirSign) {
   row.time = {-2147483647, 0};
   row.type = test::kTakesPart - 2147483647 - 1;
   row.boomStatus = -2147483647;
-  Job().Epoch(row);
+  builder_.Epoch(row);
   const test::ReadSet set = Exported();
   EXPECT_EQ(Column(set, "Week")[0], "2147483647");
   EXPECT_EQ(Column(set, "Type")[0], "2147475456");
@@ -175,7 +163,7 @@ TEST_F(PointExport, IntegersOfElevenCharactersLoseTheirSign) {
 }
 
 TEST_F(PointExport, NumbersThatAreNoneAreZero) {
-  Job().Epoch({1, 0}, 0, 0).Execute("UPDATE GpsDataTable SET speed = 9e999, yaw = -9e999");
+  builder_.Epoch({1, 0}, 0, 0).Execute("UPDATE GpsDataTable SET speed = 9e999, yaw = -9e999");
   const test::ReadSet set = Exported();
   EXPECT_EQ(Column(set, "Speed")[0], "     0");
   EXPECT_EQ(Column(set, "Yaw")[0], "     0");
@@ -194,7 +182,7 @@ TEST_F(PointExport, EveryCountedSectionShowsItsOwnNumbers) {
   jobstore::EpochRow row;
   row.type = test::kTakesPart;
   row.boomStatus = 5;
-  Job().Epoch(row).Implement({1, 0}, "Boom", {{1, 2, 3, 4}, {-1, 6, 7, 8}, {9, 10, 11, 12}});
+  builder_.Epoch(row).Implement({1, 0}, "Boom", {{1, 2, 3, 4}, {-1, 6, 7, 8}, {9, 10, 11, 12}});
   const test::ReadSet set = Exported();
   ASSERT_EQ(set.fields.size(), 16U + 12 + 3);
   for (std::size_t i = 0; i < 12; ++i) {
@@ -228,8 +216,8 @@ TEST_F(PointExport, TablesOfChangesThatAreMissingOrEmptyShowZerosAndNoNames) {
 
 TEST_F(PointExport, ColumnsTheImplementTableLacksReadZero) {
   Rows({0}).Execute("DROP TABLE ImplChangeTable");
-  Job().Execute("CREATE TABLE ImplChangeTable (gpsWeek, gpsMsec, name, number, width0, x0)");
-  Job().Execute("INSERT INTO ImplChangeTable VALUES (1, 0, 'Short', 1, 2.5, 4)");
+  builder_.Execute("CREATE TABLE ImplChangeTable (gpsWeek, gpsMsec, name, number, width0, x0)");
+  builder_.Execute("INSERT INTO ImplChangeTable VALUES (1, 0, 'Short', 1, 2.5, 4)");
   const Texts row = Exported().rows[0];
   EXPECT_EQ(Texts(row.begin() + 15, row.begin() + 20),
             (Texts{"     Short", "       2.5", "         4", "         0", "         0"}));
@@ -239,13 +227,13 @@ TEST_F(PointExport, RowsThatTakeNoPartAreNoPoints) {
   jobstore::EpochRow out;
   out.time = {1, 1};
   out.type = ~test::kTakesPart;
-  Job().Epoch({1, 0}, 0, 0).Epoch(out).Epoch({1, 2}, 0, 0);
+  builder_.Epoch({1, 0}, 0, 0).Epoch(out).Epoch({1, 2}, 0, 0);
   EXPECT_EQ(TrimmedColumn(Exported(), "Msec"), (Texts{"0", "2"}));
   EXPECT_EQ(host_.rows, 2);
 }
 
 TEST_F(PointExport, RowsComeInOrderOfWeekThenMillisecond) {
-  Job().Epoch({2, 0}, 3, 0).Epoch({1, 900}, 1, 0).Epoch({1, 900}, 2, 0).Epoch({1, 100}, 0, 0);
+  builder_.Epoch({2, 0}, 3, 0).Epoch({1, 900}, 1, 0).Epoch({1, 900}, 2, 0).Epoch({1, 100}, 0, 0);
   EXPECT_EQ(TrimmedColumn(Exported(), "East"), (Texts{"0", "1", "2", "3"}));
 }
 
@@ -256,7 +244,7 @@ TEST_F(PointExport, TableIsOfTheDayOfWriting) {
 
 TEST_F(PointExport, CountsAndYieldsOncePerRow) {
   Rows({0, 1, 2});
-  const exports::ExportOutcome outcome = Export(Job().Finish());
+  const exports::ExportOutcome outcome = Export();
   EXPECT_TRUE(outcome.made);
   EXPECT_EQ(outcome.epochs, 3);
   EXPECT_EQ(outcome.lastStep, jobstore::kDone);

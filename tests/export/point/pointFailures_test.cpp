@@ -1,5 +1,4 @@
-#include <algorithm>
-
+#include "jobstore/job.h"
 #include "tests/export/point/pointFixture.h"
 #include "tests/support/faultyFileSystem.h"
 
@@ -18,7 +17,7 @@ class PointFailures : public test::PointFixture {
 TEST_F(PointFailures, MissingJobShowsItsResultAndTheOldSetIsGone) {
   LeaveOldSet();
   const std::string none = folder_ / "none.sqlite";
-  const std::int32_t result = kestrin::jobstore::Job(none).Result();
+  const std::int32_t result = jobstore::Job(none).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(none));
   ExpectMessage("Error opening: ", result);
@@ -26,9 +25,9 @@ TEST_F(PointFailures, MissingJobShowsItsResultAndTheOldSetIsGone) {
 
 TEST_F(PointFailures, FailedReferenceQueryShowsItsResult) {
   LeaveOldSet();
-  Job().Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
-  const std::string path = builder_->Finish();
-  kestrin::jobstore::Job job(path);
+  builder_.Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
+  const std::string path = builder_.Finish();
+  jobstore::Job job(path);
   const std::int32_t result = jobstore::Query<jobstore::ReferencesWithAltitude>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
@@ -37,9 +36,9 @@ TEST_F(PointFailures, FailedReferenceQueryShowsItsResult) {
 
 TEST_F(PointFailures, FailedGpsQueryShowsItsOwnResult) {
   LeaveOldSet();
-  Job().Execute("ALTER TABLE GpsDataTable RENAME COLUMN speed TO other");
-  const std::string path = builder_->Finish();
-  kestrin::jobstore::Job job(path);
+  builder_.Execute("ALTER TABLE GpsDataTable RENAME COLUMN speed TO other");
+  const std::string path = builder_.Finish();
+  jobstore::Job job(path);
   const std::int32_t result = jobstore::Query<jobstore::PointEpochs>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
@@ -48,8 +47,8 @@ TEST_F(PointFailures, FailedGpsQueryShowsItsOwnResult) {
 
 TEST_F(PointFailures, NoReferenceLeavesNothingAndSaysNothing) {
   LeaveOldSet();
-  Job().Execute("DELETE FROM ReferenceLocationChangeTable").Execute("DROP TABLE GpsDataTable");
-  ExpectNothingWritten(Export(builder_->Finish()));
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable").Execute("DROP TABLE GpsDataTable");
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
 }
 
@@ -57,8 +56,8 @@ TEST_F(PointFailures, NoRowThatTakesPartLeavesNothingAndTheOldSetIsGone) {
   LeaveOldSet();
   jobstore::EpochRow out;
   out.type = 1;
-  Job().Epoch(out);
-  ExpectNothingWritten(Export(builder_->Finish()));
+  builder_.Epoch(out);
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
   EXPECT_EQ(host_.rows, 0);
 }
@@ -70,16 +69,15 @@ TEST_F(PointFailures, EmptyJobPathOnlyRemovesTheOldSet) {
 }
 
 TEST_F(PointFailures, EmptyBasePathDoesNothing) {
-  Job().Epoch({1, 0}, 0, 0);
+  builder_.Epoch({1, 0}, 0, 0);
   base_.clear();
-  ExpectNothingWritten(Export(builder_->Finish()));
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
   EXPECT_EQ(host_.rows, 0);
 }
 
 TEST_F(PointFailures, PointsThatCannotBeConvertedKeepWhatTheConversionLeft) {
-  Job()
-      .Execute("DELETE FROM ReferenceLocationChangeTable")
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable")
       .Reference({1, 0}, 40, 180)  // zone 61, which there is not
       .Epoch({1, 0}, 2, 3);
   const auto [x, y] = Exported().records[0].points[0];
@@ -88,9 +86,9 @@ TEST_F(PointFailures, PointsThatCannotBeConvertedKeepWhatTheConversionLeft) {
 }
 
 TEST_F(PointFailures, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
-  for (int i = 0; i < 3000; ++i) Job().Epoch({1, i}, 0, i);
-  Job().Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
-  const std::string path = Job().Finish();
+  for (int i = 0; i < 3000; ++i) builder_.Epoch({1, i}, 0, i);
+  builder_.Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  const std::string path = builder_.Finish();
   test::DamageTablePage(path);
   const exports::ExportOutcome outcome = Export(path);
   EXPECT_TRUE(outcome.made);
@@ -105,18 +103,18 @@ TEST_F(PointFailures, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
 
 TEST_F(PointFailures, CancelledRunLeavesNothing) {
   LeaveOldSet();
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
-  const std::string path = builder_->Finish();
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
+  const std::string path = builder_.Finish();
   for (host_.cancelAt = 1; host_.cancelAt <= 3; ++host_.cancelAt) {
     host_.yields = 0;
     EXPECT_THROW(Export(path), base::RunCancelled);
-    ExpectNothingWritten({});
+    ExpectNothingWritten();
   }
 }
 
 TEST_F(PointFailures, WhicheverFileOperationFailsNothingIsLeft) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1);
-  const std::string path = builder_->Finish();
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1);
+  const std::string path = builder_.Finish();
   test::FaultyFileSystem faulty(*files_);
   exports::ExportRun run{host_, faulty, {}};
   int operation = 1;
@@ -127,7 +125,7 @@ TEST_F(PointFailures, WhicheverFileOperationFailsNothingIsLeft) {
       made = ExportPointShape(base_, path, run).made;
     } catch (const base::FileError& error) {
       EXPECT_EQ(error.Path().rfind(base_, 0), 0U);
-      ExpectNothingWritten({});
+      ExpectNothingWritten();
     }
   }
   EXPECT_GT(operation, 15);

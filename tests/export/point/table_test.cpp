@@ -11,7 +11,7 @@ class PointTable : public test::PointFixture {
  protected:
   /// A GPS row with a boom status, that takes part or not.
   void Status(std::int64_t status, int type = test::kTakesPart) {
-    Job().Execute(
+    builder_.Execute(
         "INSERT INTO GpsDataTable (gpsWeek, gpsMsec, type, boomStatusBitfield) VALUES "
         "(1, " +
         std::to_string(++rows_) + ", " + std::to_string(type) + ", " + std::to_string(status) +
@@ -19,7 +19,7 @@ class PointTable : public test::PointFixture {
   }
 
   Groups Counted() {
-    kestrin::jobstore::Job job(Job().Finish());
+    jobstore::Job job(builder_.Finish());
     EXPECT_TRUE(job.IsOpen());
     return CountGroups(job);
   }
@@ -54,13 +54,13 @@ TEST_F(PointTable, BitsAboveTheSixteenthNeverCount) {
 
 TEST_F(PointTable, StatusOfHighBitsAloneLeavesItToTheWidths) {
   Status(0x10000);
-  Job().Implement({1, 0}, "Boom", {{3, 0, 0, 0}, {3, 0, 0, 0}});
+  builder_.Implement({1, 0}, "Boom", {{3, 0, 0, 0}, {3, 0, 0, 0}});
   EXPECT_EQ(Sections(), 2);
 }
 
 TEST_F(PointTable, StatusWithBit32IsNegativeAndLeavesItToTheWidths) {
   Status(0x80000001);
-  Job().Implement({1, 0}, "Boom", {{3, 0, 0, 0}, {3, 0, 0, 0}});
+  builder_.Implement({1, 0}, "Boom", {{3, 0, 0, 0}, {3, 0, 0, 0}});
   EXPECT_EQ(Sections(), 2);
 }
 
@@ -72,33 +72,32 @@ TEST_F(PointTable, StatusOfRowsThatTakeNoPartCounts) {
 
 TEST_F(PointTable, StatusZeroFallsBackToTheLastWidth) {
   Status(0);
-  Job().Implement({1, 0}, "Boom", {{0, 0, 0, 0}, {-1, 0, 0, 0}, {0, 0, 0, 0}, {0.1, 0, 0, 0}});
+  builder_.Implement({1, 0}, "Boom", {{0, 0, 0, 0}, {-1, 0, 0, 0}, {0, 0, 0, 0}, {0.1, 0, 0, 0}});
   EXPECT_EQ(Sections(), 4);
 }
 
 TEST_F(PointTable, WidthsOfAllImplementsCount) {
-  Job()
-      .Implement({1, 0}, "Wide", std::vector<jobstore::Section>(16, {1, 0, 0, 0}))
+  builder_.Implement({1, 0}, "Wide", std::vector<jobstore::Section>(16, {1, 0, 0, 0}))
       .Implement({2, 0}, "Narrow", {{1, 0, 0, 0}});
   EXPECT_EQ(Sections(), 16);
 }
 
 TEST_F(PointTable, StatusGoesBeforeTheWidths) {
   Status(1);
-  Job().Implement({1, 0}, "Boom", std::vector<jobstore::Section>(8, {3, 0, 0, 0}));
+  builder_.Implement({1, 0}, "Boom", std::vector<jobstore::Section>(8, {3, 0, 0, 0}));
   EXPECT_EQ(Sections(), 1);
 }
 
 TEST_F(PointTable, OneSectionWithoutStatusAndWidths) {
   Status(0);
-  Job().Implement({1, 0}, "None", {});
+  builder_.Implement({1, 0}, "None", {});
   EXPECT_EQ(Sections(), 1);
 }
 
 TEST_F(PointTable, OneGroupOfEachWithoutTheTables) {
   for (const char* table : {"GpsDataTable", "ImplChangeTable", "AsAppliedDesRateChangeTable",
                             "AsAppliedActRateChangeTable"}) {
-    Job().Execute(std::string("DROP TABLE ") + table);
+    builder_.Execute(std::string("DROP TABLE ") + table);
   }
   const Groups groups = Counted();
   EXPECT_EQ(groups.sections, 1);
@@ -106,8 +105,7 @@ TEST_F(PointTable, OneGroupOfEachWithoutTheTables) {
 }
 
 TEST_F(PointTable, SectionsWhoseWidthColumnIsMissingAreSkipped) {
-  Job()
-      .Implement({1, 0}, "Boom", std::vector<jobstore::Section>(5, {3, 0, 0, 0}))
+  builder_.Implement({1, 0}, "Boom", std::vector<jobstore::Section>(5, {3, 0, 0, 0}))
       .Execute("ALTER TABLE ImplChangeTable RENAME COLUMN width4 TO other");
   EXPECT_EQ(Sections(), 4);
 }
@@ -115,37 +113,37 @@ TEST_F(PointTable, SectionsWhoseWidthColumnIsMissingAreSkipped) {
 TEST_F(PointTable, OneProductWithoutRates) { EXPECT_EQ(Products(), 1); }
 
 TEST_F(PointTable, LastDesiredRateGivesTheProducts) {
-  Job().DesiredRates({1, 0}, 0, 12.5).DesiredRates({1, 1}, 3);
+  builder_.DesiredRates({1, 0}, 0, 12.5).DesiredRates({1, 1}, 3);
   EXPECT_EQ(Products(), 2);
 }
 
 TEST_F(PointTable, DesiredRateOfTheThirdSlotAloneGivesThree) {
-  Job().DesiredRates({1, 0}, 0, 0, 0.001);
+  builder_.DesiredRates({1, 0}, 0, 0, 0.001);
   EXPECT_EQ(Products(), 3);
 }
 
 TEST_F(PointTable, ActualRatesMayTakeProductsAway) {
-  Job().DesiredRates({1, 0}, 10, 20).ActualRates({1, 0}, 9);
+  builder_.DesiredRates({1, 0}, 10, 20).ActualRates({1, 0}, 9);
   EXPECT_EQ(Products(), 1);
 }
 
 TEST_F(PointTable, ActualRatesMayAddProducts) {
-  Job().DesiredRates({1, 0}, 10).ActualRates({1, 0}, 0, 0, 1);
+  builder_.DesiredRates({1, 0}, 10).ActualRates({1, 0}, 0, 0, 1);
   EXPECT_EQ(Products(), 3);
 }
 
 TEST_F(PointTable, ActualRatesOfNothingChangeNothing) {
-  Job().DesiredRates({1, 0}, 10, 20).ActualRates({1, 0}, 0, 0, -1);
+  builder_.DesiredRates({1, 0}, 10, 20).ActualRates({1, 0}, 0, 0, -1);
   EXPECT_EQ(Products(), 2);
 }
 
 TEST_F(PointTable, ActualRatesAreNotAskedWhenThreeAreDesired) {
-  Job().DesiredRates({1, 0}, 0, 0, 5).ActualRates({1, 0}, 9);
+  builder_.DesiredRates({1, 0}, 0, 0, 5).ActualRates({1, 0}, 9);
   EXPECT_EQ(Products(), 3);
 }
 
 TEST_F(PointTable, NullRatesCountAsZero) {
-  Job().Execute("INSERT INTO AsAppliedDesRateChangeTable (gpsWeek, gpsMsec) VALUES (1, 0)");
+  builder_.Execute("INSERT INTO AsAppliedDesRateChangeTable (gpsWeek, gpsMsec) VALUES (1, 0)");
   EXPECT_EQ(Products(), 1);
 }
 

@@ -3,78 +3,29 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
-#include <limits>
 
-#include "geo/localOffsets.h"
+#include "geo/workingPlane.h"
 #include "jobstore/job.h"
+#include "tests/export/setFixture.h"
 #include "tests/support/faultyFileSystem.h"
-#include "tests/support/jobBuilder.h"
-#include "tests/support/recordingHost.h"
-#include "tests/support/shapeReader.h"
-#include "tests/support/tempFolder.h"
 
 namespace kestrin::wire {
 namespace {
 
-constexpr double kLatitude = 45.25;
-constexpr double kLongitude = -93.5;
+using test::kLatitude;
+using test::kLongitude;
 constexpr bool kBegins = true;
 
-/// Where a point lies that is so many metres from the reference location.
-geo::GeoPoint PointAt(double east, double north, double latitude = kLatitude,
-                      double longitude = kLongitude) {
-  // Through the radians in which a job stores them.
-  const auto stored = [](double degrees) {
-    return degrees * 0.0174532925199433 * base::kDegreesPerRadian;
-  };
-  const geo::WorkingPlane plane(jobstore::ReferenceRow{{}, stored(latitude), stored(longitude)});
-  return plane.ToGeo(plane.At(east, north));
-}
-
-class WireExport : public testing::Test {
+class WireExport : public test::SetFixture {
  protected:
-  /// A job with one reference location.
-  test::JobBuilder& Job() {
-    builder_ = std::make_unique<test::JobBuilder>(jobPath_);
-    return builder_->Reference({1, 0}, kLatitude, kLongitude);
+  /// Of a job with one reference location.
+  WireExport() : SetFixture(ExportWireShape, "job_WIRE") {
+    builder_.Reference({1, 0}, kLatitude, kLongitude);
   }
-
-  exports::ExportOutcome Export(const std::string& jobPath) {
-    exports::ExportRun run{host_, *files_, {{2006, 7, 9}, false}};
-    return ExportWireShape(base_, jobPath, run);
-  }
-
-  /// Exports the job built and reads the set.
-  test::ReadSet Exported() {
-    EXPECT_TRUE(Export(builder_->Finish()).made);
-    EXPECT_TRUE(host_.messages.empty());
-    return test::ReadShapeSet(base_);
-  }
-
-  void ExpectNothingWritten(const exports::ExportOutcome& outcome) const {
-    EXPECT_FALSE(outcome.made);
-    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
-      EXPECT_EQ(entry.path().extension(), ".sqlite") << entry.path();
-    }
-  }
-
-  void LeaveOldSet() {
-    for (const char* extension : {".shp", ".shx", ".dbf"}) {
-      files_->Create(base_ + extension)->WriteAt(0, "old");
-    }
-  }
-
-  test::TempFolder folder_;
-  std::string jobPath_ = folder_ / "job.sqlite";
-  std::string base_ = folder_ / "job_WIRE";
-  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem();
-  test::RecordingHost host_;
-  std::unique_ptr<test::JobBuilder> builder_;
 };
 
 TEST_F(WireExport, StretchIsAPolylineWithItsLengthInThePlane) {
-  Job().Epoch({1, 0}, 0, 0, 0, kBegins).Epoch({1, 100}, 3, 4).Epoch({1, 200}, 3, 10.128);
+  builder_.Epoch({1, 0}, 0, 0, 0, kBegins).Epoch({1, 100}, 3, 4).Epoch({1, 200}, 3, 10.128);
   const test::ReadSet set = Exported();
   EXPECT_EQ(set.type, 3);
   ASSERT_EQ(set.records.size(), 1U);
@@ -84,7 +35,7 @@ TEST_F(WireExport, StretchIsAPolylineWithItsLengthInThePlane) {
 }
 
 TEST_F(WireExport, TableIsIdAndMetresOfTheDayOfWriting) {
-  Job().Epoch({1, 0}, 0, 0);
+  builder_.Epoch({1, 0}, 0, 0);
   const test::ReadSet set = Exported();
   EXPECT_EQ(set.fields, (std::vector<test::ReadField>{{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}}));
   EXPECT_EQ(set.date, (std::array<int, 3>{2006, 7, 9}));
@@ -93,8 +44,7 @@ TEST_F(WireExport, TableIsIdAndMetresOfTheDayOfWriting) {
 }
 
 TEST_F(WireExport, BitBeginsANewStretchAndTheJoinCountsInNeither) {
-  Job()
-      .Epoch({1, 0}, 0, 0, 0, kBegins)
+  builder_.Epoch({1, 0}, 0, 0, 0, kBegins)
       .Epoch({1, 100}, 0, 5)
       .Epoch({1, 200}, 100, 5, 0, kBegins)
       .Epoch({1, 300}, 100, 7.5);
@@ -107,7 +57,7 @@ TEST_F(WireExport, BitBeginsANewStretchAndTheJoinCountsInNeither) {
 }
 
 TEST_F(WireExport, FileBoxHoldsEveryStretch) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 100}, 500, 300, 0, kBegins).Epoch({1, 200}, -200, -100);
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 100}, 500, 300, 0, kBegins).Epoch({1, 200}, -200, -100);
   const test::ReadSet set = Exported();
   geo::Box box = set.records[0].box;
   for (const auto& [x, y] : {PointAt(0, 0), PointAt(500, 300), PointAt(-200, -100)}) {
@@ -118,13 +68,12 @@ TEST_F(WireExport, FileBoxHoldsEveryStretch) {
 }
 
 TEST_F(WireExport, FirstRowStartsARecordAlsoWithoutTheBit) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 1);
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 1);
   EXPECT_EQ(Exported().records.size(), 1U);
 }
 
 TEST_F(WireExport, ConsecutiveBeginningsGiveRecordsOfOnePointAndNoLength) {
-  Job()
-      .Epoch({1, 0}, 0, 0, 0, kBegins)
+  builder_.Epoch({1, 0}, 0, 0, 0, kBegins)
       .Epoch({1, 100}, 50, 0, 0, kBegins)
       .Epoch({1, 200}, 90, 0, 0, kBegins);
   const test::ReadSet set = Exported();
@@ -134,7 +83,7 @@ TEST_F(WireExport, ConsecutiveBeginningsGiveRecordsOfOnePointAndNoLength) {
 }
 
 TEST_F(WireExport, OneRowGivesOneRecordOfOnePoint) {
-  Job().Epoch({1, 0}, 2, 3);
+  builder_.Epoch({1, 0}, 2, 3);
   const test::ReadSet set = Exported();
   ASSERT_EQ(set.records.size(), 1U);
   EXPECT_EQ(set.records[0].points, std::vector{PointAt(2, 3)});
@@ -147,7 +96,7 @@ TEST_F(WireExport, RowsThatTakeNoPartNeitherEndARecordNorAddLength) {
   out.time = {1, 100};
   out.east = 1000;
   out.type = jobstore::EpochRow::kNewStretch | 1;
-  Job().Epoch({1, 0}, 0, 0).Epoch(out).Epoch({1, 200}, 0, 2);
+  builder_.Epoch({1, 0}, 0, 0).Epoch(out).Epoch({1, 200}, 0, 2);
   const test::ReadSet set = Exported();
   ASSERT_EQ(set.records.size(), 1U);
   EXPECT_EQ(set.records[0].points, (std::vector{PointAt(0, 0), PointAt(0, 2)}));
@@ -160,26 +109,25 @@ TEST_F(WireExport, OtherBitsOfTypeMeanNothing) {
   row.time = {1, 100};
   row.north = 2;
   row.type = ~jobstore::EpochRow::kNewStretch;
-  Job().Epoch({1, 0}, 0, 0).Epoch(row);
+  builder_.Epoch({1, 0}, 0, 0).Epoch(row);
   EXPECT_EQ(Exported().records.size(), 1U);
 }
 
 TEST_F(WireExport, RowsComeInOrderOfWeekThenMillisecond) {
-  Job().Epoch({2, 0}, 0, 3).Epoch({1, 900}, 0, 2).Epoch({1, 100}, 0, 1);
+  builder_.Epoch({2, 0}, 0, 3).Epoch({1, 900}, 0, 2).Epoch({1, 100}, 0, 1);
   EXPECT_EQ(Exported().records[0].points,
             (std::vector{PointAt(0, 1), PointAt(0, 2), PointAt(0, 3)}));
 }
 
 TEST_F(WireExport, RowsOfEqualKeysAllTakePartInTheirStoredOrder) {
-  Job().Epoch({1, 0}, 0, 1).Epoch({1, 0}, 0, 2).Epoch({1, 0}, 0, 4);
+  builder_.Epoch({1, 0}, 0, 1).Epoch({1, 0}, 0, 2).Epoch({1, 0}, 0, 4);
   const test::ReadSet set = Exported();
   EXPECT_EQ(set.records[0].points, (std::vector{PointAt(0, 1), PointAt(0, 2), PointAt(0, 4)}));
   EXPECT_EQ(set.rows[0][1], "         3");
 }
 
 TEST_F(WireExport, ReferenceAppliesFromExactlyItsOwnTime) {
-  Job()
-      .Reference({1, 200}, kLatitude + 0.01, kLongitude)
+  builder_.Reference({1, 200}, kLatitude + 0.01, kLongitude)
       .Epoch({1, 0}, 0, 0)
       .Epoch({1, 199}, 0, 1)
       .Epoch({1, 200}, 0, 2);
@@ -189,7 +137,9 @@ TEST_F(WireExport, ReferenceAppliesFromExactlyItsOwnTime) {
 }
 
 TEST_F(WireExport, LengthRunsAcrossAChangeOfReference) {
-  Job().Reference({1, 100}, kLatitude + 0.01, kLongitude).Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 0);
+  builder_.Reference({1, 100}, kLatitude + 0.01, kLongitude)
+      .Epoch({1, 0}, 0, 0)
+      .Epoch({1, 100}, 0, 0);
   const geo::UtmPoint from =
       geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude, kLongitude}).Origin();
   const geo::UtmPoint to =
@@ -200,8 +150,7 @@ TEST_F(WireExport, LengthRunsAcrossAChangeOfReference) {
 
 /// An eighth of a metre is exact beside any easting.
 TEST_F(WireExport, LengthIsRoundedTiesToEven) {
-  Job()
-      .Epoch({1, 0}, 0, 0)
+  builder_.Epoch({1, 0}, 0, 0)
       .Epoch({1, 1}, 0.125, 0)
       .Epoch({1, 2}, 0, 0, 0, kBegins)
       .Epoch({1, 3}, 0.375, 0);
@@ -211,23 +160,22 @@ TEST_F(WireExport, LengthIsRoundedTiesToEven) {
 }
 
 TEST_F(WireExport, LengthOfTenOrMoreCharactersKeepsItsFirst) {
-  Job();
-  for (int i = 0; i < 40; ++i) builder_->Epoch({1, i}, 0, i % 2 == 0 ? 0 : 1234567.25);
+  for (int i = 0; i < 40; ++i) builder_.Epoch({1, i}, 0, i % 2 == 0 ? 0 : 1234567.25);
   // 39 * 1234567.25 = 48148122.75
   EXPECT_EQ(Exported().rows[0][1], "48148122.7");
 }
 
 TEST_F(WireExport, LengthThatIsNoNumberIsZero) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 0);
-  builder_->Execute("UPDATE GpsDataTable SET e_I_B__B2 = 9e999 WHERE gpsMsec = 100");
-  EXPECT_TRUE(Export(builder_->Finish()).made);
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 100}, 0, 0);
+  builder_.Execute("UPDATE GpsDataTable SET e_I_B__B2 = 9e999 WHERE gpsMsec = 100");
+  EXPECT_TRUE(Export().made);
   const std::string dbf = test::FileBytes(base_ + ".dbf");
   EXPECT_EQ(dbf.substr(97), "        0         0\x1A");
 }
 
 TEST_F(WireExport, CountsAndYieldsOncePerRow) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
-  const exports::ExportOutcome outcome = Export(builder_->Finish());
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
+  const exports::ExportOutcome outcome = Export();
   EXPECT_EQ(outcome.epochs, 3);
   EXPECT_EQ(outcome.lastStep, jobstore::kDone);
   EXPECT_EQ(host_.rows, 3);
@@ -237,7 +185,7 @@ TEST_F(WireExport, CountsAndYieldsOncePerRow) {
 TEST_F(WireExport, MissingJobShowsItsResultAndTheOldSetIsGone) {
   LeaveOldSet();
   const std::string none = folder_ / "none.sqlite";
-  const std::int32_t result = kestrin::jobstore::Job(none).Result();
+  const std::int32_t result = jobstore::Job(none).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(none));
   EXPECT_EQ(host_.messages, std::vector<std::string>{"Error opening: " + std::to_string(result)});
@@ -245,9 +193,9 @@ TEST_F(WireExport, MissingJobShowsItsResultAndTheOldSetIsGone) {
 
 TEST_F(WireExport, FailedReferenceQueryShowsItsResult) {
   LeaveOldSet();
-  Job().Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
-  const std::string path = builder_->Finish();
-  kestrin::jobstore::Job job(path);
+  builder_.Epoch({1, 0}, 0, 0).Execute("DROP TABLE ReferenceLocationChangeTable");
+  const std::string path = builder_.Finish();
+  jobstore::Job job(path);
   const std::int32_t result = jobstore::Query<jobstore::References>(job).Result();
   ASSERT_LT(result, 0);
   ExpectNothingWritten(Export(path));
@@ -257,9 +205,9 @@ TEST_F(WireExport, FailedReferenceQueryShowsItsResult) {
 
 TEST_F(WireExport, FailedGpsQueryShowsTheHandleOfTheReferenceStatement) {
   LeaveOldSet();
-  Job().Execute("DROP TABLE GpsDataTable");
-  const std::string path = builder_->Finish();
-  kestrin::jobstore::Job job(path);
+  builder_.Execute("DROP TABLE GpsDataTable");
+  const std::string path = builder_.Finish();
+  jobstore::Job job(path);
   const std::int32_t handle = jobstore::Query<jobstore::References>(job).Result();
   ASSERT_GE(handle, 0);
   ExpectNothingWritten(Export(path));
@@ -268,15 +216,15 @@ TEST_F(WireExport, FailedGpsQueryShowsTheHandleOfTheReferenceStatement) {
 }
 
 TEST_F(WireExport, NoReferenceComesBeforeAFailedGpsQuery) {
-  Job().Execute("DELETE FROM ReferenceLocationChangeTable").Execute("DROP TABLE GpsDataTable");
-  ExpectNothingWritten(Export(builder_->Finish()));
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable").Execute("DROP TABLE GpsDataTable");
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
 }
 
 TEST_F(WireExport, NoReferenceLeavesNothingAndSaysNothing) {
   LeaveOldSet();
-  Job().Epoch({1, 0}, 0, 0).Execute("DELETE FROM ReferenceLocationChangeTable");
-  ExpectNothingWritten(Export(builder_->Finish()));
+  builder_.Epoch({1, 0}, 0, 0).Execute("DELETE FROM ReferenceLocationChangeTable");
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
   EXPECT_EQ(host_.rows, 0);
 }
@@ -285,8 +233,8 @@ TEST_F(WireExport, NoRowThatTakesPartLeavesNothingAndSaysNothing) {
   LeaveOldSet();
   jobstore::EpochRow out;
   out.type = jobstore::EpochRow::kNewStretch;
-  Job().Epoch(out);
-  ExpectNothingWritten(Export(builder_->Finish()));
+  builder_.Epoch(out);
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
 }
 
@@ -297,18 +245,17 @@ TEST_F(WireExport, EmptyJobPathOnlyRemovesTheOldSet) {
 }
 
 TEST_F(WireExport, EmptyBasePathDoesNothing) {
-  Job().Epoch({1, 0}, 0, 0);
+  builder_.Epoch({1, 0}, 0, 0);
   base_.clear();
-  ExpectNothingWritten(Export(builder_->Finish()));
+  ExpectNothingWritten(Export());
   EXPECT_TRUE(host_.messages.empty());
   EXPECT_EQ(host_.rows, 0);
 }
 
 TEST_F(WireExport, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
-  Job();
-  for (int i = 0; i < 3000; ++i) builder_->Epoch({1, i}, 0, i);
-  builder_->Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
-  const std::string path = builder_->Finish();
+  for (int i = 0; i < 3000; ++i) builder_.Epoch({1, i}, 0, i);
+  builder_.Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  const std::string path = builder_.Finish();
   test::DamageTablePage(path);
   const exports::ExportOutcome outcome = Export(path);
   EXPECT_TRUE(outcome.made);
@@ -324,18 +271,18 @@ TEST_F(WireExport, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
 
 TEST_F(WireExport, CancelledRunLeavesNothing) {
   LeaveOldSet();
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
-  const std::string path = builder_->Finish();
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1).Epoch({1, 2}, 0, 2);
+  const std::string path = builder_.Finish();
   for (host_.cancelAt = 1; host_.cancelAt <= 3; ++host_.cancelAt) {
     host_.yields = 0;
     EXPECT_THROW(Export(path), base::RunCancelled);
-    ExpectNothingWritten({});
+    ExpectNothingWritten();
   }
 }
 
 TEST_F(WireExport, WhicheverFileOperationFailsNothingIsLeft) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1);
-  const std::string path = builder_->Finish();
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 0, 1);
+  const std::string path = builder_.Finish();
   test::FaultyFileSystem faulty(*files_);
   exports::ExportRun run{host_, faulty, {}};
   for (int operation = 1;; ++operation) {
@@ -349,14 +296,14 @@ TEST_F(WireExport, WhicheverFileOperationFailsNothingIsLeft) {
       break;
     } catch (const base::FileError& error) {
       EXPECT_EQ(error.Path().rfind(base_, 0), 0U);
-      ExpectNothingWritten({});
+      ExpectNothingWritten();
     }
   }
 }
 
 TEST_F(WireExport, SetIsTheSameToTheByteEachTime) {
-  Job().Epoch({1, 0}, 0, 0).Epoch({1, 1}, 1, 1).Epoch({1, 2}, 0, 2, 0, kBegins);
-  const std::string path = builder_->Finish();
+  builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 1, 1).Epoch({1, 2}, 0, 2, 0, kBegins);
+  const std::string path = builder_.Finish();
   Export(path);
   const std::string shp = test::FileBytes(base_ + ".shp");
   const std::string dbf = test::FileBytes(base_ + ".dbf");

@@ -58,7 +58,7 @@ TEST(FullTemporaryDisk, EndsTheRowsOfALongSortWithAnErrorCode) {
   EXPECT_EQ(rows, 100000);
 }
 
-TEST(FullTemporaryDisk, MakesACutOffJobANegativeHandleAndLeavesNothing) {
+TEST(FullTemporaryDisk, MakesACutOffJobANegativeResultAndLeavesNothing) {
   const test::TempFolder folder;
   const std::string path = MakeJob(folder.Path(), test::JobState::kCutOff);
   const auto before = test::StateOf(folder.Path());

@@ -20,7 +20,7 @@ TEST(JobOpening, APipeIsRefusedInsteadOfWaitedFor) {
   EXPECT_EQ(OpenResult(folder / "pipe"), kCannotOpen);
 }
 
-TEST(JobOpening, AFileWithoutPermissionIsANegativeHandle) {
+TEST(JobOpening, AFileWithoutPermissionIsANegativeResult) {
   const test::TempFolder folder;
   const std::string path = test::JobBuilder(folder / "job.sqlite").Epoch({1, 2}, 3, 4).Finish();
   std::filesystem::permissions(path, std::filesystem::perms::none);

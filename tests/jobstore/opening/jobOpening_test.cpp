@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "jobstore/job.h"
@@ -29,7 +28,7 @@ std::string SmallJob(const test::TempFolder& folder) {
   return test::JobBuilder(folder / "job.sqlite").Epoch({1, 2}, 3, 4).Finish();
 }
 
-TEST(JobOpening, AMissingFileIsANegativeHandleAndIsNotCreated) {
+TEST(JobOpening, AMissingFileIsANegativeResultAndIsNotCreated) {
   const test::TempFolder folder;
   EXPECT_EQ(OpenResult(folder / "missing.sqlite"), kCannotOpen);
   EXPECT_EQ(OpenResult(folder / "no folder/missing.sqlite"), kCannotOpen);

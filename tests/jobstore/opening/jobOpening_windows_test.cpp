@@ -64,7 +64,7 @@ TEST(JobOnAStick, IsLetGoOfWhenClosed) {
   CloseHandle(alone);
 }
 
-TEST(JobOnAStick, HeldByAnotherProgramAloneIsANegativeHandle) {
+TEST(JobOnAStick, HeldByAnotherProgramAloneIsANegativeResult) {
   const test::TempFolder folder;
   const std::string path = MakeJob(folder / "job.sqlite");
   const HANDLE alone = OpenFor(path, GENERIC_READ, 0);

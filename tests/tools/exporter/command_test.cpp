@@ -1,5 +1,3 @@
-#include <fstream>
-
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {

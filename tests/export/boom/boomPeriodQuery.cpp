@@ -1,4 +1,4 @@
-#include "tests/support/boomPeriodQuery.h"
+#include "tests/export/boom/boomPeriodQuery.h"
 
 namespace kestrin::test {
 namespace {
