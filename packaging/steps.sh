@@ -1,5 +1,5 @@
-# Sourced by run and check: named steps that are quiet while all goes well and show
-# what a command printed when it fails.
+# Sourced by run, check and their like: named steps that are quiet while all goes well and
+# show what a command printed when it fails.
 
 steps_log=$(mktemp)
 trap 'rm -f "$steps_log"' EXIT
@@ -25,4 +25,11 @@ step() {
     printf '\nFailed: %s\n' "$title" >&2
     exit 1
   fi
+}
+
+# failed_tests FILE: what GoogleTest said, without the tests that passed; a test that was
+# begun and did not end is told.
+failed_tests() {
+  awk '/^\[----/ {next} /^\[ RUN / {begun = $0; next} /^\[       OK / {begun = ""; next}
+    begun {print begun; begun = ""} {print} END {if (begun) print begun}' "$1" | tail -n 300
 }
