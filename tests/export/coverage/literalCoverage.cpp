@@ -62,11 +62,11 @@ std::size_t DistinctPoints(std::vector<geo::UtmPoint> ring) {
 
 /// On which side of the line from `a` to `b` the point lies: positive to the left.
 long double Side(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
-  const auto east = [&](geo::UtmPoint p) {
-    return static_cast<long double>(p.easting) - a.easting;
+  const auto east = [&](geo::UtmPoint p) -> long double {
+    return static_cast<long double>(p.easting) - static_cast<long double>(a.easting);
   };
-  const auto north = [&](geo::UtmPoint p) {
-    return static_cast<long double>(p.northing) - a.northing;
+  const auto north = [&](geo::UtmPoint p) -> long double {
+    return static_cast<long double>(p.northing) - static_cast<long double>(a.northing);
   };
   return east(b) * north(point) - east(point) * north(b);
 }
