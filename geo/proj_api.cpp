@@ -2,7 +2,6 @@
 
 #include <proj.h>
 
-#include <cmath>
 #include <cstddef>
 #include <string>
 
@@ -44,20 +43,18 @@ std::string WithEllipsoidForDatum(std::string definition) {
   return definition;
 }
 
-}  // namespace
-
-std::int32_t ConvertPoint(const ProjHandle& handle, Way way, double& x, double& y) {
-  const PJ_DIRECTION direction = way == Way::kInverse ? PJ_INV : PJ_FWD;
+/// Converts a point in place and returns 0.
+/// Failure: the error code, with the point as PROJ left it.
+std::int32_t Step(const ProjHandle& handle, PJ_DIRECTION direction, double& x, double& y) {
   const PJ_COORD result = proj_trans(handle.projection, direction, PJ_COORD{{x, y, 0, 0}});
-  // PROJ lets a NaN through as a result, and says HUGE_VAL on an error.
-  if (!std::isfinite(result.v[0]) || !std::isfinite(result.v[1])) {
-    const std::int32_t error = proj_errno_reset(handle.projection);
-    return error != 0 ? error : PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
-  }
   x = result.v[0];
   y = result.v[1];
-  return 0;
+  if (IsConverted(x, y)) return 0;
+  const std::int32_t error = proj_errno_reset(handle.projection);
+  return error != 0 ? error : PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
 }
+
+}  // namespace
 
 ProjHandle* pjInitPlus(const char* definition) {
   // A context of its own: what the process does with PROJ otherwise stays as it was, and
@@ -86,9 +83,9 @@ std::int32_t pjTransform(const ProjHandle* source, const ProjHandle* destination
     double toX = *x;
     double toY = *y;
     std::int32_t error = 0;
-    if (!std::isfinite(toX) || !std::isfinite(toY)) error = PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
-    if (error == 0 && inverse) error = ConvertPoint(*source, Way::kInverse, toX, toY);
-    if (error == 0 && forward) error = ConvertPoint(*destination, Way::kForward, toX, toY);
+    if (!IsConverted(toX, toY)) error = PROJ_ERR_COORD_TRANSFM_INVALID_COORD;
+    if (error == 0 && inverse) error = Step(*source, PJ_INV, toX, toY);
+    if (error == 0 && forward) error = Step(*destination, PJ_FWD, toX, toY);
     if (error != 0) return error;
     *x = toX;
     *y = toY;

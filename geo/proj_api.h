@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 using PJ = struct PJconsts;
@@ -36,11 +37,8 @@ std::int32_t pjTransform(const ProjHandle* source, const ProjHandle* destination
 /// Gives a handle back; null is passed over.
 void pjFree(ProjHandle* handle);
 
-/// One step of a conversion: from radians to a definition's own metres, or back.
-enum class Way { kForward, kInverse };
-
-/// Takes one such step in place and returns 0.
-/// Failure: the error code, with both numbers as they were.
-std::int32_t ConvertPoint(const ProjHandle& handle, Way way, double& x, double& y);
+/// Whether PROJ converted a point: it lets a NaN through as a result, and says HUGE_VAL on
+/// an error.
+inline bool IsConverted(double x, double y) { return std::isfinite(x) && std::isfinite(y); }
 
 }  // namespace kestrin::geo

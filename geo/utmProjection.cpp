@@ -1,5 +1,7 @@
 #include "geo/utmProjection.h"
 
+#include <proj.h>
+
 #include <cstddef>
 
 #include "base/angles.h"
@@ -15,17 +17,19 @@ UtmProjection::~UtmProjection() { pjFree(handle_); }
 
 UtmPoint UtmProjection::ToUtm(GeoPoint point) const {
   if (handle_ == nullptr) return {point.longitude, point.latitude};
-  double x = point.longitude * base::kRadiansPerDegree;
-  double y = point.latitude * base::kRadiansPerDegree;
-  ConvertPoint(*handle_, Way::kForward, x, y);
-  return {x, y};
+  const PJ_COORD radians{
+      {point.longitude * base::kRadiansPerDegree, point.latitude * base::kRadiansPerDegree, 0, 0}};
+  const PJ_COORD result = proj_trans(handle_->projection, PJ_FWD, radians);
+  if (!IsConverted(result.v[0], result.v[1])) return {radians.v[0], radians.v[1]};
+  return {result.v[0], result.v[1]};
 }
 
 GeoPoint UtmProjection::ToGeo(UtmPoint point) const {
-  double x = point.easting;
-  double y = point.northing;
-  if (handle_ == nullptr || ConvertPoint(*handle_, Way::kInverse, x, y) != 0) return {x, y};
-  return {x * base::kDegreesPerRadian, y * base::kDegreesPerRadian};
+  if (handle_ == nullptr) return {point.easting, point.northing};
+  const PJ_COORD result =
+      proj_trans(handle_->projection, PJ_INV, PJ_COORD{{point.easting, point.northing, 0, 0}});
+  if (!IsConverted(result.v[0], result.v[1])) return {point.easting, point.northing};
+  return {result.v[0] * base::kDegreesPerRadian, result.v[1] * base::kDegreesPerRadian};
 }
 
 void UtmProjection::ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const {
