@@ -26,7 +26,9 @@ struct SwathMotion {
 /// A loop that is no fold stays: that of a round which comes back to its own edge lies
 /// around ground of its own. A fold is known by the vehicle's turn within it, which is
 /// to the edge's own side and less than three quarters of a circle, and by running round
-/// against that turn, where a round runs with it. Very small loops are folds in any case.
+/// against that turn, where a round runs with it. Very small loops are folds in any case, and
+/// so is one about the polygon's beginning that is smaller than half the implement's square:
+/// there a vehicle turns about its first boom.
 ///
 /// An edge that crosses nothing keeps every point as it is, to the bit. With a width of
 /// 0 both edges are the way of the vehicle itself.
