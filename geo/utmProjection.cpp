@@ -15,7 +15,7 @@ UtmProjection::UtmProjection(std::int16_t zone)
 
 UtmProjection::~UtmProjection() { pjFree(handle_); }
 
-UtmPoint UtmProjection::ToUtm(GeoPoint point) const {
+UtmPoint UtmProjection::ToUtm(const GeoPoint& point) const {
   if (handle_ == nullptr) return {point.longitude, point.latitude};
   const PJ_COORD radians{
       {point.longitude * base::kRadiansPerDegree, point.latitude * base::kRadiansPerDegree, 0, 0}};
@@ -24,7 +24,7 @@ UtmPoint UtmProjection::ToUtm(GeoPoint point) const {
   return {result.v[0], result.v[1]};
 }
 
-GeoPoint UtmProjection::ToGeo(UtmPoint point) const {
+GeoPoint UtmProjection::ToGeo(const UtmPoint& point) const {
   if (handle_ == nullptr) return {point.easting, point.northing};
   const PJ_COORD result =
       proj_trans(handle_->projection, PJ_INV, PJ_COORD{{point.easting, point.northing, 0, 0}});

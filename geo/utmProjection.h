@@ -24,10 +24,13 @@ class UtmProjection {
   UtmProjection(const UtmProjection&) = delete;
   UtmProjection& operator=(const UtmProjection&) = delete;
 
-  /// On failure of the conversion itself, the numbers are in radians.
-  UtmPoint ToUtm(GeoPoint point) const;
+  // By reference: a point handed over as a value is laid down in halves and read as a whole,
+  // which was measured to cost up to a third of a conversion.
 
-  GeoPoint ToGeo(UtmPoint point) const;
+  /// On failure of the conversion itself, the numbers are in radians.
+  UtmPoint ToUtm(const GeoPoint& point) const;
+
+  GeoPoint ToGeo(const UtmPoint& point) const;
 
   /// The same for each of a range of points; `to` is as long as `from`.
   void ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const;

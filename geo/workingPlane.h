@@ -32,7 +32,7 @@ class WorkingPlane {
   }
 
   /// A point of the plane in degrees, or each of a range of them.
-  GeoPoint ToGeo(UtmPoint point) const { return projection_.ToGeo(point); }
+  GeoPoint ToGeo(const UtmPoint& point) const { return projection_.ToGeo(point); }
   void ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const {
     projection_.ToGeo(from, to);
   }
