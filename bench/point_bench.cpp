@@ -77,8 +77,8 @@ void DescribeLayer(const std::string& vrt, const std::string& jobPath) {
   if (!kestrin::jobstore::ReadFirst<kestrin::jobstore::References>(job, reference))
     throw std::runtime_error("no reference");
   const kestrin::geo::WorkingPlane plane(reference);
-  const std::string easting = std::to_string(plane.Origin().easting);
-  const std::string northing = std::to_string(plane.Origin().northing);
+  const std::string easting = std::to_string(plane.At(0, 0).easting);
+  const std::string northing = std::to_string(plane.At(0, 0).northing);
   std::ofstream(vrt) << "<OGRVRTDataSource><OGRVRTLayer name='points'><SrcDataSource>" << jobPath
                      << "</SrcDataSource><SrcSQL>Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, "
                         "d_I_B__B2, yaw, pitch, roll, speed, type, boomStatusBitfield, "

@@ -19,8 +19,6 @@ class WorkingPlane {
     MoveOrigin(first);
   }
 
-  UtmPoint Origin() const { return origin_; }
-
   /// Takes another reference location as origin.
   void MoveOrigin(const jobstore::ReferenceRow& reference) {
     origin_ = projection_.ToUtm({reference.longitude, reference.latitude});

@@ -57,9 +57,9 @@ TEST_F(Offsets, AddMetresInThePlane) {
   LocalOffsets<jobstore::References> offsets(OpenJob());
   ASSERT_TRUE(offsets.HasReference());
   offsets.AdvanceTo({350, 1000});
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
 
-  const UtmPoint origin = offsets.Plane().Origin();
+  const UtmPoint origin = offsets.Plane().At(0, 0);
   EXPECT_EQ(offsets.Plane().At(12.5, -7.25),
             (UtmPoint{origin.easting + 12.5, origin.northing - 7.25}));
 }
@@ -79,7 +79,7 @@ TEST_F(Offsets, CountFromTheFirstLocationAlsoBeforeItsTime) {
   Open();
   LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({1, 0});
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
 }
 
 TEST_F(Offsets, TakeAChangeAtExactlyItsOwnTime) {
@@ -87,9 +87,9 @@ TEST_F(Offsets, TakeAChangeAtExactlyItsOwnTime) {
   Open();
   LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 4999});
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
   offsets.AdvanceTo({350, 5000});
-  ExpectAt(offsets.Plane().Origin(), 41, -97.6, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 41, -97.6, 14);
 }
 
 TEST_F(Offsets, CompareWeeksBeforeMilliseconds) {
@@ -97,9 +97,9 @@ TEST_F(Offsets, CompareWeeksBeforeMilliseconds) {
   Open();
   LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 604799999});
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
   offsets.AdvanceTo({352, 0});
-  ExpectAt(offsets.Plane().Origin(), 41, -97.6, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 41, -97.6, 14);
 }
 
 TEST_F(Offsets, TakeTheLastOfSeveralChangesBetweenTwoRows) {
@@ -112,9 +112,9 @@ TEST_F(Offsets, TakeTheLastOfSeveralChangesBetweenTwoRows) {
   Open();
   LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 5});
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
   offsets.AdvanceTo({350, 40});
-  ExpectAt(offsets.Plane().Origin(), 43, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 43, -97.5, 14);
 }
 
 TEST_F(Offsets, ProjectEachLocationPassedInTurn) {
@@ -126,7 +126,7 @@ TEST_F(Offsets, ProjectEachLocationPassedInTurn) {
   Open();
   LocalOffsets<jobstore::References> offsets(OpenJob());
   offsets.AdvanceTo({350, 20});
-  ExpectAt(offsets.Plane().Origin(), 42, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 42, -97.5, 14);
 }
 
 TEST_F(Offsets, KeepTheZoneOfTheFirstLocation) {
@@ -135,7 +135,7 @@ TEST_F(Offsets, KeepTheZoneOfTheFirstLocation) {
   LocalOffsets<jobstore::References> offsets(OpenJob());
   ASSERT_EQ(UtmZoneOf(40, -95.999), 15);
   offsets.AdvanceTo({350, 10});
-  ExpectAt(offsets.Plane().Origin(), 40, -95.999, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -95.999, 14);
 }
 
 TEST_F(Offsets, ReadTheLocationsInTimeOrder) {
@@ -145,9 +145,9 @@ TEST_F(Offsets, ReadTheLocationsInTimeOrder) {
       .Reference({350, 20}, 40, -97.5);
   Open();
   LocalOffsets<jobstore::ReferencesWithAltitude> offsets(OpenJob());
-  ExpectAt(offsets.Plane().Origin(), 40, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 40, -97.5, 14);
   offsets.AdvanceTo({350, 900});
-  ExpectAt(offsets.Plane().Origin(), 41, -97.5, 14);
+  ExpectAt(offsets.Plane().At(0, 0), 41, -97.5, 14);
 }
 
 TEST(WorkingPlane, PassesOnWhatAFailedProjectionLeft) {
@@ -155,7 +155,7 @@ TEST(WorkingPlane, PassesOnWhatAFailedProjectionLeft) {
   beyondThePole.latitude = 95;
   beyondThePole.longitude = -97.5;
   const WorkingPlane plane(beyondThePole);
-  EXPECT_EQ(plane.Origin(), (UtmPoint{-97.5 * 0.0174532925199433, 95 * 0.0174532925199433}));
+  EXPECT_EQ(plane.At(0, 0), (UtmPoint{-97.5 * 0.0174532925199433, 95 * 0.0174532925199433}));
 }
 
 TEST(WorkingPlane, PassesPointsOnWhereThereIsNoZone) {
@@ -163,7 +163,7 @@ TEST(WorkingPlane, PassesPointsOnWhereThereIsNoZone) {
   dateLine.latitude = 40;
   dateLine.longitude = 180;
   const WorkingPlane plane(dateLine);
-  EXPECT_EQ(plane.Origin(), (UtmPoint{180, 40}));
+  EXPECT_EQ(plane.At(0, 0), (UtmPoint{180, 40}));
   const GeoPoint point = plane.ToGeo(plane.At(3, 4));
   EXPECT_EQ(point.longitude, 183);
   EXPECT_EQ(point.latitude, 44);

@@ -49,12 +49,16 @@ TEST(UtmProjection, LeavesWhatSingleConversionsLeaveWhenTheyFail) {
     const UtmProjection projection(zone);
     for (const double bad :
          {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), 1e20, 91.0}) {
-      const UtmPoint utm = projection.ToUtm({-97.5, bad});
-      ExpectSame(utm.easting, Forward({-97.5, bad}, zone).easting);
-      ExpectSame(utm.northing, Forward({-97.5, bad}, zone).northing);
-      const GeoPoint geo = projection.ToGeo({bad, 4.4e6});
-      ExpectSame(geo.longitude, Inverse({bad, 4.4e6}, zone).longitude);
-      ExpectSame(geo.latitude, Inverse({bad, 4.4e6}, zone).latitude);
+      for (const GeoPoint point : {GeoPoint{-97.5, bad}, GeoPoint{bad, 40}, GeoPoint{bad, bad}}) {
+        const UtmPoint utm = projection.ToUtm(point);
+        ExpectSame(utm.easting, Forward(point, zone).easting);
+        ExpectSame(utm.northing, Forward(point, zone).northing);
+      }
+      for (const UtmPoint point : {UtmPoint{bad, 4.4e6}, UtmPoint{5e5, bad}, UtmPoint{bad, bad}}) {
+        const GeoPoint geo = projection.ToGeo(point);
+        ExpectSame(geo.longitude, Inverse(point, zone).longitude);
+        ExpectSame(geo.latitude, Inverse(point, zone).latitude);
+      }
     }
   }
 }

@@ -56,7 +56,7 @@ TEST(WeekFirstOffsets, SeveralChangesBetweenTwoEpochsLeaveTheLast) {
 TEST(WeekFirstOffsets, LaterLocationIsProjectedInTheFirstOnesZone) {
   WeekFirstOffsets offsets({At(1400, 500, 47, -96.5), At(1400, 900, 47, -95.5)});
   offsets.AdvanceTo({1400, 900});
-  EXPECT_EQ(offsets.Plane().Origin(), UtmProjection(14).ToUtm({-95.5, 47}));
+  EXPECT_EQ(offsets.Plane().At(0, 0), UtmProjection(14).ToUtm({-95.5, 47}));
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ const jobstore::ReferenceRow kReference{{}, 47, -97.5};
 geo::UtmPoint FromReference(geo::GeoPoint point) {
   const geo::WorkingPlane plane(kReference);
   const geo::UtmPoint at = geo::UtmProjection(14).ToUtm(point);
-  return {std::round((at.easting - plane.Origin().easting) * 1000) / 1000 + 0.0,
-          std::round((at.northing - plane.Origin().northing) * 1000) / 1000 + 0.0};
+  return {std::round((at.easting - plane.At(0, 0).easting) * 1000) / 1000 + 0.0,
+          std::round((at.northing - plane.At(0, 0).northing) * 1000) / 1000 + 0.0};
 }
 
 }  // namespace

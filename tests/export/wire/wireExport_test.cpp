@@ -141,9 +141,9 @@ TEST_F(WireExport, LengthRunsAcrossAChangeOfReference) {
       .Epoch({1, 0}, 0, 0)
       .Epoch({1, 100}, 0, 0);
   const geo::UtmPoint from =
-      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude, kLongitude}).Origin();
+      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude, kLongitude}).At(0, 0);
   const geo::UtmPoint to =
-      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude + 0.01, kLongitude}).Origin();
+      geo::WorkingPlane(jobstore::ReferenceRow{{}, kLatitude + 0.01, kLongitude}).At(0, 0);
   const double metres = std::hypot(to.easting - from.easting, to.northing - from.northing);
   EXPECT_NEAR(std::stod(Exported().rows[0][1]), metres, 0.0051);
 }
