@@ -1,6 +1,7 @@
 #include "export/coverage/coverageExport.h"
 
 #include "export/coverage/polygonBuilder.h"
+#include "export/coverage/ringWriter.h"
 #include "export/coverage/widths.h"
 #include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
@@ -26,9 +27,10 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
   if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
 
-  RingWriter writer(basePath, offsets.Plane(), run);
-  PolygonBuilder polygons([&](const Ring& ring) {
-    if (!basePath.empty()) writer.Write(ring);
+  RingMaker rings(offsets.Plane(), run.host);
+  RingWriter writer(basePath, run);
+  PolygonBuilder polygons([&](const PolygonBuilder::Edges& edges) {
+    if (!basePath.empty()) writer.Write(rings.Of(edges));
   });
   const auto add = [&](const auto& epoch, geo::UtmPoint centre) {
     polygons.Add(SwathRow::Of(centre, epoch.yaw, widths.At(epoch.time)), epoch.BeginsStretch());

@@ -1,27 +1,28 @@
 #include "export/coverage/outline.h"
 
-#include "export/coverage/planeGeometry.h"
+#include "export/ground/planeGeometry.h"
 
 namespace kestrin::coverage {
 namespace {
 
-bool MeetsItself(IndexedPath& outline) {
+bool MeetsItself(ground::IndexedPath& outline) {
   const geo::UtmPoint a = outline[outline.Size() - 2];
   const geo::UtmPoint b = outline.Back();
   // A segment of no length has no line, and none meets it.
   return a != b && outline.AnyNearNewest([&](std::size_t i) {
-    return SegmentsMeet(a, b, outline[i], outline[i + 1]);
+    return ground::SegmentsMeet(a, b, outline[i], outline[i + 1]);
   });
 }
 
 }  // namespace
 
-void CleanOutline(IndexedPath& outline, Edge& leftEdge, Edge& rightEdge, std::size_t startIndex,
-                  std::size_t endIndex, std::size_t& count) {
+void CleanOutline(ground::IndexedPath& outline, ground::Line& leftEdge, ground::Line& rightEdge,
+                  std::size_t startIndex, std::size_t endIndex, std::size_t& count) {
   count = endIndex - startIndex > 2 && MeetsItself(outline) ? endIndex : 0;
-  if (count > 0) return;
-  leftEdge.RemoveFolds(rightEdge);
-  rightEdge.RemoveFolds(leftEdge);
+  if (count == 0) return;
+  outline.Truncate(outline.Size() - 1);
+  leftEdge.pop_back();
+  rightEdge.pop_back();
 }
 
 }  // namespace kestrin::coverage

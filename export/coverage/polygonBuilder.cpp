@@ -7,34 +7,30 @@ namespace kestrin::coverage {
 void PolygonBuilder::Add(const SwathRow& row, bool begins) {
   if (rows_ == 0 || begins) {
     Begin(row);
-  } else if (row.left == swath_.Newest().left && row.right == swath_.Newest().right) {
+  } else if (row.boom == swath_.Newest()) {
     return;
   } else {
     swath_.Append(row);
     std::size_t count = 0;
     CleanOutline(swath_.outline, swath_.leftEdge, swath_.rightEdge, startIndex_, rows_ + 1, count);
-    if (count > 0) {
-      swath_.DropNewest();
-      Begin(row);
-    }
+    if (count > 0) Begin(row);
   }
   ++rows_;
 }
 
 void PolygonBuilder::Close() {
   if (rows_ == 0) return;
-  swath_.leftEdge.RemoveLastFold(swath_.rightEdge);
-  swath_.rightEdge.RemoveLastFold(swath_.leftEdge);
-  complete_.emplace_back(swath_.leftEdge.Points(), swath_.rightEdge.Points());
+  complete_.push_back({std::move(swath_.leftEdge), std::move(swath_.rightEdge)});
   if (rows_ < kFewestRows) return;
-  for (const Ring& ring : complete_) sink_(ring);
+  for (Edges& edges : complete_) sink_(std::move(edges));
   complete_.clear();
 }
 
 void PolygonBuilder::Begin(const SwathRow& row) {
   Close();
   startIndex_ = rows_ + 1;
-  swath_.Begin(row);
+  swath_.Restart();
+  swath_.Append(row);
 }
 
 }  // namespace kestrin::coverage

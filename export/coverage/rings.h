@@ -1,65 +1,57 @@
 #pragma once
 
-#include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
-#include "export/coverage/planeGeometry.h"
-#include "export/exportRun.h"
+#include "base/runHost.h"
+#include "export/coverage/polygonBuilder.h"
+#include "export/ground/geos.h"
+#include "export/ground/simpleLine.h"
 #include "geo/workingPlane.h"
-#include "shapefile/attributeTable.h"
-#include "shapefile/shapefileSet.h"
 
 namespace kestrin::coverage {
 
-/// The closed line around one coverage polygon, as it is written: up the left edge, over
-/// to the right edge's end, back down the right edge, and the first point once more. No
-/// two neighbours are equal. It runs clockwise when the vehicle drives forward, as
-/// readers of shapefiles want it of outer rings. UTM metres.
-///
-/// Nothing fails. Edges without points make an empty ring; NaN coordinates are kept.
-class Ring {
- public:
-  Ring(const std::vector<geo::UtmPoint>& leftEdge, const std::vector<geo::UtmPoint>& rightEdge);
-
-  const std::vector<geo::UtmPoint>& Points() const { return points_; }
-
-  /// Whether it has the three distinct points that a polygon needs.
-  bool IsPolygon() const;
+/// The closed line around one coverage polygon, as it is written. No two neighbours are
+/// equal, in either frame.
+struct Ring {
+  ground::Line metres;                 ///< UTM
+  std::vector<geo::GeoPoint> degrees;  ///< the same points as written
 
   /// The area in acres of the plane's square metres, whichever way the ring runs.
   double Acres() const;
-
- private:
-  void Add(geo::UtmPoint point);
-
-  std::vector<geo::UtmPoint> points_;
 };
 
-/// Writes the rings of a job as a polygon set, record by record, projected to degrees.
-/// Makes no files before the first ring to write.
+/// Makes the rings of a job's polygons.
 ///
-/// Throws what the files throw, and lets base::RunCancelled pass, which a long ring asks
-/// for in between; without Finish() nothing stays of the set.
-class RingWriter {
+/// A ring leads up the left edge, over to the right edge's end, back down the right edge,
+/// and to its first point once more. It runs clockwise when the vehicle drives forward, as
+/// readers of shapefiles want it of outer rings.
+///
+/// Such a ring crosses itself where the vehicle stands and jitters, where the heading of a
+/// long boom wavers, where a turn is tighter than half the boom. No GIS takes it then,
+/// and its area is not that of the ground. So a ring that crosses or touches itself, in
+/// metres or in degrees, gives way to the line around the ground swept between its rows:
+/// one line, clockwise, of the same ground but for necks and slits of a millimetre. One
+/// without any ground, as that of an implement without width, stays as it is.
+///
+/// Yields to the host in between, whose base::RunCancelled passes. Nothing else fails.
+class RingMaker {
  public:
-  RingWriter(const std::string& basePath, const geo::WorkingPlane& plane, exports::ExportRun& run);
+  RingMaker(const geo::WorkingPlane& plane, base::RunHost& host) : plane_(plane), host_(host) {}
 
-  /// Writes a ring that is a polygon; others leave no trace.
-  void Write(const Ring& ring);
-
-  /// Completes the set; false when there is none.
-  bool Finish();
+  /// The ring of a polygon; an empty one when its rows have not the three distinct points
+  /// that a polygon needs. Points with NaN or infinite coordinates are in it only when there
+  /// is no ground without them.
+  Ring Of(const PolygonBuilder::Edges& edges);
 
  private:
-  void AddVertices(std::span<const geo::UtmPoint> points);
+  Ring Projected(const ground::Line& line);
+  bool IsSimple(const Ring& ring);
+  Ring Mended(const std::vector<ground::Boom>& booms);
 
-  const std::string& basePath_;
   const geo::WorkingPlane& plane_;
-  exports::ExportRun& run_;
-  std::optional<shapefile::ShapefileSet> set_;
-  shapefile::AttributeRecord attributes_;
+  base::RunHost& host_;
+  ground::SimpleLines lines_;
 };
 
 }  // namespace kestrin::coverage

@@ -8,6 +8,15 @@ namespace {
 
 static_assert(sizeof(geo::UtmPoint) == 2 * sizeof(double), "points are handed over as pairs");
 
+int TurnBack(double* x, double* y, void* quarters) {
+  for (int i = 0; i < *static_cast<int*>(quarters); ++i) {
+    const double north = -*x;
+    *x = *y;
+    *y = north;
+  }
+  return 1;
+}
+
 }  // namespace
 
 Geos::Geos() : handle_(GEOS_init_r()) {
@@ -24,14 +33,54 @@ Geos::Area Geos::Own(GEOSGeometry* geometry) {
   return {geometry, Destroy{handle_}};
 }
 
-Geos::Area Geos::Inside(std::span<const geo::UtmPoint> line) {
+GEOSCoordSequence* Geos::PointsOf(std::span<const geo::UtmPoint> line) {
   GEOSCoordSequence* points = GEOSCoordSeq_copyFromBuffer_r(
       handle_, &line.front().easting, static_cast<unsigned>(line.size()), 0, 0);
   if (points == nullptr) throw GeometryError(words_);
-  // Each takes what it is given, also when it fails.
-  GEOSGeometry* ring = GEOSGeom_createLinearRing_r(handle_, points);
+  return points;
+}
+
+GEOSGeometry* Geos::RingOf(std::span<const geo::UtmPoint> line) {
+  // Takes the points, also when it fails.
+  GEOSGeometry* ring = GEOSGeom_createLinearRing_r(handle_, PointsOf(line));
   if (ring == nullptr) throw GeometryError(words_);
-  return Own(GEOSGeom_createPolygon_r(handle_, ring, nullptr, 0));
+  return ring;
+}
+
+bool Geos::IsClockwise(const GEOSCoordSequence* points) {
+  char counterClockwise = 0;
+  if (points == nullptr || GEOSCoordSeq_isCCW_r(handle_, points, &counterClockwise) == 0) {
+    throw GeometryError(words_);
+  }
+  return counterClockwise == 0;
+}
+
+Geos::Area Geos::Inside(std::span<const geo::UtmPoint> line) {
+  return Own(GEOSGeom_createPolygon_r(handle_, RingOf(line), nullptr, 0));
+}
+
+Geos::Area Geos::Inside(const Piece& piece) {
+  std::vector<GEOSGeometry*> holes;
+  for (const Line& hole : piece.holes) holes.push_back(RingOf(hole));
+  return Own(GEOSGeom_createPolygon_r(handle_, RingOf(piece.shell), holes.data(),
+                                      static_cast<unsigned>(holes.size())));
+}
+
+Geos::Area Geos::WoundAbout(const Line& line) {
+  // A buffer of no width keeps what lies on the inner side of a line. Which side that is
+  // the library reads off the line's northernmost point. Where a loop lies there that runs the
+  // other way round it would keep the loops and drop the ground: then the whole is turned
+  // by quarters of a circle, until another point is the northernmost. That changes no digit.
+  Line turned = line;
+  for (int quarter = 0; quarter < 4; ++quarter) {
+    const Area area = Inside(turned);
+    if (IsClockwise(GEOSGeom_getCoordSeq_r(handle_, GEOSGetExteriorRing_r(handle_, area.get())))) {
+      const Area inner = Own(GEOSBuffer_r(handle_, area.get(), 0, 1));
+      return Own(GEOSGeom_transformXY_r(handle_, inner.get(), &TurnBack, &quarter));
+    }
+    for (geo::UtmPoint& point : turned) point = {-point.northing, point.easting};
+  }
+  return {};
 }
 
 Geos::Area Geos::Union(std::vector<Area> areas) {
@@ -43,10 +92,31 @@ Geos::Area Geos::Union(std::vector<Area> areas) {
   return Own(GEOSUnaryUnion_r(handle_, all.get()));
 }
 
-bool Geos::IsValid(const Area& area) {
-  const char answer = GEOSisValid_r(handle_, area.get());
-  if (answer > 1) throw GeometryError(words_);
-  return answer == 1;
+Geos::Area Geos::Difference(const Area& from, const Area& what) {
+  return Own(GEOSDifference_r(handle_, from.get(), what.get()));
+}
+
+Geos::Area Geos::OnGrid(const Area& area, double metres) {
+  return Own(GEOSGeom_setPrecision_r(handle_, area.get(), metres, 0));
+}
+
+std::vector<std::array<geo::UtmPoint, 2>> Geos::WaysTo(const Area& area,
+                                                       std::span<const Area> others) {
+  const auto destroy = [this](const GEOSPreparedGeometry* prepared) {
+    GEOSPreparedGeom_destroy_r(handle_, prepared);
+  };
+  const std::unique_ptr<const GEOSPreparedGeometry, decltype(destroy)> prepared(
+      GEOSPrepare_r(handle_, area.get()), destroy);
+  if (!prepared) throw GeometryError(words_);
+  std::vector<std::array<geo::UtmPoint, 2>> ways(others.size());
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    GEOSCoordSequence* points =
+        GEOSPreparedNearestPoints_r(handle_, prepared.get(), others[i].get());
+    if (points == nullptr) throw GeometryError(words_);
+    GEOSCoordSeq_copyToBuffer_r(handle_, points, &ways[i].front().easting, 0, 0);
+    GEOSCoordSeq_destroy_r(handle_, points);
+  }
+  return ways;
 }
 
 double Geos::SquareMetres(const Area& area) {
@@ -77,16 +147,14 @@ std::vector<Piece> Geos::Pieces(const Area& area) {
 Line Geos::LineOf(const GEOSGeometry* ring, bool clockwise) {
   const GEOSCoordSequence* points = GEOSGeom_getCoordSeq_r(handle_, ring);
   unsigned count = 0;
-  char counterClockwise = 0;
-  if (points == nullptr || GEOSCoordSeq_getSize_r(handle_, points, &count) == 0 ||
-      GEOSCoordSeq_isCCW_r(handle_, points, &counterClockwise) == 0) {
+  if (points == nullptr || GEOSCoordSeq_getSize_r(handle_, points, &count) == 0) {
     throw GeometryError(words_);
   }
   Line line(count);
   if (GEOSCoordSeq_copyToBuffer_r(handle_, points, &line.front().easting, 0, 0) == 0) {
     throw GeometryError(words_);
   }
-  if ((counterClockwise == 1) == clockwise) std::ranges::reverse(line);
+  if (IsClockwise(points) != clockwise) std::ranges::reverse(line);
   return line;
 }
 

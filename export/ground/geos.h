@@ -2,6 +2,7 @@
 
 #include <geos_c.h>
 
+#include <array>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -47,25 +48,37 @@ class Geos {
   Geos(const Geos&) = delete;
   Geos& operator=(const Geos&) = delete;
 
-  /// The area inside a closed line of at least four points with finite coordinates,
-  /// which need not be valid.
+  /// The area inside a closed line of at least four points with finite coordinates. The
+  /// line must not cross itself.
   Area Inside(std::span<const geo::UtmPoint> line);
+  Area Inside(const Piece& piece);
 
-  /// The union of areas, each of which must be valid: parts may overlap and touch.
+  /// The area that a closed line winds about clockwise, more often than the other way.
+  /// The line may cross and touch itself. Null when none of its outermost points lies on
+  /// a clockwise turn, from which the library could tell one way from the other.
+  Area WoundAbout(const Line& line);
+
+  /// The union of areas, which may overlap and touch.
   Area Union(std::vector<Area> areas);
+  Area Difference(const Area& from, const Area& what);
 
-  /// Whether it can be used as it is: no crossing lines, no point where lines touch.
-  bool IsValid(const Area& area);
+  /// The area with all points on a grid so many metres wide, and lines that far apart.
+  Area OnGrid(const Area& area, double metres);
+
+  /// The shortest ways from an area to each of others: a point of it, and one of the other.
+  std::vector<std::array<geo::UtmPoint, 2>> WaysTo(const Area& area, std::span<const Area> others);
+
   double SquareMetres(const Area& area);
 
   /// The pieces, in the library's order; lines run as the shapefile standard has them.
   std::vector<Piece> Pieces(const Area& area);
 
-  GEOSContextHandle_t Handle() const { return handle_; }
+ private:
   /// Owns what a call of the library has made.
   Area Own(GEOSGeometry* geometry);
-
- private:
+  bool IsClockwise(const GEOSCoordSequence* points);
+  GEOSCoordSequence* PointsOf(std::span<const geo::UtmPoint> line);
+  GEOSGeometry* RingOf(std::span<const geo::UtmPoint> line);
   Line LineOf(const GEOSGeometry* ring, bool clockwise);
   static void Remember(const char* words, void* self);
 

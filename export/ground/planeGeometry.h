@@ -11,7 +11,7 @@
 /// Nothing fails. A segment with a NaN end neither meets nor crosses another; NaN and
 /// infinite coordinates make meeting points and areas NaN or infinite.
 
-namespace kestrin::coverage {
+namespace kestrin::ground {
 
 /// What both results of FindLineIntersection are when the lines are parallel, or the
 /// same, or one of them has no length.
@@ -54,4 +54,4 @@ bool SegmentsCross(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPo
 bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, geo::UtmPoint a,
                      geo::UtmPoint b);
 
-}  // namespace kestrin::coverage
+}  // namespace kestrin::ground

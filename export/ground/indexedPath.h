@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <vector>
 
-#include "export/coverage/blockBoxes.h"
+#include "export/ground/blockBoxes.h"
 #include "geo/points.h"
 
-namespace kestrin::coverage {
+namespace kestrin::ground {
 
 /// A polyline that grows at its end and finds its segments near a place without asking
 /// each. Points are UTM metres; segment i leads from point i to point i + 1.
@@ -100,4 +100,4 @@ class IndexedPath {
   std::size_t lookedUp_ = 0;       // of the first so many
 };
 
-}  // namespace kestrin::coverage
+}  // namespace kestrin::ground

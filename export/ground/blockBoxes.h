@@ -5,7 +5,7 @@
 
 #include "geo/box.h"
 
-namespace kestrin::coverage {
+namespace kestrin::ground {
 
 /// The boxes of consecutive blocks of something, and those of each 16, 256, 4096, ...
 /// of them together, by which a search passes over what lies elsewhere.
@@ -74,4 +74,4 @@ class BlockBoxes {
   std::vector<geo::Box> levels_[kLevels];
 };
 
-}  // namespace kestrin::coverage
+}  // namespace kestrin::ground

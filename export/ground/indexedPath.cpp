@@ -1,8 +1,8 @@
-#include "export/coverage/indexedPath.h"
+#include "export/ground/indexedPath.h"
 
 #include <cmath>
 
-namespace kestrin::coverage {
+namespace kestrin::ground {
 namespace {
 
 // How far to look, in lengths of the newest segment: further ahead than to the sides,
@@ -41,4 +41,4 @@ void IndexedPath::LookAround() {
   lookedUp_ = blocks_.Size();
 }
 
-}  // namespace kestrin::coverage
+}  // namespace kestrin::ground

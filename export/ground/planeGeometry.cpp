@@ -1,9 +1,9 @@
-#include "export/coverage/planeGeometry.h"
+#include "export/ground/planeGeometry.h"
 
 #include <cmath>
 #include <cstddef>
 
-namespace kestrin::coverage {
+namespace kestrin::ground {
 namespace {
 
 /// Sign of a*b - c*d. Rounding is monotonic, so unequal rounded products are in
@@ -90,4 +90,4 @@ bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, 
   return SideOfBend(a, corner, b, in) * SideOfBend(a, corner, b, out) < 0;
 }
 
-}  // namespace kestrin::coverage
+}  // namespace kestrin::ground

@@ -1,0 +1,101 @@
+#include "export/ground/oneLine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+
+#include "export/ground/planeGeometry.h"
+
+namespace kestrin::ground {
+namespace {
+
+constexpr double kWidth = 0.001;  // of necks and slits
+constexpr double kTrifle = 0.0005;
+
+double SquareMetresIn(const Line& line) {
+  double twice = 0;
+  for (std::size_t i = 1; i + 1 < line.size(); ++i) twice += Cross(line[0], line[i], line[i + 1]);
+  return std::fabs(twice) / 2;
+}
+
+/// Takes the smallest out of `lines`, up to so much ground together.
+template <class Element, class LineOf>
+void DropSmallest(std::vector<Element>& elements, double squareMetres, LineOf lineOf) {
+  std::ranges::stable_sort(elements, std::ranges::greater(),
+                           [&](const Element& element) { return SquareMetresIn(lineOf(element)); });
+  while (!elements.empty()) {
+    squareMetres -= SquareMetresIn(lineOf(elements.back()));
+    if (squareMetres < 0) return;
+    elements.pop_back();
+  }
+}
+
+/// A rectangle about the way from one point to another, with as much beyond either end
+/// as it is wide.
+Line About(geo::UtmPoint from, geo::UtmPoint to) {
+  const double length = std::sqrt(SquareDistance(from, to));
+  const double east = length > 0 ? (to.easting - from.easting) / length : 1;
+  const double north = length > 0 ? (to.northing - from.northing) / length : 0;
+  const auto corner = [&](geo::UtmPoint end, double along, double aside) {
+    return geo::UtmPoint{end.easting + kWidth * (along * east - aside * north),
+                         end.northing + kWidth * (along * north + aside * east)};
+  };
+  const geo::UtmPoint first = corner(from, -1, 0.5);
+  return {first, corner(to, 1, 0.5), corner(to, 1, -0.5), corner(from, -1, -0.5), first};
+}
+
+/// All pieces as one: each has a neck to the first, the largest.
+Geos::Area WithNecks(Geos& geos, const std::vector<Piece>& pieces) {
+  const Geos::Area largest = geos.Inside(pieces.front());
+  std::vector<Geos::Area> others;
+  for (const Piece& piece : std::span(pieces).subspan(1)) others.push_back(geos.Inside(piece));
+  const auto ways = geos.WaysTo(largest, others);
+  for (const auto& [from, to] : ways) others.push_back(geos.Inside(About(from, to)));
+  others.push_back(geos.Inside(pieces.front()));
+  return geos.Union(std::move(others));
+}
+
+/// Lowers `northing` to where a line due north from `from` first meets another line.
+void MeetNorthOf(geo::UtmPoint from, const Line& line, double& northing) {
+  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+    const auto [west, east] = std::minmax(
+        line[i], line[i + 1], [](const auto& a, const auto& b) { return a.easting < b.easting; });
+    if (from.easting < west.easting || from.easting >= east.easting) continue;
+    const double share = (from.easting - west.easting) / (east.easting - west.easting);
+    const double meeting = west.northing + share * (east.northing - west.northing);
+    if (meeting > from.northing && meeting < northing) northing = meeting;
+  }
+}
+
+/// A piece without holes: from each a slit leads north, into the line around the piece or
+/// into the next hole, from which another does.
+Geos::Area WithSlits(Geos& geos, const Piece& piece) {
+  std::vector<Geos::Area> slits;
+  for (const Line& hole : piece.holes) {
+    const geo::UtmPoint from = *std::ranges::max_element(hole, {}, &geo::UtmPoint::northing);
+    geo::UtmPoint to{from.easting, std::numeric_limits<double>::infinity()};
+    MeetNorthOf(from, piece.shell, to.northing);
+    for (const Line& other : piece.holes) MeetNorthOf(from, other, to.northing);
+    if (to.IsFinite()) slits.push_back(geos.Inside(About(from, to)));
+  }
+  return geos.Difference(geos.Inside(piece), geos.Union(std::move(slits)));
+}
+
+}  // namespace
+
+Line OneLineAround(Geos& geos, const Geos::Area& area) {
+  constexpr int kRounds = 8;
+  const double trifle = kTrifle * geos.SquareMetres(area);
+  std::vector<Piece> pieces = geos.Pieces(area);
+  for (int round = 0; round < kRounds && !pieces.empty(); ++round) {
+    DropSmallest(pieces, trifle, [](const Piece& piece) -> const Line& { return piece.shell; });
+    for (Piece& piece : pieces) DropSmallest(piece.holes, trifle, std::identity());
+    const bool whole = pieces.size() == 1;
+    if (whole && pieces.front().holes.empty()) return std::move(pieces.front().shell);
+    pieces = geos.Pieces(whole ? WithSlits(geos, pieces.front()) : WithNecks(geos, pieces));
+  }
+  return {};
+}
+
+}  // namespace kestrin::ground

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "export/ground/geos.h"
+
+namespace kestrin::ground {
+
+/// The one closed line around an area, clockwise, for a record that can hold no more.
+///
+/// Pieces are joined by necks a millimetre wide, and holes opened by slits of that width:
+/// what a polygon in one line can be made of, at no ground to speak of. Before that the
+/// smallest pieces are left out and the smallest holes filled, as long as either is not
+/// more than a two-thousandth of the area together: at the end of a wavering boom there can be a
+/// hundred of a few square centimetres.
+///
+/// Empty when the area is, or when it cannot be done.
+/// Failure: GeometryError.
+Line OneLineAround(Geos& geos, const Geos::Area& area);
+
+}  // namespace kestrin::ground
