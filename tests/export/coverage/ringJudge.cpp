@@ -59,49 +59,72 @@ bool AnyEqualNeighbours(const std::vector<geo::GeoPoint>& line) {
 
 }  // namespace
 
+void GroundTally::Add(const GroundTally& other) {
+  covered += other.covered;
+  wrong += other.wrong;
+}
+
+void Verdict::Add(const Verdict& other) {
+  faults.insert(faults.end(), other.faults.begin(), other.faults.end());
+  rings += other.rings;
+  all.Add(other.all);
+  changed.Add(other.changed);
+}
+
 std::string Verdict::Text() const {
-  std::string text;
-  for (const std::string& fault : faults) text += fault + "\n";
+  constexpr std::size_t kShown = 20;
+  std::string text = std::to_string(faults.size()) + " faults\n";
+  for (std::size_t i = 0; i < std::min(kShown, faults.size()); ++i) text += faults[i] + "\n";
   return text;
 }
 
-Verdict RingJudge::Judge(const std::vector<LiteralRow>& rows,
+Verdict RingJudge::Judge(const std::string& job, const std::vector<LiteralRow>& rows,
                          const std::vector<WrittenRing>& rings) {
   Verdict verdict;
   const std::vector<LiteralPolygon> polygons = LiteralPolygons(rows).Polygons();
   if (polygons.size() != rings.size()) {
-    verdict.faults.push_back(std::to_string(rings.size()) + " rings of " +
+    verdict.faults.push_back(job + ": " + std::to_string(rings.size()) + " rings of " +
                              std::to_string(polygons.size()) + " polygons");
     return verdict;
   }
   for (std::size_t k = 0; k < rings.size(); ++k) {
-    if (rings[k].degrees.empty() || rings[k].degrees.front() != rings[k].degrees.back()) {
-      verdict.faults.push_back(std::to_string(k) + ": not closed");
-      continue;
-    }
-    if (!IsFinite(polygons[k].ring)) continue;
-    const Geos::Area ground = Ground(polygons[k]);
-    const double area = geos_.SquareMetres(ground);
-    if (!(area > kThinnest * Length(polygons[k].ring))) continue;
-    ++verdict.rings;
-    const std::string fault = FaultOf(polygons[k], area, rings[k]);
-    if (!fault.empty()) verdict.faults.push_back(std::to_string(k) + ": " + fault);
-    JudgeGround(polygons[k], ground, rings[k], verdict);
+    Judge(job + ", ring " + std::to_string(k) + ": ", polygons[k], rings[k], verdict);
   }
   return verdict;
 }
 
-std::string RingJudge::FaultOf(const LiteralPolygon& polygon, double ground,
-                               const WrittenRing& ring) {
-  const std::vector<geo::GeoPoint> literal = Degrees(polygon.ring);
-  const bool crossesNothing = WhyUnfit(polygon.ring).empty() && WhyUnfit(AsLine(literal)).empty();
-  if (crossesNothing && ring.degrees != literal) return "crosses nothing, and is another";
+void RingJudge::Judge(const std::string& name, const LiteralPolygon& polygon,
+                      const WrittenRing& ring, Verdict& verdict) {
+  if (ring.degrees.size() < 3 || ring.degrees.front() != ring.degrees.back()) {
+    verdict.faults.push_back(name + "not closed");
+    return;
+  }
+  if (!IsFinite(polygon.ring)) return;
+  const Geos::Area ground = Ground(polygon);
+  const double covered = geos_.SquareMetres(ground);
+  if (!(covered > kThinnest * Length(polygon.ring))) return;
+  ++verdict.rings;
+  const bool crossesNothing =
+      WhyUnfit(polygon.ring).empty() && WhyUnfit(AsLine(Degrees(polygon.ring))).empty();
+  const std::string fault = FaultOf(polygon, ring, covered, crossesNothing);
+  if (!fault.empty()) verdict.faults.push_back(name + fault);
+  if (Widest(polygon) > kWidest || ring.degrees.size() < 4) return;
+  const GroundTally tally{covered, Difference(ground, Metres(ring.degrees))};
+  verdict.all.Add(tally);
+  if (!crossesNothing) verdict.changed.Add(tally);
+}
+
+std::string RingJudge::FaultOf(const LiteralPolygon& polygon, const WrittenRing& ring,
+                               double covered, bool crossesNothing) {
+  if (crossesNothing && ring.degrees != Degrees(polygon.ring)) {
+    return "crosses nothing, and is another";
+  }
   if (!crossesNothing) {
     const std::string fault = FaultOfShape(ring);
     if (!fault.empty()) return fault;
   }
   const double area = SignedArea(Metres(ring.degrees));
-  if (area > 0 && SignedArea(polygon.ring) < -0.01 * ground) return "counter-clockwise";
+  if (area > 0 && SignedArea(polygon.ring) < -0.01 * covered) return "counter-clockwise";
   const double acres = std::fabs(area) * kSquareMetresToAcres;
   if (!(std::fabs(acres - ring.acres) <= ring.acresWithin)) {
     return std::to_string(ring.acres) + " acres, and is " + std::to_string(acres);
@@ -117,13 +140,6 @@ std::string RingJudge::FaultOfShape(const WrittenRing& ring) {
   if (!fault.empty()) return "in metres from degrees: " + fault;
   if (!ring.metres.empty()) fault = WhyUnfit(ring.metres);
   return fault.empty() ? "" : "in metres: " + fault;
-}
-
-void RingJudge::JudgeGround(const LiteralPolygon& polygon, const Geos::Area& ground,
-                            const WrittenRing& ring, Verdict& verdict) {
-  if (Widest(polygon) > kWidest || ring.degrees.size() < 4) return;
-  verdict.ground += geos_.SquareMetres(ground);
-  verdict.wrong += Difference(ground, Metres(ring.degrees));
 }
 
 Geos::Area RingJudge::Ground(const LiteralPolygon& polygon) {

@@ -13,25 +13,36 @@ namespace kestrin::test {
 struct WrittenRing {
   std::vector<geo::GeoPoint> degrees;
   double acres = 0;
-  double acresWithin = 0.00501;       ///< how far rounding may have moved the acres
-  std::vector<geo::UtmPoint> metres;  ///< the ring before it was projected, when that is known
+  double acresWithin = 0.00501;         ///< how far rounding may have moved the acres
+  std::vector<geo::UtmPoint> metres{};  ///< the ring before it was projected, when that is known
 };
+
+/// Ground of polygons, each for itself, in square metres.
+struct GroundTally {
+  double covered = 0;
+  double wrong = 0;  ///< what the rings leave out of it, and what they take in beyond it
+
+  void Add(const GroundTally& other);
+  /// The part that is wrong.
+  double Share() const { return covered > 0 ? wrong / covered : 0; }
+};
+
+/// How much may be wrong: slits and necks have a width.
+inline constexpr double kWrongShare = 0.005;
 
 /// What a job's rings turned out to be.
 struct Verdict {
   std::vector<std::string> faults;  ///< a line each, with the polygon's number from 0
   int rings = 0;                    ///< that have ground
-  double ground = 0;                ///< square metres, each polygon for itself
-  double wrong = 0;  ///< of these, what a ring leaves out, and what it takes in beyond them
+  GroundTally all;
+  /// Of the rings that are not as the rows draw them. The others may not be changed, also
+  /// where sweeps forth and back leave a line that crosses nothing and yet is not theirs.
+  GroundTally changed;
 
-  /// The part of the ground that is wrong.
-  double Share() const { return ground > 0 ? wrong / ground : 0; }
-  /// All faults in one text, empty when there are none.
+  void Add(const Verdict& other);
+  /// The first faults, a line each.
   std::string Text() const;
 };
-
-/// How much of the ground may be wrong: slits and necks have a width.
-inline constexpr double kWrongShare = 0.005;
 
 /// Judges coverage rings with GEOS, as a program that reads the set would, and from the
 /// job's rows alone, sharing nothing with the code that makes the rings:
@@ -53,7 +64,9 @@ class RingJudge {
   /// Of a job whose plane is that of a UTM zone; the projection must outlive the judge.
   explicit RingJudge(const geo::UtmProjection& projection) : projection_(projection) {}
 
-  Verdict Judge(const std::vector<LiteralRow>& rows, const std::vector<WrittenRing>& rings);
+  /// `job` is what faults are named after.
+  Verdict Judge(const std::string& job, const std::vector<LiteralRow>& rows,
+                const std::vector<WrittenRing>& rings);
 
   /// The ground of a polygon.
   ground::Geos::Area Ground(const LiteralPolygon& polygon);
@@ -65,10 +78,11 @@ class RingJudge {
   std::string WhyUnfit(const std::vector<geo::UtmPoint>& line);
 
  private:
-  std::string FaultOf(const LiteralPolygon& polygon, double ground, const WrittenRing& ring);
+  void Judge(const std::string& name, const LiteralPolygon& polygon, const WrittenRing& ring,
+             Verdict& verdict);
+  std::string FaultOf(const LiteralPolygon& polygon, const WrittenRing& ring, double covered,
+                      bool crossesNothing);
   std::string FaultOfShape(const WrittenRing& ring);
-  void JudgeGround(const LiteralPolygon& polygon, const ground::Geos::Area& ground,
-                   const WrittenRing& ring, Verdict& verdict);
 
   std::vector<geo::GeoPoint> Degrees(const std::vector<geo::UtmPoint>& line) const;
   std::vector<geo::UtmPoint> Metres(const std::vector<geo::GeoPoint>& line) const;
