@@ -93,18 +93,28 @@ LiteralPolygons::LiteralPolygons(const std::vector<LiteralRow>& rows) {
   }
 }
 
-std::vector<std::vector<geo::UtmPoint>> LiteralPolygons::Rings() const {
-  std::vector<std::vector<geo::UtmPoint>> rings;
-  if (LastOf(leftEdge) < 4) return rings;
+std::vector<LiteralPolygon> LiteralPolygons::Polygons() const {
+  std::vector<LiteralPolygon> polygons;
+  if (LastOf(leftEdge) < 4) return polygons;
   for (std::size_t k = 1; k < starts.size(); ++k) {
     const int start = starts[k];
     const int end = k + 1 < starts.size() ? starts[k + 1] - 1 : LastOf(leftEdge);
-    std::vector<geo::UtmPoint> ring;
-    for (int i = start; i <= end; ++i) AddToRing(ring, At(leftEdge, i));
-    for (int i = end; i >= start; --i) AddToRing(ring, At(rightEdge, i));
-    AddToRing(ring, ring.front());
-    if (DistinctPoints(ring) >= 3) rings.push_back(ring);
+    LiteralPolygon polygon;
+    for (int i = start; i <= end; ++i) {
+      polygon.left.push_back(At(leftEdge, i));
+      polygon.right.push_back(At(rightEdge, i));
+      AddToRing(polygon.ring, At(leftEdge, i));
+    }
+    for (int i = end; i >= start; --i) AddToRing(polygon.ring, At(rightEdge, i));
+    AddToRing(polygon.ring, polygon.ring.front());
+    if (DistinctPoints(polygon.ring) >= 3) polygons.push_back(polygon);
   }
+  return polygons;
+}
+
+std::vector<std::vector<geo::UtmPoint>> LiteralPolygons::Rings() const {
+  std::vector<std::vector<geo::UtmPoint>> rings;
+  for (const LiteralPolygon& polygon : Polygons()) rings.push_back(polygon.ring);
   return rings;
 }
 

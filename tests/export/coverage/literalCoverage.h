@@ -11,6 +11,13 @@ struct LiteralRow {
   bool begins = false;
 };
 
+/// The rows of one polygon, end by end, and the ring they make when nothing is taken out.
+struct LiteralPolygon {
+  std::vector<geo::UtmPoint> left;
+  std::vector<geo::UtmPoint> right;
+  std::vector<geo::UtmPoint> ring;
+};
+
 /// The polygons of a list of rows, made slowly step by step with lists over all rows
 /// that count from 1: no index, no early end, no fold taken out of the edges, and no
 /// geometry but its own.
@@ -22,7 +29,8 @@ struct LiteralPolygons {
 
   explicit LiteralPolygons(const std::vector<LiteralRow>& rows);
 
-  /// The rings that are written.
+  /// The polygons whose rings are written, and these rings.
+  std::vector<LiteralPolygon> Polygons() const;
   std::vector<std::vector<geo::UtmPoint>> Rings() const;
 };
 

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "export/coverage/coverageExport.h"
+#include "tests/export/coverage/setJudge.h"
+#include "tests/support/recordingHost.h"
+#include "tests/support/tempFolder.h"
+#include "tools/sample/sampleJob.h"
+
+namespace kestrin::coverage {
+namespace {
+
+/// Exports a job's coverage and judges it.
+test::Verdict JudgeJob(const std::string& name, const std::string& jobPath) {
+  const test::TempFolder folder;
+  const std::string base = folder / "job_POLY";
+  test::RecordingHost host;
+  const auto files = base::NativeFileSystem();
+  const shapefile::SetOptions options{{2006, 7, 9}, false};
+  exports::ExportRun run{host, *files, options};
+  ExportPolyShape(base, jobPath, run);
+  return test::JudgeSet(name, jobPath, base);
+}
+
+void ExpectFitAndTrue(const test::Verdict& verdict) {
+  EXPECT_TRUE(verdict.faults.empty()) << verdict.Text();
+  EXPECT_LE(verdict.all.Share(), test::kWrongShare);
+}
+
+class SampleJobs : public testing::TestWithParam<sample::SampleProfile> {};
+
+TEST_P(SampleJobs, RingsAreValidAndTheGroundCovered) {
+  for (std::uint64_t seed = 1; seed <= 3; ++seed) {
+    const test::TempFolder folder;
+    const std::string path = folder / "job.sqlite";
+    sample::MakeSampleJob(path, {std::string(GetParam().name), 1200, seed});
+    ExpectFitAndTrue(JudgeJob("seed " + std::to_string(seed), path));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Profiles, SampleJobs,
+                         testing::ValuesIn(sample::SampleProfiles().begin(),
+                                           sample::SampleProfiles().end()),
+                         [](const auto& profile) {
+                           std::string name(profile.param.name);
+                           std::erase(name, '-');
+                           return name;
+                         });
+
+/// Jobs of real machines are no part of the sources.
+TEST(RecordedJobs, RingsAreValidAndTheGroundCovered) {
+  const char* folder = std::getenv("KESTRIN_JOBS");
+  if (folder == nullptr) GTEST_SKIP() << "KESTRIN_JOBS names no folder of recorded jobs";
+  int jobs = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path().extension() != ".sqlite") continue;
+    ++jobs;
+    const std::string name = base::Utf8Of(entry.path().stem());
+    const test::Verdict verdict = JudgeJob(name, base::Utf8Of(entry.path()));
+    std::printf("%s: %d rings, %zu faults, %.3f %% of the ground wrong\n", name.c_str(),
+                verdict.rings, verdict.faults.size(), 100 * verdict.all.Share());
+    ExpectFitAndTrue(verdict);
+  }
+  EXPECT_GT(jobs, 0) << "no job in " << folder;
+}
+
+}  // namespace
+}  // namespace kestrin::coverage
