@@ -56,6 +56,9 @@ struct Box {
     if (other.yMax > yMax) yMax = other.yMax;
   }
 
+  /// The bounds with so much more to every side.
+  Box Grown(double by) const { return {xMin - by, yMin - by, xMax + by, yMax + by}; }
+
   /// Whether the point lies within the bounds, or on them.
   bool Holds(double x, double y) const { return xMin <= x && x <= xMax && yMin <= y && y <= yMax; }
   bool Holds(UtmPoint point) const { return Holds(point.easting, point.northing); }

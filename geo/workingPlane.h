@@ -29,6 +29,8 @@ class WorkingPlane {
     return {origin_.easting + east, origin_.northing + north};
   }
 
+  UtmPoint ToUtm(const GeoPoint& point) const { return projection_.ToUtm(point); }
+
   /// A point of the plane in degrees, or each of a range of them.
   GeoPoint ToGeo(const UtmPoint& point) const { return projection_.ToGeo(point); }
   void ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const {

@@ -7,7 +7,7 @@ namespace kestrin::coverage {
 void PolygonBuilder::Add(const SwathRow& row, bool begins) {
   if (rows_ == 0 || begins) {
     Begin(row);
-  } else if (row.boom == swath_.Newest()) {
+  } else if (row.left == swath_.leftEdge.back() && row.right == swath_.rightEdge.back()) {
     return;
   } else {
     swath_.Append(row);
@@ -29,8 +29,7 @@ void PolygonBuilder::Close() {
 void PolygonBuilder::Begin(const SwathRow& row) {
   Close();
   startIndex_ = rows_ + 1;
-  swath_.Restart();
-  swath_.Append(row);
+  swath_.Begin(row);
 }
 
 }  // namespace kestrin::coverage

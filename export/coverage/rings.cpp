@@ -63,14 +63,20 @@ double Ring::Acres() const { return std::fabs(ground::PolygonArea(metres)) * kAc
 Ring RingMaker::Of(const PolygonBuilder::Edges& edges) {
   const ground::Line line = LineAround(edges);
   if (!HasThreePoints(line)) return {};
+  const ground::Clearance clearance = lines_.Of(line);
   Ring ring = Projected(line);
-  if (IsSimple(ring)) return ring;
+  if (clearance == ground::Clearance::kWide) return ring;
+  if (clearance == ground::Clearance::kTight && IsSimple(ring)) return ring;
   const std::vector<ground::Boom> booms = FiniteBooms(edges);
   return HasGround(booms) ? Mended(booms) : ring;
 }
 
 bool RingMaker::IsSimple(const Ring& ring) {
-  return lines_.IsSimple(ring.metres) && lines_.IsSimple(ring.degrees);
+  if (!lines_.IsSimple(ring.metres) || !lines_.IsSimple(ring.degrees)) return false;
+  ground::Line back;
+  back.reserve(ring.degrees.size());
+  for (const geo::GeoPoint& point : ring.degrees) back.push_back(plane_.ToUtm(point));
+  return lines_.IsSimple(back);
 }
 
 Ring RingMaker::Projected(const ground::Line& line) {

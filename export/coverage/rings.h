@@ -7,6 +7,7 @@
 #include "export/coverage/polygonBuilder.h"
 #include "export/ground/geos.h"
 #include "export/ground/simpleLine.h"
+#include "export/ground/strip.h"
 #include "geo/workingPlane.h"
 
 namespace kestrin::coverage {
@@ -46,6 +47,7 @@ class RingMaker {
 
  private:
   Ring Projected(const ground::Line& line);
+  /// Whether it is in metres, in degrees, and for who projects these again.
   bool IsSimple(const Ring& ring);
   Ring Mended(const std::vector<ground::Boom>& booms);
 

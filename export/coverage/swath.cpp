@@ -6,19 +6,20 @@ namespace kestrin::coverage {
 
 SwathRow SwathRow::Of(geo::UtmPoint centre, double yaw, double width) {
   const geo::Heading heading(yaw);
-  return {centre, {heading.LeftOf(centre, width / 2), heading.RightOf(centre, width / 2)}};
+  return {centre, heading.LeftOf(centre, width / 2), heading.RightOf(centre, width / 2)};
 }
 
-void Swath::Restart() {
+void Swath::Begin(const SwathRow& row) {
   outline.Restart();
   leftEdge.clear();
   rightEdge.clear();
+  Append(row);
 }
 
 void Swath::Append(const SwathRow& row) {
   outline.Append(row.centre);
-  leftEdge.push_back(row.boom.left);
-  rightEdge.push_back(row.boom.right);
+  leftEdge.push_back(row.left);
+  rightEdge.push_back(row.right);
 }
 
 }  // namespace kestrin::coverage

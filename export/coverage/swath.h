@@ -2,7 +2,6 @@
 
 #include "export/ground/geos.h"
 #include "export/ground/indexedPath.h"
-#include "export/ground/strip.h"
 
 namespace kestrin::coverage {
 
@@ -10,7 +9,8 @@ namespace kestrin::coverage {
 /// ends, in UTM metres.
 struct SwathRow {
   geo::UtmPoint centre;
-  ground::Boom boom;
+  geo::UtmPoint left;
+  geo::UtmPoint right;
 
   /// The row of an implement `width` metres wide with `yaw` in radians, clockwise from
   /// north; both ends are the centre when the width is 0. NaN and infinite values are
@@ -25,9 +25,9 @@ struct Swath {
   ground::Line leftEdge;
   ground::Line rightEdge;
 
-  void Restart();
+  /// Begins a polygon with a row.
+  void Begin(const SwathRow& row);
   void Append(const SwathRow& row);
-  ground::Boom Newest() const { return {leftEdge.back(), rightEdge.back()}; }
 };
 
 }  // namespace kestrin::coverage

@@ -119,6 +119,12 @@ std::vector<std::array<geo::UtmPoint, 2>> Geos::WaysTo(const Area& area,
   return ways;
 }
 
+bool Geos::IsValid(const Area& area) {
+  const char answer = GEOSisValid_r(handle_, area.get());
+  if (answer > 1) throw GeometryError(words_);
+  return answer == 1;
+}
+
 double Geos::SquareMetres(const Area& area) {
   double squareMetres = 0;
   if (GEOSArea_r(handle_, area.get(), &squareMetres) == 0) throw GeometryError(words_);

@@ -68,14 +68,18 @@ class Geos {
   /// The shortest ways from an area to each of others: a point of it, and one of the other.
   std::vector<std::array<geo::UtmPoint, 2>> WaysTo(const Area& area, std::span<const Area> others);
 
+  /// Whether no lines cross and none touch but in a point.
+  bool IsValid(const Area& area);
   double SquareMetres(const Area& area);
 
   /// The pieces, in the library's order; lines run as the shapefile standard has them.
   std::vector<Piece> Pieces(const Area& area);
 
- private:
-  /// Owns what a call of the library has made.
+  /// For calls of the library that are not here: its handle, and an owner of what they make.
+  GEOSContextHandle_t Handle() const { return handle_; }
   Area Own(GEOSGeometry* geometry);
+
+ private:
   bool IsClockwise(const GEOSCoordSequence* points);
   GEOSCoordSequence* PointsOf(std::span<const geo::UtmPoint> line);
   GEOSGeometry* RingOf(std::span<const geo::UtmPoint> line);

@@ -31,8 +31,7 @@ void IndexedPath::LookAround() {
   const double north = to.northing - from.northing;
   const double aside = kAside * std::max(std::fabs(east), std::fabs(north));
   around_ = geo::Box::Of(from, {to.easting + kAhead * east, to.northing + kAhead * north});
-  around_ = {around_.xMin - aside, around_.yMin - aside, around_.xMax + aside,
-             around_.yMax + aside};
+  around_ = around_.Grown(aside);
   near_.clear();
   blocks_.AnyOverlapping(0, around_, [&](std::size_t block) {
     near_.push_back(block);

@@ -49,12 +49,12 @@ class IndexedPath {
     return AnyFrom(0, points_.size() - 2, box, visit);
   }
 
-  /// The same with the box of the newest segment, leaving out the one before it as
-  /// well. Of a path of four points or more.
+  /// The same with the box of the newest segment and so much around it, leaving out the
+  /// segment before it as well. Of a path of four points or more.
   template <class Visit>
-  bool AnyNearNewest(Visit visit) {
+  bool AnyNearNewest(double around, Visit visit) {
     const std::size_t end = points_.size() - 3;
-    const geo::Box box = BoxOf(points_.size() - 2);
+    const geo::Box box = BoxOf(points_.size() - 2).Grown(around);
     if (!around_.Contains(box)) LookAround();
     for (const std::size_t block : near_) {
       if (blocks_[block].Overlaps(box) && AnyOf(block, end, box, visit)) return true;

@@ -7,6 +7,7 @@
 #include "export/coverage/polygonBuilder.h"
 #include "export/coverage/widths.h"
 #include "tests/export/coverage/literalCoverage.h"
+#include "tests/export/coverage/ringsOf.h"
 #include "tests/export/setFixture.h"
 
 namespace kestrin::coverage {
@@ -166,15 +167,13 @@ TEST(PolygonBuilder, RingsOfWaysWhoseEdgesDoNotCrossAreTheLiteralOnes) {
       at = {at.easting + 2 * std::sin(yaw), at.northing + 2 * std::cos(yaw)};
       rows.push_back({SwathRow::Of(at, yaw, 4 + run % 5), i % (60 + run) == 59});
     }
-    std::vector<std::vector<geo::UtmPoint>> rings;
-    PolygonBuilder builder([&](const Ring& ring) {
-      if (ring.IsPolygon()) rings.push_back(ring.Points());
-    });
-    for (const auto& [row, begins] : rows) builder.Add(row, begins);
-    builder.Finish();
+    const auto rings = test::RingsOf(rows);
     const auto literal = test::LiteralPolygons(rows).Rings();
-    for (const auto& ring : literal) ASSERT_FALSE(test::RingCrossesItself(ring));
-    EXPECT_TRUE(rings == literal) << run;
+    ASSERT_EQ(rings.size(), literal.size());
+    for (std::size_t i = 0; i < rings.size(); ++i) {
+      ASSERT_FALSE(test::RingCrossesItself(literal[i]));
+      EXPECT_TRUE(rings[i].metres == literal[i]) << run;
+    }
   }
 }
 
@@ -182,40 +181,19 @@ TEST(PolygonBuilder, RowThatMovesOneEndAloneIsTaken) {
   // The vehicle pivots about one end of its boom, which stays where it is to the bit.
   using Points = std::vector<geo::UtmPoint>;
   const geo::UtmPoint pivot{0, 0};
-  std::vector<Points> rings;
-  PolygonBuilder builder([&](const Ring& ring) { rings.push_back(ring.Points()); });
+  std::vector<test::LiteralRow> rows;
   const auto swing = [&](const Points& ends, bool left) {
     for (const geo::UtmPoint& end : ends) {
       const geo::UtmPoint centre{end.easting / 2, end.northing / 2};
-      builder.Add({centre, left ? end : pivot, left ? pivot : end}, end == ends.front());
+      rows.push_back({{centre, left ? end : pivot, left ? pivot : end}, end == ends.front()});
     }
   };
   swing({{-10, 0}, {-8, 6}, {-6, 8}, {0, 10}}, true);
   swing({{10, 0}, {8, 6}, {6, 8}, {0, 10}}, false);
-  builder.Finish();
+  const auto rings = test::RingsOf(rows);
   ASSERT_EQ(rings.size(), 2U);
-  EXPECT_EQ(rings[0], (Points{{-10, 0}, {-8, 6}, {-6, 8}, {0, 10}, pivot, {-10, 0}}));
-  EXPECT_EQ(rings[1], (Points{pivot, {0, 10}, {6, 8}, {8, 6}, {10, 0}, pivot}));
-}
-
-TEST(FindLineIntersection, IsThatOfTheInfiniteLines) {
-  double x = 0;
-  double y = 0;
-  FindLineIntersection(0, 0, 1, 1, 10, 0, 10, 1, x, y);
-  EXPECT_EQ(x, 10);
-  EXPECT_EQ(y, 10);
-  FindLineIntersection(0, 0, 1, 1, 5, 0, 6, 1, x, y);
-  EXPECT_EQ(x, 1E+38);
-  EXPECT_EQ(y, 1E+38);
-}
-
-TEST(PolygonArea, IsSignedAndDoesNotMindAClosingPoint) {
-  const std::vector<geo::UtmPoint> open{{0, 0}, {4, 0}, {4, 3}};
-  const std::vector<geo::UtmPoint> closed{{0, 0}, {4, 0}, {4, 3}, {0, 0}};
-  const std::vector<geo::UtmPoint> back{{4, 3}, {4, 0}, {0, 0}};
-  EXPECT_EQ(PolygonArea(open), 6);
-  EXPECT_EQ(PolygonArea(closed), 6);
-  EXPECT_EQ(PolygonArea(back), -6);
+  EXPECT_EQ(rings[0].metres, (Points{{-10, 0}, {-8, 6}, {-6, 8}, {0, 10}, pivot, {-10, 0}}));
+  EXPECT_EQ(rings[1].metres, (Points{pivot, {0, 10}, {6, 8}, {8, 6}, {10, 0}, pivot}));
 }
 
 }  // namespace

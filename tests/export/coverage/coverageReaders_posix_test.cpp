@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "export/coverage/coverageExport.h"
 #include "tests/export/coverage/sharpTurns.h"
 #include "tests/export/setFixture.h"
@@ -35,7 +37,9 @@ class PolyReaders : public test::SetFixture {
   void Drive(const test::Driver& driver) {
     bool begins = true;
     for (const SwathRow& row : driver.Rows()) {
-      builder_.Epoch({1, time_ += 200}, row.centre.easting, row.centre.northing, row.yaw, begins);
+      const double yaw =
+          std::atan2(row.left.northing - row.right.northing, row.right.easting - row.left.easting);
+      builder_.Epoch({1, time_ += 200}, row.centre.easting, row.centre.northing, yaw, begins);
       begins = false;
     }
   }

@@ -289,7 +289,7 @@ Rows OnGrid(Randomness& chance) {
     way.at.northing += 0.5 * Count(chance, -1, 3);
     const double right = chance.Chance(0.15) ? -half : half;
     const geo::UtmPoint left{way.at.easting - right, way.at.northing};
-    way.rows.push_back({{way.at, left, {way.at.easting + right, way.at.northing}, 0}, false});
+    way.rows.push_back({{way.at, left, {way.at.easting + right, way.at.northing}}, false});
   }
   return way.rows;
 }

@@ -27,7 +27,8 @@ std::vector<int> StartsOf(const Rows& rows) {
   int index = 0;
   for (const auto& [row, begins] : rows) {
     const bool first = begins || index == 0;
-    if (!first && row.left == swath.Newest().left && row.right == swath.Newest().right) continue;
+    if (!first && row.left == swath.leftEdge.back() && row.right == swath.rightEdge.back())
+      continue;
     ++index;
     std::size_t count = 0;
     if (!first) {

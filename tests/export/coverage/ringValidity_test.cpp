@@ -3,38 +3,31 @@
 #include <cstdlib>
 #include <tuple>
 
-#include "export/coverage/polygonBuilder.h"
 #include "tests/export/coverage/hardPolygons.h"
 #include "tests/export/coverage/ringJudge.h"
+#include "tests/export/coverage/ringsOf.h"
 #include "tests/export/coverage/sharpTurns.h"
 
 namespace kestrin::coverage {
 namespace {
 
-constexpr std::int16_t kZone = 14;
 /// An area summed up over whole northings is good to some square centimetres.
 constexpr double kAcresWithin = 1e-5;
 
 /// The rings made of rows, as they are handed to the writer.
-std::vector<test::WrittenRing> WrittenRings(const std::vector<test::LiteralRow>& rows,
-                                            const geo::UtmProjection& projection) {
-  std::vector<test::WrittenRing> rings;
-  PolygonBuilder builder([&](const Ring& ring) {
-    if (!ring.IsPolygon()) return;
-    std::vector<geo::GeoPoint> degrees(ring.Points().size());
-    projection.ToGeo(ring.Points(), degrees);
-    rings.push_back({degrees, ring.Acres(), kAcresWithin, ring.Points()});
-  });
-  for (const auto& [row, begins] : rows) builder.Add(row, begins);
-  builder.Finish();
-  return rings;
+std::vector<test::WrittenRing> WrittenRings(const std::vector<test::LiteralRow>& rows) {
+  std::vector<test::WrittenRing> written;
+  for (const Ring& ring : test::RingsOf(rows)) {
+    written.push_back({ring.degrees, ring.Acres(), kAcresWithin, ring.metres});
+  }
+  return written;
 }
 
 /// Judges jobs made here, each for itself.
 class JudgedRows : public testing::Test {
  protected:
   void Judge(const std::string& name, const std::vector<test::LiteralRow>& rows) {
-    test::Verdict one = judge_.Judge(name, rows, WrittenRings(rows, projection_));
+    test::Verdict one = judge_.Judge(name, rows, WrittenRings(rows));
     if (one.changed.Share() > kWrongOfOne) {
       one.faults.push_back(name + ": " + std::to_string(100 * one.changed.Share()) + " % wrong");
     }
@@ -51,7 +44,7 @@ class JudgedRows : public testing::Test {
   /// Of a single way, which can be as small as a slit is.
   static constexpr double kWrongOfOne = 0.05;
 
-  geo::UtmProjection projection_{kZone};
+  geo::UtmProjection projection_{test::kRingZone};
   test::RingJudge judge_{projection_};
   test::Verdict all_;
 };
