@@ -38,22 +38,44 @@ bool HasThreePoints(const ground::Line& line) {
   return false;
 }
 
-/// The booms by which ground is known.
-std::vector<ground::Boom> FiniteBooms(const PolygonBuilder::Edges& edges) {
+geo::UtmPoint Sum(geo::UtmPoint a, geo::UtmPoint b) {
+  return {a.easting + b.easting, a.northing + b.northing};
+}
+
+/// The booms by which ground is known, seen from `origin`.
+std::vector<ground::Boom> FiniteBooms(const PolygonBuilder::Edges& edges, geo::UtmPoint origin) {
+  const geo::UtmPoint back{-origin.easting, -origin.northing};
   std::vector<ground::Boom> booms;
   booms.reserve(edges.left.size());
   for (std::size_t i = 0; i < edges.left.size(); ++i) {
-    const ground::Boom boom{edges.left[i], edges.right[i]};
+    const ground::Boom boom{Sum(edges.left[i], back), Sum(edges.right[i], back)};
     if (boom.IsFinite()) booms.push_back(boom);
   }
   return booms;
 }
 
-bool HasGround(const std::vector<ground::Boom>& booms) {
-  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
-    if (!ground::Strip(booms[i], booms[i + 1]).Patches().empty()) return true;
+/// Some whole metres near a polygon: from there its points have digits enough for what
+/// is computed with them, and come back as they were.
+geo::UtmPoint OriginNear(const ground::Line& line) {
+  for (const geo::UtmPoint& point : line) {
+    if (point.IsFinite()) return {std::round(point.easting), std::round(point.northing)};
   }
-  return false;
+  return {};
+}
+
+/// Whether there is any but what rounding makes of rows in one line.
+bool HasGround(const std::vector<ground::Boom>& booms) {
+  constexpr double kThinnest = 1e-6;
+  double squareMetres = 0;
+  double metres = 0;
+  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    for (const ground::Patch& patch : ground::Strip(booms[i], booms[i + 1]).Patches()) {
+      squareMetres += std::fabs(patch.squareMetres);
+    }
+    metres += std::sqrt(ground::SquareDistance(booms[i].left, booms[i + 1].left)) +
+              std::sqrt(ground::SquareDistance(booms[i].right, booms[i + 1].right));
+  }
+  return squareMetres > kThinnest * metres;
 }
 
 }  // namespace
@@ -66,9 +88,10 @@ Ring RingMaker::Of(const PolygonBuilder::Edges& edges) {
   const ground::Clearance clearance = lines_.Of(line);
   Ring ring = Projected(line);
   if (clearance == ground::Clearance::kWide) return ring;
-  if (clearance == ground::Clearance::kTight && IsSimple(ring)) return ring;
-  const std::vector<ground::Boom> booms = FiniteBooms(edges);
-  return HasGround(booms) ? Mended(booms) : ring;
+  if (clearance == ground::Clearance::kTight && lines_.IsSimple(ring.degrees)) return ring;
+  const geo::UtmPoint origin = OriginNear(line);
+  const std::vector<ground::Boom> booms = FiniteBooms(edges, origin);
+  return HasGround(booms) ? Mended(booms, origin) : ring;
 }
 
 bool RingMaker::IsSimple(const Ring& ring) {
@@ -101,21 +124,25 @@ Ring RingMaker::Projected(const ground::Line& line) {
   return ring;
 }
 
-Ring RingMaker::Mended(const std::vector<ground::Boom>& booms) {
+Ring RingMaker::Mended(const std::vector<ground::Boom>& booms, geo::UtmPoint origin) {
+  const auto projected = [&](ground::Line line) {
+    for (geo::UtmPoint& point : line) point = Sum(point, origin);
+    return Projected(line);
+  };
   ground::Geos geos;
   const ground::Geos::Area swept = ground::SweptGround(geos, booms, host_);
   // What lies closer together than a projection's last digits can touch in degrees. A
   // grid keeps it apart.
   for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-    try {
-      const ground::Geos::Area gridded = geos.OnGrid(swept, grid);
-      Ring ring = Projected(ground::OneLineAround(geos, gridded));
-      if (IsSimple(ring)) return ring;
-    } catch (const ground::GeometryError&) {
-      // The next may do.
-    }
+    const ground::Geos::Area gridded = geos.OnGrid(swept, grid);
+    Ring ring = projected(ground::OneLineAround(geos, gridded));
+    fprintf(stderr, "DBG grid %g area %g pieces %zu ring %zu simple %d %d\n", grid,
+            geos.SquareMetres(gridded), geos.Pieces(gridded).size(), ring.metres.size(),
+            lines_.IsSimple(ring.metres), lines_.IsSimple(ring.degrees));
+    if (IsSimple(ring)) return ring;
   }
-  throw ground::GeometryError("no ring");
+  fprintf(stderr, "DBG hull\n");
+  return projected(ground::HullAround(geos, booms));
 }
 
 }  // namespace kestrin::coverage

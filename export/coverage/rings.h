@@ -49,7 +49,8 @@ class RingMaker {
   Ring Projected(const ground::Line& line);
   /// Whether it is in metres, in degrees, and for who projects these again.
   bool IsSimple(const Ring& ring);
-  Ring Mended(const std::vector<ground::Boom>& booms);
+  /// A ring of ground given by its booms as seen from `origin`.
+  Ring Mended(const std::vector<ground::Boom>& booms, geo::UtmPoint origin);
 
   const geo::WorkingPlane& plane_;
   base::RunHost& host_;

@@ -96,6 +96,12 @@ Geos::Area Geos::Difference(const Area& from, const Area& what) {
   return Own(GEOSDifference_r(handle_, from.get(), what.get()));
 }
 
+Geos::Area Geos::HullOf(const Line& points, double around) {
+  const Area line = Own(GEOSGeom_createLineString_r(handle_, PointsOf(points)));
+  const Area hull = Own(GEOSConvexHull_r(handle_, line.get()));
+  return Own(GEOSBuffer_r(handle_, hull.get(), around, 1));
+}
+
 Geos::Area Geos::OnGrid(const Area& area, double metres) {
   return Own(GEOSGeom_setPrecision_r(handle_, area.get(), metres, 0));
 }

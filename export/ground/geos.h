@@ -62,6 +62,9 @@ class Geos {
   Area Union(std::vector<Area> areas);
   Area Difference(const Area& from, const Area& what);
 
+  /// The convex hull of points, with so many metres around it.
+  Area HullOf(const Line& points, double around);
+
   /// The area with all points on a grid so many metres wide, and lines that far apart.
   Area OnGrid(const Area& area, double metres);
 

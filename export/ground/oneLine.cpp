@@ -56,15 +56,17 @@ Geos::Area WithNecks(Geos& geos, const std::vector<Piece>& pieces) {
   return geos.Union(std::move(others));
 }
 
-/// Lowers `northing` to where a line due north from `from` first meets another line.
+/// Lowers `northing` to where a line due north from `from` first meets another line, which
+/// may touch the point itself.
 void MeetNorthOf(geo::UtmPoint from, const Line& line, double& northing) {
+  constexpr double kTouching = 1e-6;
   for (std::size_t i = 0; i + 1 < line.size(); ++i) {
     const auto [west, east] = std::minmax(
         line[i], line[i + 1], [](const auto& a, const auto& b) { return a.easting < b.easting; });
     if (from.easting < west.easting || from.easting >= east.easting) continue;
     const double share = (from.easting - west.easting) / (east.easting - west.easting);
     const double meeting = west.northing + share * (east.northing - west.northing);
-    if (meeting > from.northing && meeting < northing) northing = meeting;
+    if (meeting > from.northing - kTouching && meeting < northing) northing = meeting;
   }
 }
 
@@ -76,7 +78,9 @@ Geos::Area WithSlits(Geos& geos, const Piece& piece) {
     const geo::UtmPoint from = *std::ranges::max_element(hole, {}, &geo::UtmPoint::northing);
     geo::UtmPoint to{from.easting, std::numeric_limits<double>::infinity()};
     MeetNorthOf(from, piece.shell, to.northing);
-    for (const Line& other : piece.holes) MeetNorthOf(from, other, to.northing);
+    for (const Line& other : piece.holes) {
+      if (&other != &hole) MeetNorthOf(from, other, to.northing);
+    }
     if (to.IsFinite()) slits.push_back(geos.Inside(About(from, to)));
   }
   return geos.Difference(geos.Inside(piece), geos.Union(std::move(slits)));
@@ -96,6 +100,13 @@ Line OneLineAround(Geos& geos, const Geos::Area& area) {
     pieces = geos.Pieces(whole ? WithSlits(geos, pieces.front()) : WithNecks(geos, pieces));
   }
   return {};
+}
+
+Line HullAround(Geos& geos, std::span<const Boom> booms) {
+  Line points;
+  for (const Boom& boom : booms) points.insert(points.end(), {boom.left, boom.right});
+  const Geos::Area hull = geos.HullOf(points, kWidth);
+  return geos.Pieces(hull).front().shell;
 }
 
 }  // namespace kestrin::ground

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <span>
+
 #include "export/ground/geos.h"
+#include "export/ground/strip.h"
 
 namespace kestrin::ground {
 
@@ -15,5 +18,9 @@ namespace kestrin::ground {
 /// Empty when the area is, or when it cannot be done.
 /// Failure: GeometryError.
 Line OneLineAround(Geos& geos, const Geos::Area& area);
+
+/// The convex line around booms, a millimetre wider than they: what can be said of ground
+/// too thin for a line of its own.
+Line HullAround(Geos& geos, std::span<const Boom> booms);
 
 }  // namespace kestrin::ground

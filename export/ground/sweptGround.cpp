@@ -1,7 +1,7 @@
 #include "export/ground/sweptGround.h"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 
 #include "export/ground/planeGeometry.h"
 
@@ -44,26 +44,35 @@ class Stretch {
  public:
   explicit Stretch(std::span<const Boom> booms) {
     double forward = 0;
+    double both = 0;
     for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
       for (const Patch& patch : Strip(booms[i], booms[i + 1]).Patches()) {
         forward += patch.squareMetres;
+        both += std::fabs(patch.squareMetres);
         patches_.push_back(patch);
       }
     }
     for (const Boom& boom : booms) line_.push_back(boom.left);
     for (auto boom = booms.rbegin(); boom != booms.rend(); ++boom) line_.push_back(boom->right);
     line_.push_back(line_.front());
+    large_ = both * kLarge;
     // Driven backward for the most part, it is the other way round.
     if (forward >= 0) return;
     std::ranges::reverse(line_);
     for (Patch& patch : patches_) patch.squareMetres = -patch.squareMetres;
   }
 
+  /// Whether the winding number may not tell that a patch is ground.
+  bool IsLeftOut(const Patch& patch) const {
+    return patch.squareMetres < 0 && (patch.squareMetres < -large_ || !WindsAbout(patch, line_));
+  }
+
   void AddTo(std::vector<Geos::Area>& areas, Geos& geos) const {
     if (patches_.empty()) return;
     Geos::Area inside = geos.WoundAbout(line_);
+
     for (const Patch& patch : patches_) {
-      if (!inside || (patch.squareMetres < 0 && !WindsAbout(patch, line_))) {
+      if (!inside || IsLeftOut(patch)) {
         areas.push_back(geos.Inside(patch.Line()));
       }
     }
@@ -71,7 +80,11 @@ class Stretch {
   }
 
  private:
+  /// A patch of more than this share of the ground is not judged by some points in it.
+  static constexpr double kLarge = 0.005;
+
   std::vector<Patch> patches_;
+  double large_ = 0;
   Line line_;
 };
 
