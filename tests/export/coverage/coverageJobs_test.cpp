@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/utf8Path.h"
 #include "export/coverage/coverageExport.h"
 #include "tests/export/coverage/setJudge.h"
 #include "tests/support/recordingHost.h"
