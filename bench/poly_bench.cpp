@@ -11,6 +11,7 @@
 #include "export/coverage/coverageExport.h"
 #include "jobstore/queries.h"
 #include "tools/sample/jobSchema.h"
+#include "tools/sample/randomness.h"
 
 /// The whole polygon export of a job that is one polygon, against the sum of its
 /// floors: the same rows through SQLite, two points a row through PROJ and the same
@@ -76,6 +77,26 @@ Place Spiral(std::int64_t row) { return OnSpiral(0.6 * static_cast<double>(row) 
 
 /// Rows so far apart that hardly a box of many of them lies clear of the newest.
 Place SparseSpiral(std::int64_t row) { return OnSpiral(20 * static_cast<double>(row) + 200); }
+
+/// A place as a receiver measures it, a centimetre off and looking somewhat elsewhere.
+Place Measured(Place at, std::int64_t row, double wavering) {
+  sample::Randomness chance(static_cast<std::uint64_t>(row));
+  return {at.east + 0.01 * chance.Noise(), at.north + 0.01 * chance.Noise(),
+          at.yaw + wavering * chance.Noise()};
+}
+
+/// Passes with a heading that wavers so far that at a fifth of the rows an end of the
+/// implement runs backwards; all in one polygon.
+Place Wavering(std::int64_t row) { return Measured(Passes(row), row, 0.072); }
+
+/// The same less strongly, and before each end of a pass the vehicle stands, jitters and so
+/// cuts its polygons: a fifth again.
+Place Jitter(std::int64_t row) {
+  constexpr std::int64_t kFrom = 720;
+  const std::int64_t held = std::clamp<std::int64_t>(row % 830 - kFrom, 0, 800 - kFrom);
+  const bool stands = held > 0 && held < 800 - kFrom;
+  return stands ? Measured(Passes(row - held), row, 0.002) : Measured(Passes(row), row, 0.06);
+}
 
 void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int64_t)) {
   Database job(path);
@@ -167,6 +188,8 @@ void Sizes(benchmark::internal::Benchmark* bench) {
 BENCHMARK_CAPTURE(PolyExport, Passes, Passes)->Apply(Sizes);
 BENCHMARK_CAPTURE(PolyExport, Spiral, Spiral)->Apply(Sizes);
 BENCHMARK_CAPTURE(PolyExport, SparseSpiral, SparseSpiral)->Apply(Sizes);
+BENCHMARK_CAPTURE(PolyExport, Jitter, Jitter)->Apply(Sizes);
+BENCHMARK_CAPTURE(PolyExport, Wavering, Wavering)->Apply(Sizes);
 
 }  // namespace
 }  // namespace kestrin

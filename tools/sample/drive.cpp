@@ -158,6 +158,8 @@ void DrivePass(Driver& driver, const Scenario& scenario, const Pass& pass, const
   driver.Begin();
   const double end = north ? pass.span.north : pass.span.south;
   driver.Work(std::abs(end - driver.Here().place.north));
+  driver.Turn(scenario.backUp, 0, -1);
+  driver.Turn(scenario.backUp);
   if (next == nullptr) return;
   const double nextStart = north ? next->span.north : next->span.south;
   const double ahead = north ? nextStart - end : end - nextStart;

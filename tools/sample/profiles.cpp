@@ -152,6 +152,34 @@ Scenario Dropouts() {
   return scenario;
 }
 
+Scenario Jitter() {
+  Scenario scenario =
+      Planter("jitter",
+              "what real machines do: jitter when they stand, wavering headings, reversing, jumps");
+  scenario.hertz = 5;
+  scenario.speed = 1.4;
+  scenario.implements = {EvenImplement("Drill 18 m", 12, 1.5, 3)};
+  scenario.backUp = 6;
+  scenario.gpsNoise = 0.012;
+  scenario.yawNoise = 0.012;
+  scenario.stopRows = 400;
+  scenario.stopSeconds = 10;
+  scenario.repeatedKeys = 0.02;
+  scenario.filedLate = 0.03;
+  scenario.jumpRows = 500;
+  return scenario;
+}
+
+Scenario AddingUp() {
+  Scenario scenario =
+      Planter("adding-up", "an implement row a minute: widths add up past any machine");
+  scenario.hertz = 1;
+  scenario.speed = 1.2;
+  scenario.implementRows = 60;
+  scenario.rows = 5000;
+  return scenario;
+}
+
 }  // namespace
 
 const std::vector<Scenario>& Scenarios() {
@@ -174,6 +202,8 @@ const std::vector<Scenario>& Scenarios() {
       ZoneBorder(),
       NoImplement(),
       Dropouts(),
+      Jitter(),
+      AddingUp(),
   };
   return scenarios;
 }

@@ -11,7 +11,8 @@ constexpr std::int32_t kPositionFixed = 8192;
 constexpr std::int32_t kGpsEpoch = 1;
 constexpr int kRowsBeforeFix = 3;
 constexpr double kMetresPerDegree = 111132;
-constexpr double kGpsNoise = 0.008;  // metres
+constexpr double kStillYawNoise = 0.002;
+constexpr std::int64_t kJumpedRows = 2;
 
 /// Whole implement width, absent sections left out.
 double WidthOf(const Scenario& scenario) {
@@ -78,6 +79,7 @@ void Recorder::Run() {
     RecordEpoch();
     GoOn();
   }
+  if (held_) job_.Epoch(*held_);
 }
 
 void Recorder::BeginJob() {
@@ -95,7 +97,11 @@ void Recorder::Changes() {
   MoveReference();
   ChangeImplement();
   RefillAndPrescription();
-  if (Due(scenario_.stopRows, scenario_.stopRows / 3)) vehicle_.Hold(8);
+  if (Due(scenario_.implementRows, 0)) WriteImplement();
+  if (Due(scenario_.stopRows, scenario_.stopRows / 3)) vehicle_.Hold(scenario_.stopSeconds);
+  // A hundred metres off and, some rows later, back.
+  if (Due(scenario_.jumpRows, 0)) jump_ = {chance_.Chance(0.5) ? 60.0 : -60.0, 80};
+  if (Due(scenario_.jumpRows, kJumpedRows)) jump_ = {};
 }
 
 void Recorder::FirstChanges() {
@@ -204,8 +210,21 @@ void Recorder::RecordEpoch() {
     begins_ = false;
     ++written_;
   }
-  job_.Epoch(row);
+  File(row);
   ++epochs_;
+}
+
+void Recorder::File(const jobstore::EpochRow& row) {
+  if (!held_ && scenario_.filedLate > 0 && written_ > startRow_ &&
+      chance_.Chance(scenario_.filedLate)) {
+    held_ = row;
+    return;
+  }
+  job_.Epoch(row);
+  if (held_ && chance_.Chance(0.5)) {
+    job_.Epoch(*held_);
+    held_.reset();
+  }
 }
 
 jobstore::EpochRow Recorder::Measure() {
@@ -214,12 +233,14 @@ jobstore::EpochRow Recorder::Measure() {
   const auto noise = [&](double size) { return still ? 0 : chance_.Noise() * size; };
   jobstore::EpochRow row;
   row.time = Now();
-  row.east = Stepped(pose.place.east - origin_.east + noise(kGpsNoise), 1e4);
-  row.north = Stepped(pose.place.north - origin_.north + noise(kGpsNoise), 1e4);
+  const double gpsNoise = scenario_.gpsNoise;
+  row.east = Stepped(pose.place.east + jump_.east - origin_.east + noise(gpsNoise), 1e4);
+  row.north = Stepped(pose.place.north + jump_.north - origin_.north + noise(gpsNoise), 1e4);
   const double relief =
       2 * std::sin(pose.place.east / 180) + 1.5 * std::sin(pose.place.north / 140);
-  row.down = Stepped(relief + noise(2 * kGpsNoise), 1e4);
-  row.yaw = Stepped(pose.yaw + noise(0.002), 1e6);
+  row.down = Stepped(relief + noise(2 * gpsNoise), 1e4);
+  row.yaw =
+      Stepped(pose.yaw + noise(vehicle_.Holding() ? kStillYawNoise : scenario_.yawNoise), 1e6);
   row.pitch = Stepped(0.012 * std::cos(pose.place.north / 140) + noise(0.004), 1e6);
   row.roll = Stepped(0.012 * std::cos(pose.place.east / 180) + noise(0.006), 1e6);
   row.speed = std::abs(Stepped(vehicle_.Speed() * (1 + noise(0.01)), 1e3));

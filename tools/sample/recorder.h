@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "tools/sample/drive.h"
 #include "tools/sample/jobWriter.h"
@@ -38,6 +39,7 @@ class Recorder {
   void WriteDesiredRates(double factor);
   void RunRateControl();
   void RecordEpoch();
+  void File(const jobstore::EpochRow& row);
   jobstore::EpochRow Measure();
   std::int32_t SectionsOn(const Pose& pose) const;
   void GoOn();
@@ -59,7 +61,9 @@ class Recorder {
   std::size_t implement_ = 0;   ///< the one attached
   std::int64_t prescription_ = 0;
   std::int64_t lots_ = 0;
-  std::int64_t changedAt_ = -1;  ///< the row whose changes were made
+  std::int64_t changedAt_ = -1;             ///< the row whose changes were made
+  std::optional<jobstore::EpochRow> held_;  ///< to be filed behind a later one
+  Place jump_;                              ///< how far off the position is
   bool refilling_ = false;
   bool begins_ = true;
   std::array<double, jobstore::kProductSlots> shown_{};

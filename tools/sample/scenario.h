@@ -63,8 +63,10 @@ struct Scenario {
   double turnRadius = 6;
   double overlap = 0.04;  ///< of the implement's width, between passes
   int headlands = 2;
+  double backUp = 0;  ///< metres in reverse at the end of each pass
 
   std::vector<ImplementSetup> implements;  ///< evenly spread over the job
+  std::int64_t implementRows = 0;          ///< rows between repetitions of the implement's row
   std::vector<Product> products;           ///< up to three
   std::int64_t refillRows = 6000;          ///< rows between refills
   int refillSeconds = 40;
@@ -78,8 +80,13 @@ struct Scenario {
   bool turnsTakePart = true;       ///< rows of turns carry the value 8192
   double dropouts = 0.002;         ///< chance of a row without the value 8192
   double repeatedKeys = 0;         ///< chance of a row with its predecessor's time
+  double filedLate = 0;            ///< chance of a row that is filed behind some of the next ones
+  double gpsNoise = 0.008;         ///< metres
+  double yawNoise = 0.002;         ///< radians, while driving
+  std::int64_t jumpRows = 0;       ///< rows between jumps of 100 m, which soon come back
   bool frozenWhenStopped = false;  ///< no noise at standstill
   std::int64_t stopRows = 4000;    ///< rows between short stops
+  int stopSeconds = 8;
 };
 
 }  // namespace kestrin::sample

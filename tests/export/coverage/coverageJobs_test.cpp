@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/utf8Path.h"
 #include "export/coverage/coverageExport.h"
 #include "tests/export/coverage/setJudge.h"
 #include "tests/support/recordingHost.h"
@@ -16,13 +17,13 @@ namespace {
 /// Exports a job's coverage and judges it.
 test::Verdict JudgeJob(const std::string& name, const std::string& jobPath) {
   const test::TempFolder folder;
-  const std::string base = folder / "job_POLY";
+  const std::string setPath = folder / "job_POLY";
   test::RecordingHost host;
   const auto files = base::NativeFileSystem();
   const shapefile::SetOptions options{{2006, 7, 9}, false};
   exports::ExportRun run{host, *files, options};
-  ExportPolyShape(base, jobPath, run);
-  return test::JudgeSet(name, jobPath, base);
+  ExportPolyShape(setPath, jobPath, run);
+  return test::JudgeSet(name, jobPath, setPath);
 }
 
 void ExpectFitAndTrue(const test::Verdict& verdict) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/utf8Path.h"
 #include "geo/modProj4.h"
 #include "tests/support/database.h"
 #include "tests/support/shapeReader.h"

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -45,6 +46,17 @@ std::string NameOf(const ::testing::TestParamInfo<SampleProfile>& info) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sample, EveryProfile, ::testing::ValuesIn(SampleProfiles()), NameOf);
+
+/// Without the one that shows what consoles and receivers do wrong.
+class EveryCleanProfile : public EveryProfile {};
+
+std::vector<SampleProfile> CleanProfiles() {
+  std::vector<SampleProfile> profiles(SampleProfiles().begin(), SampleProfiles().end());
+  std::erase_if(profiles, [](const SampleProfile& profile) { return profile.name == "jitter"; });
+  return profiles;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sample, EveryCleanProfile, ::testing::ValuesIn(CleanProfiles()), NameOf);
 
 TEST_P(EveryProfile, IsTheSameToTheByteForASeed) {
   const std::string one = Make(Profile(), 1500, 7);
@@ -92,7 +104,7 @@ TEST_P(EveryProfile, IsARollbackJournalJobWithNothingBesideIt) {
 }
 
 // The epochs' times in recorded order; a console's clock does not go back.
-TEST_P(EveryProfile, TimesNeverGoBack) {
+TEST_P(EveryCleanProfile, TimesNeverGoBack) {
   const std::string path = Make(Profile(), 3000);
   EXPECT_EQ(Ask(path,
                 "SELECT count(*) FROM GpsDataTable a JOIN GpsDataTable b "
@@ -101,7 +113,7 @@ TEST_P(EveryProfile, TimesNeverGoBack) {
             0);
 }
 
-TEST_P(EveryProfile, MovesLikeAVehicleWithinAStretch) {
+TEST_P(EveryCleanProfile, MovesLikeAVehicleWithinAStretch) {
   const std::string path = Make(Profile(), 3000);
   EXPECT_LT(Ask(path,
                 "SELECT max((b.e_I_B__B2 - a.e_I_B__B2) * (b.e_I_B__B2 - a.e_I_B__B2) + "
@@ -261,6 +273,63 @@ TEST_F(Sample, DropoutsHaveEqualKeysLostFixesAndEpochsBeforeTheChanges) {
                 "SELECT count(*) FROM GpsDataTable WHERE type & 8192 AND "
                 "gpsMsec < (SELECT min(gpsMsec) FROM ImplChangeTable)"),
             10);
+}
+
+/// Of pairs of rows as an export takes them.
+const std::string kPairs =
+    " FROM (SELECT *, lead(e_I_B__B2) OVER w - e_I_B__B2 AS de, "
+    "lead(n_I_B__B2) OVER w - n_I_B__B2 AS dn, lead(gpsMsec) OVER w - gpsMsec AS dt, "
+    "lead(yaw) OVER w AS nextYaw, lead(speed) OVER w AS nextSpeed "
+    "FROM GpsDataTable WHERE type & 8192 WINDOW w AS (ORDER BY gpsWeek, gpsMsec, rowid)) ";
+
+TEST_F(Sample, JitterStandsWithinCentimetresAndRunsBackThere) {
+  const std::string standing = "WHERE speed = 0 AND nextSpeed = 0 AND de * de + dn * dn < 1";
+  const std::string path = Make("jitter");
+  const double rows = Ask(path, "SELECT count(*)" + kPairs + standing);
+  EXPECT_GT(rows, 1000);
+  EXPECT_LT(Ask(path, "SELECT max(de * de + dn * dn)" + kPairs + standing), 0.15 * 0.15);
+  EXPECT_NEAR(
+      Ask(path, "SELECT count(*)" + kPairs + standing + " AND de * sin(yaw) + dn * cos(yaw) < 0") /
+          rows,
+      0.5, 0.05);
+}
+
+TEST_F(Sample, JitterFoldsAtAFifthOfTheRows) {
+  // An end of the implement, 9 m from its middle, that runs against the heading.
+  const std::string ahead = "de * sin(yaw) + dn * cos(yaw)";
+  const std::string back = "9 * abs(sin(nextYaw - yaw)) > " + ahead;
+  const std::string path = Make("jitter");
+  const double rows = Ask(path, "SELECT count(*)" + kPairs);
+  EXPECT_NEAR(Ask(path, "SELECT count(*)" + kPairs + "WHERE " + back) / rows, 0.2, 0.05);
+}
+
+TEST_F(Sample, JitterJumpsAHundredMetresAndBackAndReversesAtTheEnds) {
+  const std::string path = Make("jitter");
+  const double jumps = Ask(path, "SELECT count(*)" + kPairs + "WHERE de * de + dn * dn > 90 * 90");
+  EXPECT_GT(jumps, 20);
+  EXPECT_EQ(std::remainder(jumps, 2), 0);
+  EXPECT_GT(Ask(path, "SELECT count(*)" + kPairs +
+                          "WHERE speed > 0.5 AND de * sin(yaw) + dn * cos(yaw) < -0.1"),
+            100);
+}
+
+TEST_F(Sample, JitterFilesRowsOutOfOrderAndRepeatsKeys) {
+  const std::string path = Make("jitter");
+  EXPECT_GT(Ask(path,
+                "SELECT count(*) FROM GpsDataTable a JOIN GpsDataTable b "
+                "ON b.rowid = a.rowid + 1 WHERE b.gpsMsec < a.gpsMsec"),
+            200);
+  EXPECT_GT(Ask(path, "SELECT count(*)" + kPairs + "WHERE dt = 0"), 200);
+}
+
+TEST_F(Sample, AddingUpRepeatsTheImplementOnceAMinute) {
+  const std::string path = Make("adding-up");
+  EXPECT_GT(Ask(path, "SELECT sum(width0 * 16) FROM ImplChangeTable"), 500);
+  EXPECT_EQ(Ask(path, "SELECT count(DISTINCT width0) FROM ImplChangeTable"), 1);
+  EXPECT_EQ(Ask(path,
+                "SELECT min(b.gpsMsec - a.gpsMsec) FROM ImplChangeTable a JOIN ImplChangeTable b "
+                "ON b.rowid = a.rowid + 1 AND a.rowid > 1"),
+            60000);
 }
 
 // Actual rates of the start-up never come back within their period, which ends at
