@@ -69,7 +69,8 @@ bool HasGround(const std::vector<ground::Boom>& booms) {
   double squareMetres = 0;
   double metres = 0;
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
-    for (const ground::Patch& patch : ground::Strip(booms[i], booms[i + 1]).Patches()) {
+    const ground::Strip strip(booms[i], booms[i + 1]);
+    for (const ground::Patch& patch : strip.Patches()) {
       squareMetres += std::fabs(patch.squareMetres);
     }
     metres += std::sqrt(ground::SquareDistance(booms[i].left, booms[i + 1].left)) +
@@ -136,12 +137,8 @@ Ring RingMaker::Mended(const std::vector<ground::Boom>& booms, geo::UtmPoint ori
   for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
     const ground::Geos::Area gridded = geos.OnGrid(swept, grid);
     Ring ring = projected(ground::OneLineAround(geos, gridded));
-    fprintf(stderr, "DBG grid %g area %g pieces %zu ring %zu simple %d %d\n", grid,
-            geos.SquareMetres(gridded), geos.Pieces(gridded).size(), ring.metres.size(),
-            lines_.IsSimple(ring.metres), lines_.IsSimple(ring.degrees));
     if (IsSimple(ring)) return ring;
   }
-  fprintf(stderr, "DBG hull\n");
   return projected(ground::HullAround(geos, booms));
 }
 

@@ -8,6 +8,10 @@ namespace {
 
 static_assert(sizeof(geo::UtmPoint) == 2 * sizeof(double), "points are handed over as pairs");
 
+/// Lines closer together than this are one, or the library may take one side of them for
+/// the other without a word.
+constexpr double kGrid = 1e-6;
+
 int TurnBack(double* x, double* y, void* quarters) {
   for (int i = 0; i < *static_cast<int*>(quarters); ++i) {
     const double north = -*x;
@@ -75,7 +79,8 @@ Geos::Area Geos::WoundAbout(const Line& line) {
   for (int quarter = 0; quarter < 4; ++quarter) {
     const Area area = Inside(turned);
     if (IsClockwise(GEOSGeom_getCoordSeq_r(handle_, GEOSGetExteriorRing_r(handle_, area.get())))) {
-      const Area inner = Own(GEOSBuffer_r(handle_, area.get(), 0, 1));
+      Area inner = Own(GEOSBuffer_r(handle_, area.get(), 0, 1));
+      if (quarter == 0) return inner;
       return Own(GEOSGeom_transformXY_r(handle_, inner.get(), &TurnBack, &quarter));
     }
     for (geo::UtmPoint& point : turned) point = {-point.northing, point.easting};
@@ -89,11 +94,11 @@ Geos::Area Geos::Union(std::vector<Area> areas) {
   for (Area& area : areas) given.push_back(area.release());
   const Area all = Own(GEOSGeom_createCollection_r(handle_, GEOS_GEOMETRYCOLLECTION, given.data(),
                                                    static_cast<unsigned>(given.size())));
-  return Own(GEOSUnaryUnion_r(handle_, all.get()));
+  return Own(GEOSUnaryUnionPrec_r(handle_, all.get(), kGrid));
 }
 
 Geos::Area Geos::Difference(const Area& from, const Area& what) {
-  return Own(GEOSDifference_r(handle_, from.get(), what.get()));
+  return Own(GEOSDifferencePrec_r(handle_, from.get(), what.get(), kGrid));
 }
 
 Geos::Area Geos::HullOf(const Line& points, double around) {

@@ -56,6 +56,16 @@ Geos::Area WithNecks(Geos& geos, const std::vector<Piece>& pieces) {
   return geos.Union(std::move(others));
 }
 
+geo::UtmPoint Turned(geo::UtmPoint point, int quarters) {
+  for (int i = 0; i < quarters; ++i) point = {-point.northing, point.easting};
+  return point;
+}
+
+Line Turned(Line line, int quarters) {
+  for (geo::UtmPoint& point : line) point = Turned(point, quarters);
+  return line;
+}
+
 /// Lowers `northing` to where a line due north from `from` first meets another line, which
 /// may touch the point itself.
 void MeetNorthOf(geo::UtmPoint from, const Line& line, double& northing) {
@@ -70,10 +80,10 @@ void MeetNorthOf(geo::UtmPoint from, const Line& line, double& northing) {
   }
 }
 
-/// A piece without holes: from each a slit leads north, into the line around the piece or
-/// into the next hole, from which another does.
-Geos::Area WithSlits(Geos& geos, const Piece& piece) {
-  std::vector<Geos::Area> slits;
+/// The slits north from a piece's holes, each into the line around the piece or into the
+/// next hole, from which another leads on.
+std::vector<Line> SlitsNorth(const Piece& piece) {
+  std::vector<Line> slits;
   for (const Line& hole : piece.holes) {
     const geo::UtmPoint from = *std::ranges::max_element(hole, {}, &geo::UtmPoint::northing);
     geo::UtmPoint to{from.easting, std::numeric_limits<double>::infinity()};
@@ -81,7 +91,18 @@ Geos::Area WithSlits(Geos& geos, const Piece& piece) {
     for (const Line& other : piece.holes) {
       if (&other != &hole) MeetNorthOf(from, other, to.northing);
     }
-    if (to.IsFinite()) slits.push_back(geos.Inside(About(from, to)));
+    if (to.IsFinite()) slits.push_back(About(from, to));
+  }
+  return slits;
+}
+
+/// A piece without holes, which slits open after so many quarter turns from north.
+Geos::Area WithSlits(Geos& geos, const Piece& piece, int quarters) {
+  Piece turned{Turned(piece.shell, quarters), {}};
+  for (const Line& hole : piece.holes) turned.holes.push_back(Turned(hole, quarters));
+  std::vector<Geos::Area> slits;
+  for (Line& slit : SlitsNorth(turned)) {
+    slits.push_back(geos.Inside(Turned(std::move(slit), 4 - quarters)));
   }
   return geos.Difference(geos.Inside(piece), geos.Union(std::move(slits)));
 }
@@ -97,7 +118,9 @@ Line OneLineAround(Geos& geos, const Geos::Area& area) {
     for (Piece& piece : pieces) DropSmallest(piece.holes, trifle, std::identity());
     const bool whole = pieces.size() == 1;
     if (whole && pieces.front().holes.empty()) return std::move(pieces.front().shell);
-    pieces = geos.Pieces(whole ? WithSlits(geos, pieces.front()) : WithNecks(geos, pieces));
+    // A slit can lie across a neck. In another direction the next may not.
+    pieces = geos.Pieces(whole ? WithSlits(geos, pieces.front(), round / 2 % 4)
+                               : WithNecks(geos, pieces));
   }
   return {};
 }

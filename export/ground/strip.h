@@ -38,7 +38,7 @@ class Strip {
  public:
   Strip(const Boom& from, const Boom& to);
 
-  std::span<const Patch> Patches() const { return std::span(patches_).first(count_); }
+  std::span<const Patch> Patches() const& { return std::span(patches_).first(count_); }
 
  private:
   void Add(std::initializer_list<geo::UtmPoint> corners);

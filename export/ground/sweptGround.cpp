@@ -46,7 +46,8 @@ class Stretch {
     double forward = 0;
     double both = 0;
     for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
-      for (const Patch& patch : Strip(booms[i], booms[i + 1]).Patches()) {
+      const Strip strip(booms[i], booms[i + 1]);
+      for (const Patch& patch : strip.Patches()) {
         forward += patch.squareMetres;
         both += std::fabs(patch.squareMetres);
         patches_.push_back(patch);
@@ -70,7 +71,6 @@ class Stretch {
   void AddTo(std::vector<Geos::Area>& areas, Geos& geos) const {
     if (patches_.empty()) return;
     Geos::Area inside = geos.WoundAbout(line_);
-
     for (const Patch& patch : patches_) {
       if (!inside || IsLeftOut(patch)) {
         areas.push_back(geos.Inside(patch.Line()));

@@ -29,7 +29,7 @@ class JudgedRows : public testing::Test {
   void Judge(const std::string& name, const std::vector<test::LiteralRow>& rows) {
     test::Verdict one = judge_.Judge(name, rows, WrittenRings(rows));
     if (one.changed.Share() > kWrongOfOne) {
-      fprintf(stderr,"DBG FAULT\n"); one.faults.push_back(name + ": " + std::to_string(100 * one.changed.Share()) + " % wrong of " + std::to_string(one.changed.covered));
+      one.faults.push_back(name + ": " + std::to_string(100 * one.changed.Share()) + " % wrong");
     }
     all_.Add(one);
   }
