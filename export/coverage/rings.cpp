@@ -7,6 +7,7 @@
 #include "export/ground/oneLine.h"
 #include "export/ground/planeGeometry.h"
 #include "export/ground/sweptGround.h"
+#include "export/ground/unfold.h"
 
 namespace kestrin::coverage {
 namespace {
@@ -63,20 +64,18 @@ geo::UtmPoint OriginNear(const ground::Line& line) {
   return {};
 }
 
-/// Whether there is any but what rounding makes of rows in one line.
-bool HasGround(const std::vector<ground::Boom>& booms) {
-  constexpr double kThinnest = 1e-6;
-  double squareMetres = 0;
+/// Ground that is thinner than this, in metres, is what rounding makes of rows in one line.
+constexpr double kThinnest = 1e-6;
+
+/// The share of its ground that may be wrong for the sake of speed.
+constexpr double kMayBeWrong = 0.002;
+
+double LengthOf(const ground::Line& line) {
   double metres = 0;
-  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
-    const ground::Strip strip(booms[i], booms[i + 1]);
-    for (const ground::Patch& patch : strip.Patches()) {
-      squareMetres += std::fabs(patch.squareMetres);
-    }
-    metres += std::sqrt(ground::SquareDistance(booms[i].left, booms[i + 1].left)) +
-              std::sqrt(ground::SquareDistance(booms[i].right, booms[i + 1].right));
+  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+    metres += std::sqrt(ground::SquareDistance(line[i], line[i + 1]));
   }
-  return squareMetres > kThinnest * metres;
+  return metres;
 }
 
 }  // namespace
@@ -92,7 +91,20 @@ Ring RingMaker::Of(const PolygonBuilder::Edges& edges) {
   if (clearance == ground::Clearance::kTight && lines_.IsSimple(ring.degrees)) return ring;
   const geo::UtmPoint origin = OriginNear(line);
   const std::vector<ground::Boom> booms = FiniteBooms(edges, origin);
-  return HasGround(booms) ? Mended(booms, origin) : ring;
+  const ground::Sweep sweep(booms);
+  if (sweep.Total() <= kThinnest * LengthOf(line)) return ring;
+  if (booms.size() == edges.left.size()) ring = Unfolded(line, sweep);
+  return ring.metres.empty() ? Mended(booms, sweep, origin) : ring;
+}
+
+Ring RingMaker::Unfolded(const ground::Line& line, const ground::Sweep& sweep) {
+  double mayBeWrong = kMayBeWrong * sweep.Net();
+  for (const ground::Patch& patch : sweep.Hidden()) mayBeWrong -= std::fabs(patch.squareMetres);
+  if (mayBeWrong <= 0) return {};
+  const ground::Line unfolded = ground::Unfold(line, mayBeWrong);
+  if (lines_.Of(unfolded) == ground::Clearance::kNone) return {};
+  Ring ring = Projected(unfolded);
+  return IsSimple(ring) ? ring : Ring();
 }
 
 bool RingMaker::IsSimple(const Ring& ring) {
@@ -125,13 +137,14 @@ Ring RingMaker::Projected(const ground::Line& line) {
   return ring;
 }
 
-Ring RingMaker::Mended(const std::vector<ground::Boom>& booms, geo::UtmPoint origin) {
+Ring RingMaker::Mended(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
+                       geo::UtmPoint origin) {
   const auto projected = [&](ground::Line line) {
     for (geo::UtmPoint& point : line) point = Sum(point, origin);
     return Projected(line);
   };
   ground::Geos geos;
-  const ground::Geos::Area swept = ground::SweptGround(geos, booms, host_);
+  const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
   // What lies closer together than a projection's last digits can touch in degrees. A
   // grid keeps it apart.
   for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {

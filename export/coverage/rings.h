@@ -7,7 +7,7 @@
 #include "export/coverage/polygonBuilder.h"
 #include "export/ground/geos.h"
 #include "export/ground/simpleLine.h"
-#include "export/ground/strip.h"
+#include "export/ground/sweep.h"
 #include "geo/workingPlane.h"
 
 namespace kestrin::coverage {
@@ -49,8 +49,11 @@ class RingMaker {
   Ring Projected(const ground::Line& line);
   /// Whether it is in metres, in degrees, and for who projects these again.
   bool IsSimple(const Ring& ring);
+  /// The line with its small loops cut off, if it is the ring then; else an empty one.
+  Ring Unfolded(const ground::Line& line, const ground::Sweep& sweep);
   /// A ring of ground given by its booms as seen from `origin`.
-  Ring Mended(const std::vector<ground::Boom>& booms, geo::UtmPoint origin);
+  Ring Mended(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
+              geo::UtmPoint origin);
 
   const geo::WorkingPlane& plane_;
   base::RunHost& host_;

@@ -13,11 +13,7 @@ namespace {
 constexpr double kWidth = 0.001;  // of necks and slits
 constexpr double kTrifle = 0.0005;
 
-double SquareMetresIn(const Line& line) {
-  double twice = 0;
-  for (std::size_t i = 1; i + 1 < line.size(); ++i) twice += Cross(line[0], line[i], line[i + 1]);
-  return std::fabs(twice) / 2;
-}
+double SquareMetresIn(const Line& line) { return std::fabs(PolygonAreaFromFirst(line)); }
 
 /// Takes the smallest out of `lines`, up to so much ground together.
 template <class Element, class LineOf>

@@ -27,10 +27,21 @@ void FindLineIntersection(double x1, double y1, double x2, double y2, double x3,
 /// first point at the end has the same area.
 double PolygonArea(std::span<const geo::UtmPoint> points);
 
+/// The same, measured from the first point: so far from the plane's origin the rounding
+/// errors would be larger than a thin ring.
+double PolygonAreaFromFirst(std::span<const geo::UtmPoint> points);
+
 /// Twice the signed area of the triangle o, a, b: positive when counter-clockwise.
 inline double Cross(geo::UtmPoint o, geo::UtmPoint a, geo::UtmPoint b) {
   return (a.easting - o.easting) * (b.northing - o.northing) -
          (b.easting - o.easting) * (a.northing - o.northing);
+}
+
+/// The product of the ways from `o` to `a` and to `b`: positive when they lead the same
+/// way.
+inline double Dot(geo::UtmPoint o, geo::UtmPoint a, geo::UtmPoint b) {
+  return (a.easting - o.easting) * (b.easting - o.easting) +
+         (a.northing - o.northing) * (b.northing - o.northing);
 }
 
 double SquareDistance(geo::UtmPoint a, geo::UtmPoint b);

@@ -22,11 +22,6 @@ double ClearanceOf(std::span<const geo::UtmPoint> line) {
   return 1e-6 + 1e-7 * longest;
 }
 
-double Dot(geo::UtmPoint o, geo::UtmPoint a, geo::UtmPoint b) {
-  return (a.easting - o.easting) * (b.easting - o.easting) +
-         (a.northing - o.northing) * (b.northing - o.northing);
-}
-
 double SquareDistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
   const double share = std::clamp(Dot(a, point, b) / SquareDistance(a, b), 0.0, 1.0);
   return SquareDistance(point, {a.easting + share * (b.easting - a.easting),

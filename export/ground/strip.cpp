@@ -25,13 +25,8 @@ void Strip::Add(std::initializer_list<geo::UtmPoint> corners) {
   std::ranges::copy(corners, patch.points.begin());
   patch.points[corners.size()] = *corners.begin();
   patch.count = corners.size() + 1;
-  // Clockwise is forward. Measured from a corner: so far from the plane's origin the
-  // rounding errors would be larger than a thin patch.
-  double twice = 0;
-  for (std::size_t i = 1; i + 1 < corners.size(); ++i) {
-    twice += Cross(patch.points[0], patch.points[i + 1], patch.points[i]);
-  }
-  patch.squareMetres = twice / 2;
+  // Clockwise is forward.
+  patch.squareMetres = -PolygonAreaFromFirst(patch.Line());
   if (patch.squareMetres != 0) ++count_;
 }
 
