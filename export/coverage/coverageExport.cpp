@@ -28,7 +28,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
 
   RingMaker rings(offsets.Plane(), run.host);
-  RingWriter writer(basePath, run);
+  RingWriter writer(basePath, offsets.Plane(), run);
   PolygonBuilder polygons([&](const PolygonBuilder::Edges& edges) {
     if (!basePath.empty()) writer.Write(rings.Of(edges));
   });

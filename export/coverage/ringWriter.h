@@ -10,22 +10,23 @@
 
 namespace kestrin::coverage {
 
-/// Writes the rings of a job as a polygon set, record by record. Makes no files before the
-/// first ring to write.
+/// Writes the rings of a job as a polygon set, record by record, projected to degrees. Makes no
+/// files before the first ring to write.
 ///
 /// Throws what the files throw; without Finish() nothing stays of the set.
 class RingWriter {
  public:
-  RingWriter(const std::string& basePath, exports::ExportRun& run);
+  RingWriter(const std::string& basePath, const geo::WorkingPlane& plane, exports::ExportRun& run);
 
   /// Writes a ring; an empty one leaves no trace.
-  void Write(const Ring& ring);
+  void Write(Ring ring);
 
   /// Completes the set; false when there is none.
   bool Finish();
 
  private:
   const std::string& basePath_;
+  const geo::WorkingPlane& plane_;
   exports::ExportRun& run_;
   std::optional<shapefile::ShapefileSet> set_;
   shapefile::AttributeRecord attributes_;

@@ -1,9 +1,9 @@
 #include "export/coverage/rings.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
+#include "export/coverage/ringDegrees.h"
 #include "export/ground/oneLine.h"
 #include "export/ground/planeGeometry.h"
 #include "export/ground/sweptGround.h"
@@ -12,26 +12,55 @@
 namespace kestrin::coverage {
 namespace {
 
+using Edges = PolygonBuilder::Edges;
+using ground::Clearance;
+
 constexpr double kAcresPerSquareMetre = 0.000247105381;
 
-void Add(ground::Line& line, geo::UtmPoint point) {
-  if (line.empty() || point != line.back()) line.push_back(point);
+/// Ground that is thinner than this, in metres, is what rounding makes of rows in one line.
+constexpr double kThinnest = 1e-6;
+
+/// The share of a polygon's ground that may be wrong for the sake of speed, and what a share
+/// of all polygons' ground so far allows beyond that, up to half a square metre: where a
+/// vehicle stands and jitters there are polygons of a hand's breadth by the dozen.
+constexpr double kMayBeWrong = 0.002;
+constexpr double kSaved = 0.001;
+constexpr double kMostOfOne = 0.5;
+
+/// The length of the longest segment.
+double Longest(Ring line) {
+  double square = 0;
+  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+    square = std::max(square, ground::SquareDistance(line[i], line[i + 1]));
+  }
+  return std::sqrt(square);
 }
 
-ground::Line LineAround(const PolygonBuilder::Edges& edges) {
-  ground::Line line;
-  line.reserve(edges.left.size() + edges.right.size() + 1);
-  for (const geo::UtmPoint& point : edges.left) Add(line, point);
-  // NOLINTNEXTLINE(modernize-loop-convert): Clang 14 does not know the library's reversed view.
-  for (auto point = edges.right.rbegin(); point != edges.right.rend(); ++point) Add(line, *point);
-  if (!line.empty()) Add(line, line.front());
-  return line;
+double Longest(const Edges& edges) {
+  const geo::UtmPoint first[] = {edges.left.front(), edges.right.front()};
+  const geo::UtmPoint last[] = {edges.left.back(), edges.right.back()};
+  return std::max({Longest(edges.left), Longest(edges.right), Longest(first), Longest(last)});
 }
 
-bool HasThreePoints(const ground::Line& line) {
+void DrawAround(const Edges& edges, ground::TestedLine& line) {
+  line.Restart(edges.left.size() + edges.right.size() + 1, Longest(edges));
+  for (const geo::UtmPoint& point : edges.left) line.Add(point);
+  for (std::size_t i = edges.right.size(); i-- > 0;) {
+    if (i > 0 || edges.right[i] != edges.left.front()) line.Add(edges.right[i]);
+  }
+  line.Close();
+}
+
+void Draw(Ring ring, ground::TestedLine& line, double longest = 0) {
+  line.Restart(ring.size(), longest);
+  for (const geo::UtmPoint& point : ring.first(ring.size() - 1)) line.Add(point);
+  line.Close();
+}
+
+bool HasThreePoints(Ring ring) {
   std::size_t distinct = 0;
   const geo::UtmPoint* known[2] = {};
-  for (const geo::UtmPoint& point : line) {
+  for (const geo::UtmPoint& point : ring) {
     if ((distinct > 0 && point == *known[0]) || (distinct > 1 && point == *known[1])) continue;
     if (distinct == 2) return true;
     known[distinct++] = &point;
@@ -43,8 +72,16 @@ geo::UtmPoint Sum(geo::UtmPoint a, geo::UtmPoint b) {
   return {a.easting + b.easting, a.northing + b.northing};
 }
 
+/// Some whole metres near a polygon: from there its points have digits enough for what
+/// is computed with them, and come back as they were.
+geo::UtmPoint OriginNear(Ring ring) {
+  const auto point = std::ranges::find_if(ring, &geo::UtmPoint::IsFinite);
+  if (point == ring.end()) return {};
+  return {std::round(point->easting), std::round(point->northing)};
+}
+
 /// The booms by which ground is known, seen from `origin`.
-std::vector<ground::Boom> FiniteBooms(const PolygonBuilder::Edges& edges, geo::UtmPoint origin) {
+std::vector<ground::Boom> FiniteBooms(const Edges& edges, geo::UtmPoint origin) {
   const geo::UtmPoint back{-origin.easting, -origin.northing};
   std::vector<ground::Boom> booms;
   booms.reserve(edges.left.size());
@@ -55,104 +92,86 @@ std::vector<ground::Boom> FiniteBooms(const PolygonBuilder::Edges& edges, geo::U
   return booms;
 }
 
-/// Some whole metres near a polygon: from there its points have digits enough for what
-/// is computed with them, and come back as they were.
-geo::UtmPoint OriginNear(const ground::Line& line) {
-  for (const geo::UtmPoint& point : line) {
-    if (point.IsFinite()) return {std::round(point.easting), std::round(point.northing)};
-  }
-  return {};
-}
-
-/// Ground that is thinner than this, in metres, is what rounding makes of rows in one line.
-constexpr double kThinnest = 1e-6;
-
-/// The share of its ground that may be wrong for the sake of speed.
-constexpr double kMayBeWrong = 0.002;
-
-double LengthOf(const ground::Line& line) {
-  double metres = 0;
-  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
-    metres += std::sqrt(ground::SquareDistance(line[i], line[i + 1]));
-  }
-  return metres;
+/// Turns a closed line until it begins at the point nearest to another.
+void BeginAt(ground::Line& line, geo::UtmPoint point) {
+  if (line.empty()) return;
+  line.pop_back();
+  std::ranges::rotate(line, std::ranges::min_element(line, {}, [&](const geo::UtmPoint& other) {
+                        return ground::SquareDistance(other, point);
+                      }));
+  line.push_back(line.front());
 }
 
 }  // namespace
 
-double Ring::Acres() const { return std::fabs(ground::PolygonArea(metres)) * kAcresPerSquareMetre; }
+double AcresIn(Ring ring) { return std::fabs(ground::PolygonArea(ring)) * kAcresPerSquareMetre; }
 
-Ring RingMaker::Of(const PolygonBuilder::Edges& edges) {
-  const ground::Line line = LineAround(edges);
-  if (!HasThreePoints(line)) return {};
-  const ground::Clearance clearance = lines_.Of(line);
-  Ring ring = Projected(line);
-  if (clearance == ground::Clearance::kWide) return ring;
-  if (clearance == ground::Clearance::kTight && lines_.IsSimple(ring.degrees)) return ring;
-  const geo::UtmPoint origin = OriginNear(line);
+Ring RingMaker::Of(const Edges& edges) {
+  DrawAround(edges, drawn_);
+  const Ring ring = drawn_.Points();
+  if (!HasThreePoints(ring)) return {};
+  saved_ += kSaved * std::fabs(ground::PolygonAreaFromFirst(ring));
+  if (drawn_.Kept() == Clearance::kWide) return ring;
+  if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return ring;
+  return Repaired(edges);
+}
+
+Ring RingMaker::Repaired(const Edges& edges) {
+  const Ring ring = drawn_.Points();
+  const geo::UtmPoint origin = OriginNear(ring);
   const std::vector<ground::Boom> booms = FiniteBooms(edges, origin);
   const ground::Sweep sweep(booms);
-  if (sweep.Total() <= kThinnest * LengthOf(line)) return ring;
-  if (booms.size() == edges.left.size()) ring = Unfolded(line, sweep);
-  return ring.metres.empty() ? Mended(booms, sweep, origin) : ring;
+  if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
+  if (booms.size() < edges.left.size() || !Unfold(sweep)) Mend(booms, sweep, origin);
+  return ring_;
 }
 
-Ring RingMaker::Unfolded(const ground::Line& line, const ground::Sweep& sweep) {
-  double mayBeWrong = kMayBeWrong * sweep.Net();
+bool RingMaker::Unfold(const ground::Sweep& sweep) {
+  const double saved = std::min(saved_, kMostOfOne);
+  double mayBeWrong = kMayBeWrong * sweep.Net() + saved;
   for (const ground::Patch& patch : sweep.Hidden()) mayBeWrong -= std::fabs(patch.squareMetres);
-  if (mayBeWrong <= 0) return {};
-  const ground::Line unfolded = ground::Unfold(line, mayBeWrong);
-  if (lines_.Of(unfolded) == ground::Clearance::kNone) return {};
-  Ring ring = Projected(unfolded);
-  return IsSimple(ring) ? ring : Ring();
+  if (mayBeWrong <= 0) return false;
+  ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
+  if (ring_.size() < 4 || !IsFit()) return false;
+  saved_ -= saved;
+  return true;
 }
 
-bool RingMaker::IsSimple(const Ring& ring) {
-  if (!lines_.IsSimple(ring.metres) || !lines_.IsSimple(ring.degrees)) return false;
-  ground::Line back;
-  back.reserve(ring.degrees.size());
-  for (const geo::GeoPoint& point : ring.degrees) back.push_back(plane_.ToUtm(point));
-  return lines_.IsSimple(back);
-}
-
-Ring RingMaker::Projected(const ground::Line& line) {
-  constexpr std::size_t kTogether = 64;
-  std::array<geo::GeoPoint, kTogether> degrees{};
-  Ring ring;
-  ring.metres.reserve(line.size());
-  ring.degrees.reserve(line.size());
-  const std::span<const geo::UtmPoint> points(line);
-  for (std::size_t i = 0; i < points.size(); i += kTogether) {
-    // A whole field can be one ring.
-    if (i > 0) host_.Yield();
-    const auto some = points.subspan(i, std::min(kTogether, points.size() - i));
-    plane_.ToGeo(some, degrees);
-    for (std::size_t k = 0; k < some.size(); ++k) {
-      // Points a millionth of a millimetre apart can become one.
-      if (!ring.degrees.empty() && degrees[k] == ring.degrees.back()) continue;
-      ring.metres.push_back(some[k]);
-      ring.degrees.push_back(degrees[k]);
-    }
-  }
-  return ring;
-}
-
-Ring RingMaker::Mended(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
-                       geo::UtmPoint origin) {
-  const auto projected = [&](ground::Line line) {
-    for (geo::UtmPoint& point : line) point = Sum(point, origin);
-    return Projected(line);
-  };
+void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
+                     geo::UtmPoint origin) {
   ground::Geos geos;
   const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
+  const auto putBack = [&](ground::Line line) {
+    for (geo::UtmPoint& point : line) point = Sum(point, origin);
+    ring_ = std::move(line);
+  };
   // What lies closer together than a projection's last digits can touch in degrees. A
   // grid keeps it apart.
   for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-    const ground::Geos::Area gridded = geos.OnGrid(swept, grid);
-    Ring ring = projected(ground::OneLineAround(geos, gridded));
-    if (IsSimple(ring)) return ring;
+    putBack(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
+    if (!ring_.empty() && IsFit()) return;
   }
-  return projected(ground::HullAround(geos, booms));
+  putBack(ground::HullAround(geos, booms));
+}
+
+bool RingMaker::IsFit() {
+  BeginAt(ring_, drawn_.Points().front());
+  Draw(ring_, tested_, Longest(ring_));
+  return tested_.Kept() == Clearance::kWide ||
+         (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring_, true));
+}
+
+bool RingMaker::IsSimpleInDegrees(Ring ring, bool andBack) {
+  ground::Line degrees;
+  ground::Line metres;
+  ForEachDegrees(ring, plane_, host_, [&](const geo::GeoPoint& point) {
+    degrees.push_back({point.longitude, point.latitude});
+    if (andBack) metres.push_back(plane_.ToUtm(point));
+  });
+  Draw(degrees, tested_);
+  if (tested_.Kept() == Clearance::kNone || !andBack) return tested_.Kept() != Clearance::kNone;
+  Draw(metres, tested_);
+  return tested_.Kept() != Clearance::kNone;
 }
 
 }  // namespace kestrin::coverage

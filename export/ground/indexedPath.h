@@ -24,6 +24,8 @@ class IndexedPath {
   /// Empties the path; what it has allocated stays.
   void Restart() { Truncate(0); }
 
+  void Reserve(std::size_t points) { points_.reserve(points); }
+
   void Append(geo::UtmPoint point) {
     points_.push_back(point);
     if (points_.size() > kBlock && points_.size() % kBlock == 1) AddBlock();

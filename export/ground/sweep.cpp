@@ -38,6 +38,8 @@ int WindingsAround(std::span<const Boom> booms, geo::UtmPoint point) {
 Sweep::Sweep(std::span<const Boom> booms) : booms_(booms) {
   std::vector<Placed> positive;
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    length_ += std::sqrt(SquareDistance(booms[i].left, booms[i + 1].left)) +
+               std::sqrt(SquareDistance(booms[i].right, booms[i + 1].right));
     const Strip strip(booms[i], booms[i + 1]);
     for (const Patch& patch : strip.Patches()) {
       net_ += patch.squareMetres;

@@ -24,6 +24,8 @@ class Sweep {
   double Net() const { return net_; }
   /// Ground swept, each time it was.
   double Total() const { return total_; }
+  /// The way of both ends together; metres.
+  double Length() const { return length_; }
   /// Whether the vehicle went backward for the most part.
   bool IsBackward() const { return backward_; }
 
@@ -42,6 +44,7 @@ class Sweep {
   std::vector<Placed> against_;  // swept backward
   double net_ = 0;
   double total_ = 0;
+  double length_ = 0;
   bool backward_ = false;
 };
 

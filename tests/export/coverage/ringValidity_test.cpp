@@ -17,8 +17,8 @@ constexpr double kAcresWithin = 1e-5;
 /// The rings made of rows, as they are handed to the writer.
 std::vector<test::WrittenRing> WrittenRings(const std::vector<test::LiteralRow>& rows) {
   std::vector<test::WrittenRing> written;
-  for (const Ring& ring : test::RingsOf(rows)) {
-    written.push_back({ring.degrees, ring.Acres(), kAcresWithin, ring.metres});
+  for (const test::MadeRing& ring : test::RingsOf(rows)) {
+    written.push_back({ring.degrees, ring.acres, kAcresWithin, ring.metres});
   }
   return written;
 }

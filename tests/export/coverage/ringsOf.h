@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "export/coverage/ringDegrees.h"
 #include "export/coverage/rings.h"
 #include "tests/export/coverage/literalCoverage.h"
 #include "tests/support/recordingHost.h"
@@ -11,15 +12,27 @@ namespace kestrin::test {
 /// The zone the rings of rows lie in.
 inline constexpr std::int16_t kRingZone = 14;
 
+/// A ring in both frames.
+struct MadeRing {
+  ground::Line metres;
+  std::vector<geo::GeoPoint> degrees;
+  double acres = 0;
+};
+
 /// The rings made of rows, as they are handed to the writer.
-inline std::vector<coverage::Ring> RingsOf(const std::vector<LiteralRow>& rows) {
+inline std::vector<MadeRing> RingsOf(const std::vector<LiteralRow>& rows) {
   const geo::WorkingPlane plane({{}, 45, -99});
   RecordingHost host;
   coverage::RingMaker maker(plane, host);
-  std::vector<coverage::Ring> rings;
+  std::vector<MadeRing> rings;
   coverage::PolygonBuilder builder([&](const coverage::PolygonBuilder::Edges& edges) {
-    coverage::Ring ring = maker.Of(edges);
-    if (!ring.metres.empty()) rings.push_back(std::move(ring));
+    const coverage::Ring ring = maker.Of(edges);
+    if (ring.empty()) return;
+    MadeRing& made = rings.emplace_back();
+    made.metres.assign(ring.begin(), ring.end());
+    made.acres = coverage::AcresIn(ring);
+    coverage::ForEachDegrees(ring, plane, host,
+                             [&](const geo::GeoPoint& point) { made.degrees.push_back(point); });
   });
   for (const auto& [row, begins] : rows) builder.Add(row, begins);
   builder.Finish();
