@@ -133,7 +133,7 @@ bool RingMaker::Unfold(const ground::Sweep& sweep) {
   if (mayBeWrong <= 0) return false;
   ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
   if (ring_.size() < 4 || !IsFit()) return false;
-  saved_ -= saved;
+  saved_ -= std::max(0.0, saved - mayBeWrong);
   return true;
 }
 

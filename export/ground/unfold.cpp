@@ -86,7 +86,7 @@ class Cutter {
 
 }  // namespace
 
-Line Unfold(const Line& closed, double squareMetres) {
+Line Unfold(const Line& closed, double& squareMetres) {
   Line line = closed;
   // Once from the middle on, and once from the beginning, where loops may close as well.
   for (int turn = 0; turn < 2 && line.size() >= 4; ++turn) {
