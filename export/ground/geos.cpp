@@ -91,10 +91,10 @@ Geos::Area Geos::WoundAbout(const Line& line) {
 Geos::Area Geos::Union(std::vector<Area> areas) {
   std::vector<GEOSGeometry*> given;
   given.reserve(areas.size());
-  for (Area& area : areas) given.push_back(area.release());
+  for (Area& area : areas) given.push_back(OnGrid(area, kGrid).release());
   const Area all = Own(GEOSGeom_createCollection_r(handle_, GEOS_GEOMETRYCOLLECTION, given.data(),
                                                    static_cast<unsigned>(given.size())));
-  return Own(GEOSUnaryUnionPrec_r(handle_, all.get(), kGrid));
+  return Own(GEOSUnaryUnion_r(handle_, all.get()));
 }
 
 Geos::Area Geos::Difference(const Area& from, const Area& what) {

@@ -8,6 +8,11 @@
 namespace kestrin::ground {
 namespace {
 
+/// How far segments must be from each other that are no longer than the root of a square:
+/// a last digit is less than a ten-thousandth of a millimetre, and a straight line becomes
+/// a curve that rises above it by less than a ten-millionth of its length's square.
+double DistanceFor(double squareLength) { return 1e-7 + 1e-7 * squareLength; }
+
 double SquareDistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
   const double share = std::clamp(Dot(a, point, b) / SquareDistance(a, b), 0.0, 1.0);
   return SquareDistance(point, {a.easting + share * (b.easting - a.easting),
@@ -19,10 +24,8 @@ double SquareDistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
 void TestedLine::Restart(std::size_t points, double longest) {
   path_.Restart();
   path_.Reserve(points);
-  kept_ = Clearance::kWide;
-  // A last digit is less than a thousandth of a millimetre, and a straight line becomes a
-  // curve that rises above it by less than a ten-millionth of its length's square.
-  distance_ = longest > 0 ? 1e-6 + 1e-7 * longest * longest : 0;
+  kept_ = longest > 0 ? Clearance::kWide : Clearance::kTight;
+  farthest_ = longest > 0 ? DistanceFor(longest * longest) : 0;
 }
 
 void TestedLine::Add(geo::UtmPoint point) {
@@ -46,7 +49,7 @@ bool TestedLine::NewestIsClear(bool closes) {
   const geo::UtmPoint to = path_.Back();
   if (newest > 0 && !TurnIsClear(path_[newest - 1], from, to)) return false;
   if (closes && !TurnIsClear(from, to, path_[1])) return false;
-  return newest < 2 || !path_.AnyNearNewest(distance_, [&](std::size_t i) {
+  return newest < 2 || !path_.AnyNearNewest(farthest_, [&](std::size_t i) {
     return !(closes && i == 0) && !IsClearOf(i);
   });
 }
@@ -59,32 +62,36 @@ bool TestedLine::IsClearOf(std::size_t segment) {
   // Most lie far to one side, which needs no exact answer.
   const double toA = Cross(from, to, a);
   const double toB = Cross(from, to, b);
-  const double square = 1.0001 * distance_ * distance_ * SquareDistance(from, to);
-  if (distance_ > 0 && (toA > 0) == (toB > 0) && toA * toA > square && toB * toB > square) {
-    return true;
-  }
+  const double length = SquareDistance(from, to);
+  const double distance = DistanceFor(std::max(length, SquareDistance(a, b)));
+  const double square = 1.0001 * distance * distance * length;
+  if ((toA > 0) == (toB > 0) && toA * toA > square && toB * toB > square) return true;
   if (geo::Box::Of(a, b).Overlaps(geo::Box::Of(from, to)) &&
       SideOf(from, to, a) * SideOf(from, to, b) <= 0 &&
       SideOf(a, b, from) * SideOf(a, b, to) <= 0) {
     return false;
   }
-  Note(a, from, to);
-  Note(b, from, to);
-  Note(from, a, b);
-  Note(to, a, b);
+  Note(a, from, to, distance);
+  Note(b, from, to, distance);
+  Note(from, a, b, distance);
+  Note(to, a, b, distance);
   return true;
 }
 
 bool TestedLine::TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to) {
   if (Dot(corner, from, to) <= 0) return true;
   if (SideOf(from, corner, to) == 0) return false;
-  Note(to, from, corner);
-  Note(from, corner, to);
+  const double distance =
+      DistanceFor(std::max(SquareDistance(from, corner), SquareDistance(corner, to)));
+  Note(to, from, corner, distance);
+  Note(from, corner, to, distance);
   return true;
 }
 
-void TestedLine::Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
-  if (SquareDistanceTo(point, a, b) < distance_ * distance_) kept_ = Clearance::kTight;
+void TestedLine::Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b, double distance) {
+  if (kept_ == Clearance::kWide && SquareDistanceTo(point, a, b) < distance * distance) {
+    kept_ = Clearance::kTight;
+  }
 }
 
 }  // namespace kestrin::ground

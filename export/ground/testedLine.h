@@ -41,11 +41,12 @@ class TestedLine {
   bool NewestIsClear(bool closes);
   bool IsClearOf(std::size_t segment);
   bool TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to);
-  void Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b);
+  /// Notes whether a point comes so near to a segment.
+  void Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b, double distance);
 
   IndexedPath path_;
   Clearance kept_ = Clearance::kNone;
-  double distance_ = 0;  // to keep for kWide
+  double farthest_ = 0;  // that any two parts must be from each other for kWide
 };
 
 }  // namespace kestrin::ground
