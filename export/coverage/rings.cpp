@@ -92,9 +92,10 @@ std::vector<ground::Boom> FiniteBooms(const Edges& edges, geo::UtmPoint origin) 
   return booms;
 }
 
-/// Turns a closed line until it begins at the point nearest to another.
+/// Turns a closed line clockwise, and until it begins at the point nearest to another.
 void BeginAt(ground::Line& line, geo::UtmPoint point) {
   if (line.empty()) return;
+  if (ground::PolygonAreaFromFirst(line) > 0) std::ranges::reverse(line);
   line.pop_back();
   std::ranges::rotate(line, std::ranges::min_element(line, {}, [&](const geo::UtmPoint& other) {
                         return ground::SquareDistance(other, point);

@@ -13,7 +13,7 @@ constexpr std::size_t kFar = 24;
 
 class Cutter {
  public:
-  explicit Cutter(double squareMetres) : left_(squareMetres) {}
+  Cutter(std::size_t points, double squareMetres) : left_(squareMetres) { line_.reserve(points); }
 
   void Add(geo::UtmPoint point) {
     if (!line_.empty() && point == line_.back()) return;
@@ -91,7 +91,7 @@ Line Unfold(const Line& closed, double& squareMetres) {
   // Once from the middle on, and once from the beginning, where loops may close as well.
   for (int turn = 0; turn < 2 && line.size() >= 4; ++turn) {
     const std::size_t middle = line.size() / 2;
-    Cutter cutter(squareMetres);
+    Cutter cutter(line.size(), squareMetres);
     for (std::size_t i = 0; i + 1 < line.size(); ++i) {
       cutter.Add(line[(middle + i) % (line.size() - 1)]);
     }

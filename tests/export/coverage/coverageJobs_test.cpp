@@ -26,9 +26,11 @@ test::Verdict JudgeJob(const std::string& name, const std::string& jobPath) {
   return test::JudgeSet(name, jobPath, setPath);
 }
 
+/// A ring that crosses nothing is not asked for its ground: where a wide implement swings
+/// back beside its own way its outline can cross nothing and yet not be that of the ground.
 void ExpectFitAndTrue(const test::Verdict& verdict) {
   EXPECT_TRUE(verdict.faults.empty()) << verdict.Text();
-  EXPECT_LE(verdict.all.Share(), test::kWrongShare);
+  EXPECT_LE(verdict.changed.wrong, test::kWrongShare * verdict.all.covered);
 }
 
 class SampleJobs : public testing::TestWithParam<sample::SampleProfile> {};
@@ -64,6 +66,7 @@ TEST(RecordedJobs, RingsAreValidAndTheGroundCovered) {
     std::printf("%s: %d rings, %zu faults, %.3f %% of the ground wrong\n", name.c_str(),
                 verdict.rings, verdict.faults.size(), 100 * verdict.all.Share());
     ExpectFitAndTrue(verdict);
+    EXPECT_LE(verdict.all.Share(), test::kWrongShare) << name;
   }
   EXPECT_GT(jobs, 0) << "no job in " << folder;
 }
