@@ -141,18 +141,22 @@ bool RingMaker::Unfold(const ground::Sweep& sweep) {
 void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
                      geo::UtmPoint origin) {
   ground::Geos geos;
-  const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
-  const auto putBack = [&](ground::Line line) {
+  const auto isFit = [&](ground::Line line) {
     for (geo::UtmPoint& point : line) point = Sum(point, origin);
     ring_ = std::move(line);
+    return !ring_.empty() && IsFit();
   };
-  // What lies closer together than a projection's last digits can touch in degrees. A
-  // grid keeps it apart.
-  for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-    putBack(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
-    if (!ring_.empty() && IsFit()) return;
+  try {
+    const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
+    // What lies closer together than a projection's last digits can touch in degrees. A
+    // grid keeps it apart.
+    for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
+      if (isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)))) return;
+    }
+  } catch (const ground::GeometryError&) {
+    // A ring never gets lost.
   }
-  putBack(ground::HullAround(geos, booms));
+  isFit(ground::HullAround(geos, booms));
 }
 
 bool RingMaker::IsFit() {

@@ -11,6 +11,7 @@ static_assert(sizeof(geo::UtmPoint) == 2 * sizeof(double), "points are handed ov
 /// Lines closer together than this are one, or the library may take one side of them for
 /// the other without a word.
 constexpr double kGrid = 1e-6;
+constexpr std::size_t kMany = 256;
 
 int TurnBack(double* x, double* y, void* quarters) {
   for (int i = 0; i < *static_cast<int*>(quarters); ++i) {
@@ -88,13 +89,27 @@ Geos::Area Geos::WoundAbout(const Line& line) {
   return {};
 }
 
-Geos::Area Geos::Union(std::vector<Area> areas) {
+Geos::Area Geos::Collection(std::vector<Area> areas) {
   std::vector<GEOSGeometry*> given;
   given.reserve(areas.size());
-  for (Area& area : areas) given.push_back(OnGrid(area, kGrid).release());
-  const Area all = Own(GEOSGeom_createCollection_r(handle_, GEOS_GEOMETRYCOLLECTION, given.data(),
-                                                   static_cast<unsigned>(given.size())));
-  return Own(GEOSUnaryUnion_r(handle_, all.get()));
+  for (Area& area : areas) given.push_back(area.release());
+  return Own(GEOSGeom_createCollection_r(handle_, GEOS_GEOMETRYCOLLECTION, given.data(),
+                                         static_cast<unsigned>(given.size())));
+}
+
+Geos::Area Geos::Union(std::vector<Area> areas) {
+  const bool many = areas.size() > kMany;
+  const Area all = Collection(std::move(areas));
+  if (!many) return UnionOnGrid(all, kGrid);
+  // Many are rounded point by point instead, at a small part of the price. In the rare case
+  // that the library then finds what cannot be, the grid helps.
+  const Area rounded = Own(GEOSGeom_setPrecision_r(handle_, all.get(), kGrid, GEOS_PREC_NO_TOPO));
+  if (GEOSGeometry* both = GEOSUnaryUnion_r(handle_, rounded.get())) return Own(both);
+  return UnionOnGrid(all, kGrid);
+}
+
+Geos::Area Geos::UnionOnGrid(const Area& collection, double metres) {
+  return Own(GEOSUnaryUnionPrec_r(handle_, collection.get(), metres));
 }
 
 Geos::Area Geos::Difference(const Area& from, const Area& what) {

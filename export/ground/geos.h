@@ -60,6 +60,9 @@ class Geos {
 
   /// The union of areas, which may overlap and touch.
   Area Union(std::vector<Area> areas);
+  /// The same slowly, with all points on a grid so many metres wide.
+  Area UnionOnGrid(const Area& collection, double metres);
+  Area Collection(std::vector<Area> areas);
   Area Difference(const Area& from, const Area& what);
 
   /// The convex hull of points, with so many metres around it.

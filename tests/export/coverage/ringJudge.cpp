@@ -9,6 +9,8 @@ namespace {
 using Line = std::vector<geo::UtmPoint>;
 using ground::Geos;
 
+/// On a grid of metres unions cannot go wrong, where lines nearly coincide.
+constexpr double kGrid = 1e-6;
 constexpr double kWidest = 100;  // metres, of any machine
 constexpr double kSquareMetresToAcres = 0.000247105381;
 /// Ground that is thinner than this, in metres, is what rounding makes of none.
@@ -150,13 +152,13 @@ Geos::Area RingJudge::Ground(const LiteralPolygon& polygon) {
         MadeValid(geos_.Inside(Line{polygon.left[i], polygon.left[i + 1], polygon.right[i + 1],
                                     polygon.right[i], polygon.left[i]})));
   }
-  return geos_.Union(std::move(strips));
+  return geos_.UnionOnGrid(geos_.Collection(std::move(strips)), kGrid);
 }
 
 double RingJudge::Difference(const Geos::Area& area, const Line& line) {
   const Geos::Area inside = MadeValid(geos_.Inside(line));
   return geos_.SquareMetres(
-      geos_.Own(GEOSSymDifference_r(geos_.Handle(), area.get(), inside.get())));
+      geos_.Own(GEOSSymDifferencePrec_r(geos_.Handle(), area.get(), inside.get(), kGrid)));
 }
 
 Geos::Area RingJudge::MadeValid(Geos::Area area) {
