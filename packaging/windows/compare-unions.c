@@ -36,8 +36,7 @@ int main(void) {
   for (int i = 0; i < kUnions; ++i) {
     GEOSGeometry* areas[kQuadrilaterals];
     for (int k = 0; k < kQuadrilaterals; ++k) areas[k] = Quadrilateral();
-    GEOSGeometry* all =
-        GEOSGeom_createCollection(GEOS_GEOMETRYCOLLECTION, areas, kQuadrilaterals);
+    GEOSGeometry* all = GEOSGeom_createCollection(GEOS_GEOMETRYCOLLECTION, areas, kQuadrilaterals);
     GEOSGeometry* sum = GEOSUnaryUnion(all);
     if (sum == NULL) return 1;
     size_t size = 0;
