@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPrinterInfo>
+#include <algorithm>
 
 #include "app/widgets/colours.h"
 #include "app/widgets/fonts.h"
@@ -42,11 +43,21 @@ QFont SheetFont(const widgets::FontSpec& spec) {
   return font;
 }
 
-void DrawText(QPainter& painter, const widgets::TwipRect& place, const widgets::FontSpec& font,
+/// Draws the whole text inside its place: narrowed as long as that is enough, then in
+/// ever smaller letters that go on in the next line.
+void DrawText(QPainter& painter, const widgets::TwipRect& place, const widgets::FontSpec& spec,
               const QString& text, Qt::AlignmentFlag across = Qt::AlignLeft) {
-  painter.setFont(widgets::Fitted(SheetFont(font), text, place.width));
-  painter.drawText(InTwips(place), static_cast<int>(across | Qt::AlignTop | Qt::TextDontClip),
-                   text);
+  const auto how =
+      static_cast<int>(across | Qt::AlignTop | Qt::TextWrapAnywhere | Qt::TextDontClip);
+  QFont font = widgets::Fitted(SheetFont(spec), text, place.width);
+  painter.setFont(font);
+  QRect room = InTwips(place);
+  room.setHeight(std::max(room.height(), painter.fontMetrics().height()));
+  while (!room.contains(painter.boundingRect(room, how, text)) && font.pixelSize() > 1) {
+    font.setPixelSize(font.pixelSize() * 19 / 20);
+    painter.setFont(font);
+  }
+  painter.drawText(room, how, text);
 }
 
 void DrawTexts(QPainter& painter, const SheetContent& content) {
@@ -58,6 +69,12 @@ void DrawTexts(QPainter& painter, const SheetContent& content) {
   DrawText(painter, kNotesHeading, kHeadingFont, "NOTES:");
   painter.setPen(widgets::kDarkGrey);
   DrawText(painter, kNotice, kNoticeFont, widgets::kNoticeText, Qt::AlignHCenter);
+}
+
+/// What the queue calls the sheet, so that users find it there.
+QString QueueTitle(const QString& jobName) {
+  const QString program = "Kestrin";
+  return jobName.isEmpty() ? program : jobName + " - " + program;
 }
 
 }  // namespace
@@ -99,7 +116,7 @@ void PrintFrm::Print() {
   if (printer == nullptr) return;
   // Places count from the corner of the paper, not of the area the printer reaches.
   printer->setFullPage(true);
-  printer->setDocName(content_.jobName);
+  printer->setDocName(QueueTitle(content_.jobName));
   QPainter painter;
   if (!painter.begin(printer.get())) return;
   DrawJobSheet(painter, printer->resolution(), content_);

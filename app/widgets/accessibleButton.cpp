@@ -4,6 +4,8 @@
 
 #include "app/widgets/buttons.h"
 #include "app/widgets/frame.h"
+#include "app/widgets/pictureBox.h"
+#include "app/widgets/shapes.h"
 
 namespace kestrin::widgets {
 
@@ -55,14 +57,25 @@ class AccessibleButton : public QAccessibleWidget {
   QAbstractButton* button_;
 };
 
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+/// What readers are told of a widget that Qt would call mere filling.
+QAccessible::Role RoleOf(const QString& type, const QWidget* widget) {
+  if (qobject_cast<const Frame*>(widget) != nullptr) return QAccessible::Grouping;
+  if (qobject_cast<const PictureBox*>(widget) != nullptr) return QAccessible::Graphic;
+  if (qobject_cast<const LogoView*>(widget) != nullptr) return QAccessible::Graphic;
+  if (type == "QWidget" && widget->isWindow()) return QAccessible::Window;
+  return QAccessible::NoRole;
+}
+
+QAccessibleInterface* MakeAccessible(const QString& type, QObject* object) {
   if (auto* button = qobject_cast<GraphicalButton*>(object)) {
     return new AccessibleButton(button, QAccessible::PushButton);
   }
   if (auto* option = qobject_cast<OptionButton*>(object)) {
     return new AccessibleButton(option, QAccessible::RadioButton);
   }
-  return nullptr;
+  auto* widget = qobject_cast<QWidget*>(object);
+  const QAccessible::Role role = widget == nullptr ? QAccessible::NoRole : RoleOf(type, widget);
+  return role == QAccessible::NoRole ? nullptr : new QAccessibleWidget(widget, role);
 }
 
 }  // namespace

@@ -85,16 +85,22 @@ export WINEQT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\liberation'
 export WINEQT_FORCE_STDERR_LOGGING=1
 export KESTRIN_STICK=E KESTRIN_EMPTY_READER=F KESTRIN_SHARE='\\nas\jobs'
 
-# The maths functions here and there, over millions of arguments.
-compare_maths() {
-  local source=packaging/windows/compare-maths.c
-  gcc -O2 -fno-builtin "$source" -o "$work/compare-maths" -lm
+# compare NAME HERE THERE: what compare-NAME prints here and there, and which library it is
+# linked with.
+compare() {
+  local name=$work/compare-$1 source=packaging/windows/compare-$1.c
+  gcc -O2 -fno-builtin -ffp-contract=off "$source" -o "$name" "$2"
   x86_64-w64-mingw32-gcc-posix -O2 -fno-builtin -D__USE_MINGW_ANSI_STDIO=1 "$source" \
-    -o "$work/compare-maths.exe" "$prefix/lib/libm-glibc.dll.a"
-  "$work/compare-maths" >"$work/maths-here"
-  wine_run 120 "$work/compare-maths.exe" | tr -d '\r' >"$work/maths-there"
-  diff "$work/maths-here" "$work/maths-there"
+    -o "$name.exe" -I "$prefix/include" "$prefix/lib/$3"
+  "$name" >"$name-here"
+  wine_run 120 "$name.exe" | tr -d '\r' >"$name-there"
+  [ -s "$name-here" ]
+  diff "$name-here" "$name-there" | cut -c 1-100
 }
+# The maths functions, over millions of arguments.
+compare_maths() { compare maths -lm libm-glibc.dll.a; }
+# Areas that overlap, over thousands of them.
+compare_unions() { compare unions -lgeos_c libgeos_c.dll.a; }
 
 # Every sample job, exported here and there.
 compare_sets() {

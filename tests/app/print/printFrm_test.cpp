@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "tests/app/testWindow.h"
 
@@ -77,12 +78,39 @@ class JobSheetTest : public testing::Test {
     EXPECT_NEAR(word.top, top, kWithin) << text.toStdString();
   }
 
-  void Print(bool withJob) {
+  /// With no job selected when it has no name.
+  void Print(const std::string& jobName = "North.Field") {
     TestWindow window(
         [this](window::Surroundings& around) { around.printers = PdfPrinter(Path()); });
-    if (withJob) window.Select(SmallJob(window.folder));
+    if (!jobName.empty()) window.Select(SmallJob(window.folder, jobName + ".sqlite"));
     window.Click("Command4");
     words_ = WordsIn(Path());
+  }
+
+  /// What stands above the heading of the date but "JOB:", as it is read.
+  std::vector<Word> NameWords() {
+    constexpr double kWithin = 30;
+    const double below = Find("LAST").top - kWithin;
+    std::vector<Word> words = words_;
+    std::erase_if(words, [&](const Word& word) { return word.top > below || word.text == "JOB:"; });
+    std::ranges::sort(words, [](const Word& a, const Word& b) {
+      return std::abs(a.top - b.top) > kWithin ? a.top < b.top : a.left < b.left;
+    });
+    return words;
+  }
+
+  /// The whole name is there, in order, and inside its place.
+  void ExpectNameInside(const std::string& jobName) {
+    Print(jobName);
+    QString whole;
+    for (const Word& word : NameWords()) {
+      whole += word.text;
+      EXPECT_GE(word.left, 2460 - 20) << jobName;
+      EXPECT_LE(word.right, 2460 + 4905 + 20) << jobName;
+      EXPECT_GE(word.top, 855 - 20) << jobName;
+      EXPECT_LE(word.bottom, 855 + 240 + 20) << jobName;
+    }
+    EXPECT_EQ(whole.toStdString(), QString::fromStdString(jobName).remove(' ').toStdString());
   }
 
   std::string Path() { return folder_ / "sheet.pdf"; }
@@ -92,7 +120,7 @@ class JobSheetTest : public testing::Test {
 };
 
 TEST_F(JobSheetTest, TextsStandAtTheirPlaces) {
-  Print(true);
+  Print();
   ExpectAt("JOB:", 1920, 840);
   ExpectAt("North.Field", 2460, 855);
   ExpectAt("LAST", 1920, 1440);
@@ -101,14 +129,14 @@ TEST_F(JobSheetTest, TextsStandAtTheirPlaces) {
 }
 
 TEST_F(JobSheetTest, NoticeIsCentredInItsPlace) {
-  Print(true);
+  Print();
   const double middle = (Find("Kestrin:").left + Find("exporter").right) / 2;
   EXPECT_NEAR(middle, 6960 + 2895 / 2.0, 40);
   EXPECT_NEAR(Find("Kestrin:").top, 14280, 60);
 }
 
 TEST_F(JobSheetTest, HeadingsAreBoldArialOrOneOfItsWidths) {
-  Print(true);
+  Print();
   const QString fonts = RunTool("pdffonts", {QString::fromStdString(Path())});
   EXPECT_TRUE(fonts.contains(QRegularExpression("(Arial|Liberation ?Sans|Arimo).*Bold")))
       << fonts.toStdString();
@@ -117,13 +145,13 @@ TEST_F(JobSheetTest, HeadingsAreBoldArialOrOneOfItsWidths) {
 }
 
 TEST_F(JobSheetTest, IsOnePage) {
-  Print(true);
+  Print();
   EXPECT_TRUE(RunTool("pdfinfo", {QString::fromStdString(Path())})
                   .contains(QRegularExpression("Pages: +1\\b")));
 }
 
 TEST_F(JobSheetTest, PictureAndLinesAreInTheirPlaces) {
-  Print(true);
+  Print();
   RunTool("pdftoppm", {"-r", "96", "-png", "-singlefile", QString::fromStdString(Path()),
                        QString::fromStdString(folder_ / "page")});
   const QImage page(QString::fromStdString(folder_ / "page.png"));
@@ -164,8 +192,25 @@ TEST_F(JobSheetTest, PictureAndLinesAreInTheirPlaces) {
   EXPECT_NEAR(bottom, box.bottom() - 5, 3);
 }
 
+TEST_F(JobSheetTest, WholeNameStandsInItsPlaceHoweverLongItIs) {
+  ExpectNameInside("North.Field");
+  ExpectNameInside("Planting of the north field behind the barn, second half");
+  std::string longest;
+  while (longest.size() < 248) longest += static_cast<char>('A' + longest.size() % 26);
+  ExpectNameInside(longest);
+}
+
+TEST_F(JobSheetTest, LongestNameCanBeReadWithTheNakedEye) {
+  // As many letters as a file's name can have, of ordinary width.
+  std::string longest;
+  while (longest.size() < 240) longest += "North field ";
+  ExpectNameInside(longest + "end");
+  constexpr double kFourPoints = 4 * kTwipsPerPoint;
+  for (const Word& word : NameWords()) EXPECT_GE(word.bottom - word.top, kFourPoints);
+}
+
 TEST_F(JobSheetTest, WithoutAJobSaysTheZeroDate) {
-  Print(false);
+  Print("");
   ExpectAt("12/30/1899", 3585, 1455);
   ExpectAt("JOB:", 1920, 840);
 }
@@ -182,7 +227,7 @@ TEST(JobSheet, WithoutAPrinterNothingHappens) {
 TEST(JobSheetOnAQueue, IsPrintedOnTheDefaultPrinter) {
   if (!qEnvironmentVariableIsSet("KESTRIN_PRINT")) GTEST_SKIP() << "no printer for tests";
   TestWindow window([](window::Surroundings& around) { around.printers = DefaultPrinter; });
-  window.Select(SmallJob(window.folder, "KestrinQueueTest.sqlite"));
+  window.Select(SmallJob(window.folder, "North.QueueTest.sqlite"));
   ASSERT_NE(DefaultPrinter(), nullptr);
   window.Click("Command4");
 }
