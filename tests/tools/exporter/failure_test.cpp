@@ -40,15 +40,20 @@ TEST_F(ExportFailure, MissingJobTakesTheOldSetOfItsBaseAway) {
   EXPECT_FALSE(Exists("x_WIRE.shp") || Exists("x_WIRE.shx") || Exists("x_WIRE.dbf"));
 }
 
-TEST_F(ExportFailure, JobThatIsNoDatabaseCannotBeOpened) {
-  std::ofstream(folder_ / "text.sqlite") << std::string(5000, 'x');
-  for (const auto& target : {std::vector<std::string>{}, {"--base", "x"}}) {
-    std::vector<std::string> arguments{"--kind", "wire", "text.sqlite"};
-    arguments.insert(arguments.begin(), target.begin(), target.end());
-    const CommandResult run = Run(arguments);
-    EXPECT_EQ(run.code, 1);
-    EXPECT_EQ(run.out, "");
-    EXPECT_THAT(run.err, ::testing::StartsWith("kestrin-export: text.sqlite: wire: Error "));
+TEST_F(ExportFailure, JobThatIsNoDatabaseOpensAndHasNoStatement) {
+  const std::string whole = FileBytes(Sample("whole.sqlite"));
+  const std::pair<std::string, std::string> broken[] = {
+      {"", "-1"}, {std::string(5000, 'x'), "-26"}, {whole.substr(0, whole.size() / 2), "-11"}};
+  for (const auto& [bytes, code] : broken) {
+    std::ofstream(folder_ / "text.sqlite", std::ios::binary | std::ios::trunc) << bytes;
+    for (const char* target : {"--out=out", "--base=x"}) {
+      const CommandResult run = Run({"--kind", "wire", target, "text.sqlite"});
+      EXPECT_EQ(run.code, 1);
+      EXPECT_EQ(run.out, "");
+      EXPECT_EQ(run.err,
+                "kestrin-export: text.sqlite: wire: Error creating statement: " + code + "\n");
+    }
+    EXPECT_EQ(FileBytes(folder_ / "text.sqlite"), bytes);
   }
 }
 
