@@ -86,7 +86,7 @@ TEST_P(ExportCommand, AsksForTheName) {
 TEST_P(ExportCommand, StartsInTheDocumentsWhenTheExportFolderCannotBeMade) {
   files.refused.insert(Own("/data"));
   Click();
-  EXPECT_EQ(window.request.folder, "/home/user/Documents");
+  EXPECT_EQ(window.request.folder, Own("/home/user/Documents"));
 }
 
 TEST_P(ExportCommand, ACancelledDialogOnlyRestoresTheControls) {
