@@ -5,6 +5,7 @@
 #include "app/flow/warnings.h"
 #include "base/text.h"
 #include "export/setNames.h"
+#include "jobstore/opening/jobCopy.h"
 #include "jobstore/sqliteDefs.h"
 #include "shapefile/shapefileSet.h"
 
@@ -142,7 +143,7 @@ void ExportCommands::CopyJob(const std::string& basePath) {
   const std::string folder = base::SplitAtLastSeparator(basePath).folder;
   if (folder.empty()) return;
   const std::string copy = folder + state_.jobName + std::string(exports::kJobExtension);
-  if (!ports_.files.Exists(copy)) ports_.files.Copy(state_.JobPath(), copy);
+  if (!ports_.files.Exists(copy)) opening::CopyJob(ports_.files, state_.JobPath(), copy);
 }
 
 }  // namespace kestrin::flow

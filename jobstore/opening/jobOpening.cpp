@@ -70,12 +70,6 @@ int ReadSchema(sqlite3* database) {
   return code == SQLITE_OK ? code : sqlite3_extended_errcode(database);
 }
 
-/// What the files of a database come to; what a journal or log holds may be part of
-/// it as well.
-std::uintmax_t SizeOfAll(const fs::path& job) {
-  return SizeOf(job) + SizeOf(Beside(job, "-wal")) + SizeOf(Beside(job, "-journal"));
-}
-
 /// Opens one way and reads the schema.
 void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
   sqlite3* database = nullptr;

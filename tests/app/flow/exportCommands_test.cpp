@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/app/flow/exportCommandsTest.h"
+#include "tests/support/database.h"
 
 namespace kestrin::flow {
 namespace {
@@ -113,6 +114,21 @@ TEST_P(ExportCommand, CopiesTheJobBesideItsSetsOnce) {
   Click();
   Click();
   EXPECT_THAT(files.copied, ElementsAre(jobPath + " to " + Own("/out/North.Field.sqlite")));
+}
+
+TEST_P(ExportCommand, CopiesAJobWithALogAsOneFileThatHoldsIt) {
+  Select("logged.sqlite");
+  test::Database console(job.JobPath());
+  console.Execute("PRAGMA journal_mode=WAL").Execute("UPDATE GpsDataTable SET speed = 77");
+  double speed = 0;
+  files.onCopy = [&](const std::string& from) {
+    EXPECT_NE(from, job.JobPath());
+    speed = test::Ask(from, "SELECT min(speed) FROM GpsDataTable");
+  };
+  window.chosen = Own("/out/a.shp");
+  Click();
+  EXPECT_EQ(speed, 77);
+  EXPECT_EQ(files.names.count(Own("/out/logged.sqlite")), 1U);
 }
 
 TEST_P(ExportCommand, NeverCopiesOverAFileThatIsThere) {

@@ -42,10 +42,13 @@ class FlowTest : public testing::Test {
   struct Files : MemoryFiles {
     explicit Files(RecordingWindow& calls) : window(calls) {}
     void Copy(const std::string& from, const std::string& to) override {
+      if (onCopy) onCopy(from);
       MemoryFiles::Copy(from, to);
       window.Add("copy " + to);
     }
     RecordingWindow& window;
+    /// Hears of every copy before it is made.
+    std::function<void(const std::string& from)> onCopy;
   };
 
   TempFolder folder;

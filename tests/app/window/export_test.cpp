@@ -5,6 +5,7 @@
 
 #include "app/widgets/colours.h"
 #include "tests/app/testWindow.h"
+#include "tests/support/database.h"
 
 namespace kestrin::window {
 namespace {
@@ -114,6 +115,18 @@ TEST_F(ExportTest, CreateAllMakesAllFourAndCopiesTheJobOnce) {
   for (int kind = 0; kind < 4; ++kind) EXPECT_EQ(Colour(Button(kind)), widgets::kGreen);
   EXPECT_EQ(Colour("Command2"), widgets::kGreen);
   EXPECT_TRUE(window_.dialogs.questions.empty());
+}
+
+TEST_F(ExportTest, TheCopyOfAJobThatStillHasItsLogHoldsAllOfIt) {
+  test::Database console(Out("North.Field.sqlite"));
+  console.Execute("PRAGMA journal_mode=WAL; PRAGMA wal_autocheckpoint=0")
+      .Execute("UPDATE GpsDataTable SET speed = 77");
+  std::filesystem::create_directory(Out("sets"));
+  window_.dialogs.toSave = {Out("sets/one.shp")};
+  window_.Click("Command1_0");
+  EXPECT_EQ(test::Ask(Out("sets/North.Field.sqlite"), "SELECT min(speed) FROM GpsDataTable"), 77);
+  EXPECT_FALSE(std::filesystem::exists(Out("sets/North.Field.sqlite-wal")));
+  EXPECT_TRUE(window_.dialogs.messages.empty());
 }
 
 TEST_F(ExportTest, CreateAllGoesBackToTheButtonFaceAfterThreeSeconds) {
