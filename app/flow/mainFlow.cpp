@@ -15,7 +15,7 @@ MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
       version_(version),
       host_(state_.progress, ports.events, ports.dialogs),
       rules_(ports.controls, ports.events, state_.progress),
-      commands_(state_.job, ports, rules_, host_, kinds),
+      commands_(state_.job, state_.progress, ports, rules_, host_, kinds),
       selection_(state_, ports, rules_, host_, version, kinds) {}
 
 void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset) {

@@ -35,6 +35,9 @@ class MemoryFiles : public base::FileSystem {
   void SyncFolderOf(const std::string&) override {}
   bool Exists(const std::string& path) override {
     asked.push_back(path);
+    if (!unreadable.empty() && path.starts_with(unreadable)) {
+      throw base::FileError(path, "unreadable");
+    }
     return names.count(path) > 0;
   }
   void MakeFolder(const std::string& path) override {
@@ -52,6 +55,8 @@ class MemoryFiles : public base::FileSystem {
   /// Paths that can be neither made nor copied to; those that end in a separator are folders
   /// in which no file can be made.
   std::set<std::string> refused;
+  /// Of nothing that begins so can be told whether it exists.
+  std::string unreadable;
   std::vector<std::string> asked;
   std::vector<std::string> made;
   std::vector<std::string> copied;

@@ -57,6 +57,8 @@ class FlowTest : public testing::Test {
   Files files{window};
   /// What the kinds' procedures do: add a row and make their set, unless told otherwise.
   std::function<exports::ExportOutcome(int kind, const std::string& basePath)> onExport;
+  /// What they tell through their host instead, when there is something; no set is made then.
+  std::string failure;
 
  private:
   template <int kind>
