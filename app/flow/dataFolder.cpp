@@ -39,7 +39,7 @@ void MakeDocuments(base::FileSystem& files, const std::string& documents) {
 
 std::string DataFolder(base::FileSystem& files, const std::string& applicationFolder,
                        const std::string& documents) {
-  const std::string beside = base::WithSeparator(DataFolderIn(applicationFolder));
+  std::string beside = base::WithSeparator(DataFolderIn(applicationFolder));
   if (CanBeUsed(files, DataFolderIn(applicationFolder)) || documents.empty()) return beside;
   MakeDocuments(files, documents);
   const bool inDocuments = CanBeUsed(files, DataFolderIn(documents));
