@@ -30,11 +30,12 @@ struct ExportOutcome {
   std::int32_t lastStep = jobstore::kDone;
 };
 
-/// An index outside an array: the run-time error that ends an export without a
-/// message of its own.
+/// An index outside an array: the run-time error that ends an export. It says why in words for
+/// the user wherever it leaves an export.
 class SubscriptError : public std::runtime_error {
  public:
   SubscriptError() : std::runtime_error("Subscript out of range") {}
+  explicit SubscriptError(const std::string& reason) : std::runtime_error(reason) {}
 };
 
 /// What the user is told of a job that cannot be opened, or a query of it that cannot
@@ -44,13 +45,6 @@ inline std::string NotOpenedText(std::int32_t result) {
 }
 inline std::string NotPreparedText(std::int32_t result) {
   return "Error creating statement: " + std::to_string(result);
-}
-
-/// What the user is told of rows that ended with the library's error code instead of
-/// their end.
-inline std::string NotReadToEndText(std::int64_t epochs, std::int32_t code) {
-  return "The job could not be read to its end: " + std::to_string(epochs) +
-         " epochs written, code " + std::to_string(code);
 }
 
 }  // namespace kestrin::exports

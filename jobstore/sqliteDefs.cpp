@@ -26,6 +26,7 @@ std::int32_t Statement::linx_sqlite3_prepare(Database& database, const std::stri
                                              const std::int32_t& length) {
   prepared_.reset();
   const opening::OpenedJob& job = database.job_;
+  if (job.unreadable != SQLITE_OK) return -job.unreadable;
   if (!job.database) return -SQLITE_MISUSE;
   job.budget->Renew();
   const auto size = static_cast<std::int32_t>(

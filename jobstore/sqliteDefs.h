@@ -26,8 +26,9 @@ inline constexpr std::int32_t kDone = 101;
 /// statements. Serves one thread at a time; two share no state.
 class Database {
  public:
-  /// Opens a database file for reading, path in UTF-8; 0 on success.
-  /// Failure: when there is no such file, it cannot be read, or it is no database.
+  /// Opens a database file for reading, path in UTF-8; 0 on success. What is wrong inside the
+  /// file, also that it is no database, shows when a statement is prepared.
+  /// Failure: when there is no such file or it may not be read.
   std::int32_t linx_sqlite3_open(const std::string& path);
 
   /// From now on `call` is called now and then while a statement is at work inside
@@ -50,8 +51,8 @@ class Statement {
  public:
   /// Prepares the first statement in the text's first `length` characters. A statement is
   /// numbered among those of its database from 1 on.
-  /// Failure: for a database that is not open, for a text without a statement, and for
-  /// anything but a selection; the object then has no statement and yields no row.
+  /// Failure: for a database that is not open or is none, for a text without a statement,
+  /// and for anything but a selection; the object then has no statement and yields no row.
   std::int32_t linx_sqlite3_prepare(Database& database, const std::string& sql,
                                     const std::int32_t& length);
 

@@ -1,10 +1,13 @@
 #include "app/flow/exportCommands.h"
 
 #include <exception>
+#include <stdexcept>
 
 #include "app/flow/warnings.h"
 #include "base/text.h"
+#include "export/outcomeTexts.h"
 #include "export/setNames.h"
+#include "jobstore/opening/jobCopy.h"
 #include "jobstore/sqliteDefs.h"
 #include "shapefile/shapefileSet.h"
 
@@ -35,15 +38,17 @@ void ExportCommands::Run(ControlId clicked, Body body) {
     if (JobIsThere()) body();
   } catch (const base::RunCancelled&) {
     throw;
-  } catch (const std::exception&) {
-    // Whatever was worth saying has been said; what is left is to finish.
+  } catch (const std::exception& error) {
+    ports_.dialogs.ShowMessage(error.what());
   }
   rules_.SetControlsEnabled(true, false);
   state_.idle = true;
 }
 
 bool ExportCommands::JobIsThere() {
-  return !state_.jobName.empty() && ports_.files.Exists(state_.JobPath());
+  if (state_.jobName.empty()) return false;
+  if (ports_.files.Exists(state_.JobPath())) return true;
+  throw std::runtime_error("Error opening: " + state_.JobPath() + ": the file is no longer there");
 }
 
 std::string ExportCommands::StartFolder() {
@@ -110,7 +115,7 @@ void ExportCommands::ExportAll() {
 void ExportCommands::Export(int kind, const std::string& basePath) {
   rules_.ShowExportProgress(true, kind);
   ports_.events.DoEvents();
-  const bool written = RunProcedure(kind, basePath);
+  const bool written = RunProcedure(kinds_[At(kind)], basePath);
   const bool exists = shapefile::SetExists(ports_.files, basePath);
   state_.shapeExists[At(kind)] = exists;
   // An old set that could not be replaced exists, but was not created.
@@ -122,19 +127,25 @@ void ExportCommands::Export(int kind, const std::string& basePath) {
   ports_.events.DoEvents();
 }
 
-bool ExportCommands::RunProcedure(int kind, const std::string& basePath) {
+bool ExportCommands::RunProcedure(const exports::ExportKind& kind, const std::string& basePath) {
   try {
     exports::ExportRun run{host_, ports_.files, shapefile::SetOptions{}};
-    const exports::ExportOutcome outcome =
-        kinds_[At(kind)].procedure(basePath, state_.JobPath(), run);
+    const int messages = host_.Messages();
+    const exports::ExportOutcome outcome = kind.procedure(basePath, state_.JobPath(), run);
     if (outcome.lastStep != jobstore::kDone) {
       ports_.dialogs.ShowWarning(kWarningTitle,
-                                 exports::NotReadToEndText(outcome.epochs, outcome.lastStep));
+                                 exports::NotReadToEndText(outcome, progress_.total));
+    } else if (!outcome.made && host_.Messages() == messages) {
+      ports_.dialogs.ShowMessage(exports::kNothingToExport);
     }
     return true;
+  } catch (const base::RunCancelled&) {
+    throw;
   } catch (const base::FileError& error) {
-    ports_.dialogs.ShowMessage("Error writing: " + error.Path() + ": " + error.Reason());
+    ports_.dialogs.ShowMessage(exports::NotWrittenText(error));
     return false;
+  } catch (const std::exception& error) {
+    throw std::runtime_error(exports::NotMadeText(kind.name, error));
   }
 }
 
@@ -142,7 +153,11 @@ void ExportCommands::CopyJob(const std::string& basePath) {
   const std::string folder = base::SplitAtLastSeparator(basePath).folder;
   if (folder.empty()) return;
   const std::string copy = folder + state_.jobName + std::string(exports::kJobExtension);
-  if (!ports_.files.Exists(copy)) ports_.files.Copy(state_.JobPath(), copy);
+  try {
+    if (!ports_.files.Exists(copy)) opening::CopyJob(ports_.files, state_.JobPath(), copy);
+  } catch (const base::FileError& error) {
+    throw std::runtime_error("Error copying: " + error.Path() + ": " + error.Reason());
+  }
 }
 
 }  // namespace kestrin::flow

@@ -6,8 +6,8 @@
 
 #include "app/flow/controlRules.h"
 #include "app/flow/ports.h"
+#include "app/flow/windowHost.h"
 #include "app/flow/windowState.h"
-#include "base/runHost.h"
 #include "export/exportKinds.h"
 
 namespace kestrin::flow {
@@ -16,17 +16,24 @@ namespace kestrin::flow {
 /// run the exports, say per kind whether its set now exists, copy the job beside
 /// the sets.
 ///
-/// A set that cannot be written is said in a box with path and reason, and the next
-/// kind follows. Any other run-time error ends the command, which only restores the
-/// controls. RunCancelled passes through untouched: no control is restored and the
+/// Whatever the user cannot see the reason of is said in a box, once. A set that cannot be
+/// written, a job with nothing to export and one that could not be read to its end are said,
+/// and the next kind follows. A job that is gone when the command starts and any other
+/// run-time error, that of the job's copy included, end the command, which then only restores
+/// the controls. RunCancelled passes through untouched: no control is restored and the
 /// idle flag stays false, because the window is about to close; the exports have
 /// removed what was unfinished.
 class ExportCommands {
  public:
   /// All must outlive the commands.
-  ExportCommands(ExportState& state, const Ports& ports, ControlRules& rules, base::RunHost& host,
-                 const exports::ExportKinds& kinds)
-      : state_(state), ports_(ports), rules_(rules), host_(host), kinds_(kinds) {}
+  ExportCommands(ExportState& state, const Progress& progress, const Ports& ports,
+                 ControlRules& rules, WindowHost& host, const exports::ExportKinds& kinds)
+      : state_(state),
+        progress_(progress),
+        ports_(ports),
+        rules_(rules),
+        host_(host),
+        kinds_(kinds) {}
 
   /// Exports kind 0 to 3 under the name chosen.
   void Command1_Click(int kind);
@@ -43,13 +50,14 @@ class ExportCommands {
   void ExportOne(int kind);
   void ExportAll();
   void Export(int kind, const std::string& basePath);
-  bool RunProcedure(int kind, const std::string& basePath);
+  bool RunProcedure(const exports::ExportKind& kind, const std::string& basePath);
   void CopyJob(const std::string& basePath);
 
   ExportState& state_;
+  const Progress& progress_;
   Ports ports_;
   ControlRules& rules_;
-  base::RunHost& host_;
+  WindowHost& host_;
   const exports::ExportKinds& kinds_;
 };
 

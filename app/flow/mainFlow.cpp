@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "app/flow/dataFolder.h"
 #include "app/flow/jobSheet.h"
+#include "base/paths.h"
 #include "export/exportKinds.h"
 
 namespace kestrin::flow {
@@ -13,28 +15,19 @@ MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
       version_(version),
       host_(state_.progress, ports.events, ports.dialogs),
       rules_(ports.controls, ports.events, state_.progress),
-      commands_(state_.job, ports, rules_, host_, kinds),
+      commands_(state_.job, state_.progress, ports, rules_, host_, kinds),
       selection_(state_, ports, rules_, host_, version, kinds) {}
 
 void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset) {
   ports_.controls.SetCaption({Control::kVersion}, VersionCaption(version_));
-  EnterApplicationFolder(applicationFolder);
+  state_.applicationFolder = base::WithSeparator(applicationFolder);
+  state_.dataFolder =
+      DataFolder(ports_.files, state_.applicationFolder, ports_.dialogs.DocumentsFolder());
   for (int i = 0; i < exports::kKindCount; ++i) {
     ports_.controls.SetCaption({Control::kSetState, i}, "");
   }
   state_.job.idle = true;
   state_.timeZoneOffset = timeZoneOffset;
-}
-
-void MainFlow::EnterApplicationFolder(const std::string& folder) {
-  state_.applicationFolder = base::WithSeparator(folder);
-  const std::string data = state_.applicationFolder + std::string(exports::kDataFolderName);
-  state_.dataFolder = base::WithSeparator(data);
-  try {
-    ports_.files.MakeFolder(data);
-  } catch (const base::FileError&) {
-    // Installed where nobody may write: an export then offers the user's documents.
-  }
 }
 
 void MainFlow::Command4_Click() { PrintJobSheet(state_, ports_); }

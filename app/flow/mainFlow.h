@@ -28,7 +28,7 @@ class MainFlow {
 
   /// The start-up after the window has been measured and hooked: version label,
   /// folders, labels, flags, time zone. `applicationFolder` need not end in a
-  /// separator. A data folder that cannot be made is no reason not to start.
+  /// separator. A data folder that can be made nowhere is no reason not to start.
   void Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset);
 
   void Command1_Click(int index) { commands_.Command1_Click(index); }
@@ -46,7 +46,6 @@ class MainFlow {
   void Timer2_Timer();
 
  private:
-  void EnterApplicationFolder(const std::string& folder);
   void GrowBar(ControlId track, ControlId bar);
 
   Ports ports_;

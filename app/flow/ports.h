@@ -38,8 +38,9 @@ class Dialogs {
   /// A box with Yes and No; true for Yes.
   virtual bool AskYesNo(const std::string& text) = 0;
 
-  /// The user's documents: where a save dialog starts when the export folder cannot be
-  /// made.
+  /// The user's documents, empty where there are none: the data folder lies there when the
+  /// program's own folder cannot be written, and a save dialog starts there when the export
+  /// folder cannot be made.
   virtual std::string DocumentsFolder() = 0;
 };
 

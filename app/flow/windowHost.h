@@ -15,12 +15,19 @@ class WindowHost final : public base::RunHost {
   void CountRow() override { ++progress_.count; }
   void Yield() override { events_.Yield(); }
   void YieldInsideStep() noexcept override { events_.YieldWithoutThrow(); }
-  void ShowMessage(const std::string& text) override { dialogs_.ShowMessage(text); }
+  void ShowMessage(const std::string& text) override {
+    ++messages_;
+    dialogs_.ShowMessage(text);
+  }
+
+  /// Messages shown so far.
+  int Messages() const { return messages_; }
 
  private:
   Progress& progress_;
   Events& events_;
   Dialogs& dialogs_;
+  int messages_ = 0;
 };
 
 }  // namespace kestrin::flow

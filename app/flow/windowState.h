@@ -50,7 +50,7 @@ struct ExportState {
 /// suffixes of the kinds are constants (export/setNames.h, export/exportKinds.h).
 struct WindowState {
   std::string applicationFolder;
-  std::string dataFolder;
+  std::string dataFolder;  ///< where export folders lie (app/flow/dataFolder.h)
   ExportState job;
   /// The current job path and what its preview shows. The path is empty while no
   /// job is loaded.

@@ -30,6 +30,14 @@ ActualRateSet Rounded(const jobstore::RatesRow& row) {
   return rates;
 }
 
+/// Why no set can come of a job whose epoch of that number, counted from 1, would go into the
+/// record that begins the set (Records).
+std::string ReturnText(std::int64_t number, jobstore::GpsKey time) {
+  return "at epoch " + std::to_string(number) + " (week " + std::to_string(time.gpsWeek) +
+         ", millisecond " + std::to_string(time.gpsMsec) +
+         ") the job returns to its first rates, and a boom set cannot hold that";
+}
+
 /// Lays a job's epochs into records.
 class BoomLayer {
  public:
@@ -61,9 +69,10 @@ class BoomLayer {
   void LayPeriod(std::size_t entry) {
     const ImplementSetup& setup = timeline_.ImplementOf(timeline_.Entries()[entry]);
     PeriodRows rows(periods_, entry);
-    epochs_ += geo::WalkEpochs(
-        rows, offsets_, host_,
-        [&](const auto& epoch, geo::UtmPoint antenna) { Lay(epoch, antenna, setup); });
+    geo::WalkEpochs(rows, offsets_, host_, [&](const auto& epoch, geo::UtmPoint antenna) {
+      ++epochs_;
+      Lay(epoch, antenna, setup);
+    });
   }
 
   void Lay(const PeriodRows::Row& epoch, geo::UtmPoint antenna, const ImplementSetup& setup) {
@@ -81,7 +90,15 @@ class BoomLayer {
       };
       const geo::GeoPoint first = toDegrees(heading.RightOf(antenna, section.halfWidth));
       const geo::GeoPoint second = toDegrees(heading.LeftOf(antenna, section.halfWidth));
-      records_.Lay({first, second});
+      LayLine({first, second}, epoch.time);
+    }
+  }
+
+  void LayLine(const CrossLine& line, jobstore::GpsKey time) {
+    try {
+      records_.Lay(line);
+    } catch (const exports::SubscriptError&) {
+      throw exports::SubscriptError(ReturnText(epochs_, time));
     }
   }
 
@@ -126,7 +143,7 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
   exports::ForEachRow<jobstore::References>(
       job, run.host, [&](const jobstore::ReferenceRow& row) { references.push_back(row); });
   const Timeline timeline = ReadTimeline(job, run.host);
-  if (references.empty()) throw exports::SubscriptError();
+  if (references.empty()) throw exports::SubscriptError("the job has no reference location");
 
   BoomLayer layer(job, run.host, timeline, std::move(references));
   layer.LayAll();

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <string_view>
 #include <system_error>
 
 #include "jobstore/opening/immutableUri.h"
@@ -17,21 +16,12 @@ namespace {
 /// How long a console that is just completing a transaction is waited for.
 constexpr int kBusyMilliseconds = 1000;
 
-/// The parts of a database header that decide how it is opened.
-struct Header {
-  int result = SQLITE_OK;
-  bool writeAhead = false;
-};
-
-Header ReadHeader(const fs::path& path) {
-  constexpr std::string_view kMagic{"SQLite format 3\0", 16};
+/// Whether a file's header says that it is written ahead; what is no database may say so too.
+bool IsWrittenAhead(const fs::path& path) {
   constexpr std::size_t kReadVersion = 19;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return {SQLITE_CANTOPEN};
-  char bytes[100];
-  if (!file.read(bytes, sizeof bytes)) return {SQLITE_NOTADB};
-  if (std::string_view(bytes, kMagic.size()) != kMagic) return {SQLITE_NOTADB};
-  return {SQLITE_OK, bytes[kReadVersion] == 2};
+  char bytes[kReadVersion + 1] = {};
+  std::ifstream(path, std::ios::binary).read(bytes, sizeof bytes);
+  return bytes[kReadVersion] == 2;
 }
 
 int Failure(const std::error_code& error) {
@@ -72,35 +62,29 @@ int SetUp(sqlite3* database, const Way& way) {
   return result != SQLITE_OK ? result : AllowSelectionsOnly(database);
 }
 
-/// Asking for a table's metadata makes the library read header and schema.
+/// Asking for a table's metadata makes the library read header and schema. The result
+/// is its code with the detail.
 int ReadSchema(sqlite3* database) {
-  return sqlite3_table_column_metadata(database, "main", "sqlite_master", nullptr, nullptr, nullptr,
-                                       nullptr, nullptr, nullptr);
+  const int code = sqlite3_table_column_metadata(database, "main", "sqlite_master", nullptr,
+                                                 nullptr, nullptr, nullptr, nullptr, nullptr);
+  return code == SQLITE_OK ? code : sqlite3_extended_errcode(database);
 }
 
-/// What the files of a database come to; what a journal or log holds may be part of
-/// it as well.
-std::uintmax_t SizeOfAll(const fs::path& job) {
-  return SizeOf(job) + SizeOf(Beside(job, "-wal")) + SizeOf(Beside(job, "-journal"));
-}
-
-/// Opens one way and reads the schema; the result is the library's code with its
-/// detail.
+/// Opens one way and reads the schema.
 void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
   sqlite3* database = nullptr;
   // One thread at a time uses a connection, so it needs no mutexes: they would be
   // taken for every column of every row.
-  int code = sqlite3_open_v2(way.name.c_str(), &database, way.flags | SQLITE_OPEN_NOMUTEX, way.vfs);
+  opened.result =
+      sqlite3_open_v2(way.name.c_str(), &database, way.flags | SQLITE_OPEN_NOMUTEX, way.vfs);
   opened.budget = std::make_unique<WorkBudget>(size);
   opened.database.reset(database);
-  if (code == SQLITE_OK) {
+  if (opened.result == SQLITE_OK) {
     opened.budget->Watch(database);
-    code = SetUp(database, way);
+    opened.result = SetUp(database, way);
   }
-  if (code == SQLITE_OK) code = ReadSchema(database);
-  opened.result =
-      code == SQLITE_OK || database == nullptr ? code : sqlite3_extended_errcode(database);
-  if (code != SQLITE_OK) opened.database.reset();
+  if (opened.result == SQLITE_OK) opened.unreadable = ReadSchema(database);
+  if (opened.result != SQLITE_OK || opened.unreadable != SQLITE_OK) opened.database.reset();
 }
 
 OpenedJob OpenRepaired(const fs::path& job) {
@@ -114,14 +98,14 @@ OpenedJob OpenRepaired(const fs::path& job) {
   return opened;
 }
 
-OpenedJob OpenAny(const fs::path& job, const Header& header) {
+OpenedJob OpenAny(const fs::path& job) {
   const bool log = SizeOf(Beside(job, "-wal")) > 0;
-  const bool atRest = header.writeAhead && !log;
+  const bool atRest = !log && IsWrittenAhead(job);
   // The immutable way never looks for a journal.
   if (atRest && SizeOf(Beside(job, "-journal")) > 0) return OpenRepaired(job);
   OpenedJob opened;
   Open(log ? WithLog(job) : atRest ? Immutable(job) : InPlace(job), SizeOfAll(job), opened);
-  if (opened.result == SQLITE_READONLY_ROLLBACK) return OpenRepaired(job);
+  if (opened.unreadable == SQLITE_READONLY_ROLLBACK) return OpenRepaired(job);
   return opened;
 }
 
@@ -135,14 +119,9 @@ OpenedJob OpenJobFile(const std::string& path) {
     opened.result = SQLITE_CANTOPEN;
     return opened;
   }
-  const Header header = ReadHeader(job);
-  if (header.result != SQLITE_OK) {
-    opened.result = header.result;
-    return opened;
-  }
-  opened = OpenAny(job, header);
+  opened = OpenAny(job);
   constexpr int kPrimaryCode = 0xff;
-  opened.result &= kPrimaryCode;
+  opened.unreadable &= kPrimaryCode;
   return opened;
 }
 

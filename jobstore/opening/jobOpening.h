@@ -13,8 +13,9 @@ namespace kestrin::opening {
 struct OpenedJob {
   std::unique_ptr<PrivateCopy> copy;   ///< what is read, where it is not the job itself
   std::unique_ptr<WorkBudget> budget;  ///< of the connection; to be renewed per statement
-  DatabasePtr database;                ///< null on failure
-  int result = 0;                      ///< SQLITE_OK or the library's (primary) code
+  DatabasePtr database;                ///< null when one of the codes is not SQLITE_OK
+  int result = 0;                      ///< of the opening: SQLITE_OK or the library's code
+  int unreadable = 0;                  ///< the code that every statement fails with
 };
 
 /// Opens a job without changing a byte of it or of its folder, whatever state its
@@ -28,9 +29,11 @@ struct OpenedJob {
 /// - with the journal of a transaction that was cut off: rolled back in a private
 ///   copy.
 ///
-/// The header and the schema are read at once, so a file that is no database fails
-/// here and not at the first query. An empty file is no job. Path in UTF-8.
-/// Failure: no database, and the library's code as the result.
+/// The header and the schema are read at once, since how they are to be read follows
+/// from what the library says of them. A file that can be opened but is no database, or
+/// only the beginning of one, is open all the same; what is wrong with it is told by
+/// every statement. Path in UTF-8.
+/// Failure: no database, and the library's (primary) code as the result.
 OpenedJob OpenJobFile(const std::string& path);
 
 }  // namespace kestrin::opening

@@ -3,8 +3,6 @@
 #include <cerrno>
 #include <fstream>
 
-#include "jobstore/opening/jobFile.h"
-
 namespace kestrin::opening {
 namespace fs = std::filesystem;
 namespace {
@@ -22,8 +20,12 @@ std::error_code HideSuperJournal(const fs::path& journal) {
 
 }  // namespace
 
+PrivateFolder::~PrivateFolder() {
+  std::error_code ignored;
+  if (!path_.empty()) fs::remove_all(path_, ignored);
+}
+
 PrivateCopy::PrivateCopy(const fs::path& job) {
-  folder_ = MakePrivateFolder(error_);
   if (error_) return;
   Copy(job, "");
   for (const char* suffix : {"-journal", "-wal"}) {
@@ -31,11 +33,6 @@ PrivateCopy::PrivateCopy(const fs::path& job) {
   }
   const fs::path journal = Beside(Path(), "-journal");
   if (!error_ && SizeOf(journal) > 0) error_ = HideSuperJournal(journal);
-}
-
-PrivateCopy::~PrivateCopy() {
-  std::error_code ignored;
-  if (!folder_.empty()) fs::remove_all(folder_, ignored);
 }
 
 void PrivateCopy::Copy(const fs::path& job, const char* suffix) {
@@ -49,6 +46,10 @@ fs::path Beside(const fs::path& job, const char* suffix) {
   fs::path path = job;
   path += suffix;
   return path;
+}
+
+std::uintmax_t SizeOfAll(const fs::path& job) {
+  return SizeOf(job) + SizeOf(Beside(job, "-wal")) + SizeOf(Beside(job, "-journal"));
 }
 
 }  // namespace kestrin::opening

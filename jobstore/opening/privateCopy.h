@@ -3,12 +3,31 @@
 #include <filesystem>
 #include <system_error>
 
+#include "jobstore/opening/jobFile.h"
+
 namespace kestrin::opening {
 
-/// A copy of a job and of what lies beside it (rollback journal, write-ahead log) in a folder
-/// of its own that only this user can enter, for a job that has to be repaired before it can be
-/// read. The copy may be written to: SQLite rolls the journal back in it. Folder and copy go at
-/// the end of the scope.
+/// A new folder in the system's temporary one that only this user can enter. It goes at the end
+/// of the scope with all that lies in it.
+class PrivateFolder {
+ public:
+  /// Failure: Error() says why; there is then no folder.
+  PrivateFolder() : path_(MakePrivateFolder(error_)) {}
+  ~PrivateFolder();
+  PrivateFolder(const PrivateFolder&) = delete;
+  PrivateFolder& operator=(const PrivateFolder&) = delete;
+
+  const std::error_code& Error() const { return error_; }
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::error_code error_;
+  std::filesystem::path path_;
+};
+
+/// A copy of a job and of what lies beside it (rollback journal, write-ahead log) in a private
+/// folder, for a job that has to be repaired before it can be read. The copy may be written to:
+/// SQLite rolls the journal back in it. Folder and copy go at the end of the scope.
 ///
 /// A journal can name a super-journal, the common journal of a transaction over several files,
 /// which SQLite looks for and deletes after rolling back; a forged one could name any file. The
@@ -19,21 +38,22 @@ class PrivateCopy {
   /// Copies at once.
   /// Failure: Error() says why; there is then nothing to be read.
   explicit PrivateCopy(const std::filesystem::path& job);
-  ~PrivateCopy();
-  PrivateCopy(const PrivateCopy&) = delete;
-  PrivateCopy& operator=(const PrivateCopy&) = delete;
 
   const std::error_code& Error() const { return error_; }
-  std::filesystem::path Path() const { return folder_ / "job.sqlite"; }
+  std::filesystem::path Path() const { return folder_.Path() / "job.sqlite"; }
 
  private:
   void Copy(const std::filesystem::path& job, const char* suffix);
 
-  std::filesystem::path folder_;
-  std::error_code error_;
+  PrivateFolder folder_;
+  std::error_code error_ = folder_.Error();
 };
 
 /// The path of the file that SQLite keeps beside a database: suffix "-wal", "-journal".
 std::filesystem::path Beside(const std::filesystem::path& job, const char* suffix);
+
+/// What the files of a job come to, in bytes; what a journal or log holds may be part of it as
+/// well.
+std::uintmax_t SizeOfAll(const std::filesystem::path& job);
 
 }  // namespace kestrin::opening

@@ -30,6 +30,17 @@ std::string Values(jobstore::GpsKey time) {
   return std::to_string(time.gpsWeek) + "," + std::to_string(time.gpsMsec);
 }
 
+/// Makes the first page of a type unreadable, from a share of the file on.
+void DamagePage(const std::string& path, char type, double share) {
+  constexpr std::size_t kPage = 4096;
+  std::string bytes = FileBytes(path);
+  const auto pages = static_cast<double>(bytes.size() / kPage);
+  std::size_t at = static_cast<std::size_t>(pages * share) * kPage;
+  while (bytes.at(at) != type) at += kPage;
+  bytes[at] = '\x7f';
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
 }  // namespace
 
 JobBuilder::JobBuilder(const std::string& path) : path_(path), database_(path) {
@@ -127,13 +138,13 @@ void JobBuilder::Insert(const std::string& table, const std::string& values) {
 double AsStored(double degrees) { return degrees * kRadiansPerDegree * base::kDegreesPerRadian; }
 
 void DamageTablePage(const std::string& path) {
-  constexpr std::size_t kPage = 4096;
   constexpr char kTableLeaf = 13;
-  std::string bytes = FileBytes(path);
-  std::size_t at = bytes.size() / kPage / 3 * kPage;
-  while (bytes.at(at) != kTableLeaf) at += kPage;
-  bytes[at] = '\x7f';
-  std::ofstream(path, std::ios::binary) << bytes;
+  DamagePage(path, kTableLeaf, 1.0 / 3);
+}
+
+void DamageIndexPage(const std::string& path) {
+  constexpr char kIndexLeaf = 10;
+  DamagePage(path, kIndexLeaf, 0.9);
 }
 
 }  // namespace kestrin::test

@@ -47,6 +47,9 @@ class JobBuilder {
 /// by far the most. Rows read along an index then end there; a sort ends at once.
 void DamageTablePage(const std::string& path);
 
+/// The same of a job's last index: rows read along it end there, others do not.
+void DamageIndexPage(const std::string& path);
+
 /// Degrees as a job gives them back, which stores radians.
 double AsStored(double degrees);
 

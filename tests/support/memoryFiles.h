@@ -3,14 +3,16 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/fileSystem.h"
+#include "base/paths.h"
 
 namespace kestrin::test {
 
-/// A file system of names alone, for procedures that look at files but write none.
-/// Remembers what it was asked to make and copy, in order.
+/// A file system of names alone, for procedures that look at files but put nothing into
+/// them. Remembers what it was asked to make and copy, in order.
 class MemoryFiles : public base::FileSystem {
  public:
   /// Adds an empty set of three files.
@@ -19,7 +21,11 @@ class MemoryFiles : public base::FileSystem {
   }
 
   std::unique_ptr<base::OutputFile> Create(const std::string& path) override {
-    throw base::FileError(path, "nothing is written here");
+    if (refused.count(base::SplitAtLastSeparator(path).folder) > 0) {
+      throw base::FileError(path, "refused");
+    }
+    names.insert(path);
+    return std::make_unique<EmptyFile>(path);
   }
   void Rename(const std::string& from, const std::string& to) override {
     names.erase(from);
@@ -29,6 +35,9 @@ class MemoryFiles : public base::FileSystem {
   void SyncFolderOf(const std::string&) override {}
   bool Exists(const std::string& path) override {
     asked.push_back(path);
+    if (!unreadable.empty() && path.starts_with(unreadable)) {
+      throw base::FileError(path, "unreadable");
+    }
     return names.count(path) > 0;
   }
   void MakeFolder(const std::string& path) override {
@@ -43,11 +52,28 @@ class MemoryFiles : public base::FileSystem {
   }
 
   std::set<std::string> names;
-  /// Paths that can be neither made nor copied to.
+  /// Paths that can be neither made nor copied to; those that end in a separator are folders
+  /// in which no file can be made.
   std::set<std::string> refused;
+  /// Of nothing that begins so can be told whether it exists.
+  std::string unreadable;
   std::vector<std::string> asked;
   std::vector<std::string> made;
   std::vector<std::string> copied;
+
+ private:
+  class EmptyFile : public base::OutputFile {
+   public:
+    explicit EmptyFile(std::string path) : path_(std::move(path)) {}
+    void WriteAt(std::uint64_t, std::string_view) override {
+      throw base::FileError(path_, "nothing is written here");
+    }
+    void Sync() override {}
+    void Close() override {}
+
+   private:
+    std::string path_;
+  };
 };
 
 }  // namespace kestrin::test

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "base/nameKey.h"
-#include "export/exportRun.h"
+#include "export/outcomeTexts.h"
 #include "export/setNames.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
@@ -31,9 +31,9 @@ void FindDefaultBase(jobstore::Job& job, JobPlan& plan, const ExportOptions& opt
   } else if (query.Next(newest)) {
     plan.basePath = DefaultBase(plan, newest, options, dates);
   } else if (query.LastStep() != jobstore::kDone) {
-    plan.obstacle = exports::NotReadToEndText(0, query.LastStep());
+    plan.obstacle = exports::NotReadToEndText({.lastStep = query.LastStep()}, plan.rows);
   } else {
-    plan.obstacle = kNothingToExport;
+    plan.obstacle = exports::kNothingToExport;
   }
 }
 

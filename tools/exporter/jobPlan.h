@@ -9,9 +9,6 @@
 
 namespace kestrin::exporter {
 
-/// The obstacle of a job without a reference location or without GPS rows.
-inline constexpr const char* kNothingToExport = "no set made: nothing to export";
-
 /// What is to be done about one job file.
 struct JobPlan {
   std::string jobPath;

@@ -1,9 +1,9 @@
 #include "tools/exporter/jobRun.h"
 
 #include <exception>
-#include <new>
 
 #include "export/exportKinds.h"
+#include "export/outcomeTexts.h"
 #include "export/setNames.h"
 #include "jobstore/sqliteDefs.h"
 #include "tools/exporter/interruption.h"
@@ -47,16 +47,16 @@ class SetHost : public base::RunHost {
   bool complained_ = false;
 };
 
-void Report(const exports::ExportOutcome& outcome, const std::string& setBase, SetHost& host,
-            Console& console) {
+void Report(const exports::ExportOutcome& outcome, const std::string& setBase, const JobPlan& plan,
+            SetHost& host, Console& console) {
   if (outcome.made) {
     console.Result(setBase + std::string(exports::kShapeExtension) + ": " +
                    std::to_string(outcome.epochs) + " epochs");
   }
   if (outcome.lastStep != jobstore::kDone) {
-    host.Complain(exports::NotReadToEndText(outcome.epochs, outcome.lastStep));
+    host.Complain(exports::NotReadToEndText(outcome, plan.rows));
   } else if (!outcome.made && !host.Complained()) {
-    host.Complain(kNothingToExport);
+    host.Complain(exports::kNothingToExport);
   }
 }
 
@@ -66,7 +66,7 @@ void MakeSet(const exports::ExportKind& kind, const JobPlan& plan, const ExportO
   exports::ExportRun run{host, files, {.withProjection = options.prj}};
   const std::string folder = base::SplitAtLastSeparator(setBase).folder;
   if (!folder.empty()) base::MakePath(files, folder);
-  Report(kind.procedure(setBase, plan.jobPath, run), setBase, host, console);
+  Report(kind.procedure(setBase, plan.jobPath, run), setBase, plan, host, console);
 }
 
 }  // namespace
@@ -86,10 +86,10 @@ bool RunJob(const JobPlan& plan, const ExportOptions& options, base::FileSystem&
       }
     } catch (const base::RunCancelled&) {
       throw;
-    } catch (const std::bad_alloc&) {
-      host.Complain("out of memory");
+    } catch (const base::FileError& error) {
+      host.Complain(exports::NotWrittenText(error));
     } catch (const std::exception& error) {
-      host.Complain(error.what());
+      host.Complain(exports::NotMadeText(kind.name, error));
     }
     complete = complete && !host.Complained();
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/app/flow/exportCommandsTest.h"
+#include "tests/support/database.h"
 
 namespace kestrin::flow {
 namespace {
@@ -60,10 +61,11 @@ TEST_P(ExportCommand, WithoutAJobOnlyReenablesTheControls) {
   EXPECT_THAT(files.made, IsEmpty());
 }
 
-TEST_P(ExportCommand, WithoutTheJobsFileOnlyReenablesTheControls) {
+TEST_P(ExportCommand, WithoutTheJobsFileSaysThatItIsGoneAndReenablesTheControls) {
   files.names.clear();
   Click();
-  EXPECT_THAT(Between(), ElementsAre(Clicked()));
+  EXPECT_THAT(Between(), ElementsAre(Clicked(), "ShowMessage Error opening: " + jobPath +
+                                                    ": the file is no longer there"));
   EXPECT_TRUE(job.idle);
 }
 
@@ -86,7 +88,7 @@ TEST_P(ExportCommand, AsksForTheName) {
 TEST_P(ExportCommand, StartsInTheDocumentsWhenTheExportFolderCannotBeMade) {
   files.refused.insert(Own("/data"));
   Click();
-  EXPECT_EQ(window.request.folder, "/home/user/Documents");
+  EXPECT_EQ(window.request.folder, Own("/home/user/Documents"));
 }
 
 TEST_P(ExportCommand, ACancelledDialogOnlyRestoresTheControls) {
@@ -115,6 +117,21 @@ TEST_P(ExportCommand, CopiesTheJobBesideItsSetsOnce) {
   EXPECT_THAT(files.copied, ElementsAre(jobPath + " to " + Own("/out/North.Field.sqlite")));
 }
 
+TEST_P(ExportCommand, CopiesAJobWithALogAsOneFileThatHoldsIt) {
+  Select("logged.sqlite");
+  test::Database console(job.JobPath());
+  console.Execute("PRAGMA journal_mode=WAL").Execute("UPDATE GpsDataTable SET speed = 77");
+  double speed = 0;
+  files.onCopy = [&](const std::string& from) {
+    EXPECT_NE(from, job.JobPath());
+    speed = test::Ask(from, "SELECT min(speed) FROM GpsDataTable");
+  };
+  window.chosen = Own("/out/a.shp");
+  Click();
+  EXPECT_EQ(speed, 77);
+  EXPECT_EQ(files.names.count(Own("/out/logged.sqlite")), 1U);
+}
+
 TEST_P(ExportCommand, NeverCopiesOverAFileThatIsThere) {
   files.names.insert(Own("/out/North.Field.sqlite"));
   Click();
@@ -133,23 +150,53 @@ TEST_P(ExportCommand, CopiesTheJobAlsoWhenNoSetWasMade) {
   EXPECT_THAT(files.copied, Not(IsEmpty()));
 }
 
-TEST_P(ExportCommand, ARunTimeErrorOfAnExportOnlyRestoresTheControls) {
+TEST_P(ExportCommand, ARunTimeErrorOfAnExportIsSaidOnceAndRestoresTheControls) {
   onExport = [](int, const std::string&) -> exports::ExportOutcome {
-    throw exports::SubscriptError();
+    throw exports::SubscriptError("the job has no reference location");
   };
   Click();
+  const std::string kind = GetParam() ? "wire" : "boom";
   const auto calls = Between();
   EXPECT_EQ(calls.back(),
+            "ShowMessage No " + kind + " set made: the job has no reference location");
+  EXPECT_EQ(calls[calls.size() - 2],
             Own(GetParam() ? "export 0 /out/a_WIRE of " : "export 1 /out/a of ") + jobPath);
   EXPECT_THAT(files.copied, IsEmpty());
   EXPECT_TRUE(job.idle);
 }
 
-TEST_P(ExportCommand, ACopyThatFailsOnlyRestoresTheControls) {
+TEST_P(ExportCommand, ACopyThatFailsIsSaidOnceAndRestoresTheControls) {
   files.refused.insert(Own("/out/North.Field.sqlite"));
   Click();
-  EXPECT_EQ(Between().back(), "DoEvents");
+  const auto calls = Between();
+  EXPECT_EQ(calls.back(),
+            "ShowMessage Error copying: " + Own("/out/North.Field.sqlite") + ": refused");
+  EXPECT_EQ(calls[calls.size() - 2], "DoEvents");
   EXPECT_TRUE(job.idle);
+}
+
+TEST_P(ExportCommand, AFolderThatCannotBeLookedIntoIsSaidOnceAndRestoresTheControls) {
+  files.unreadable = Own("/out/");
+  Click();
+  const auto calls = Between();
+  EXPECT_THAT(calls.back(), testing::StartsWith("ShowMessage " + Own("/out/a")));
+  EXPECT_THAT(calls.back(), testing::EndsWith(": unreadable"));
+  EXPECT_TRUE(job.idle);
+}
+
+TEST_P(ExportCommand, AJobWithNothingToExportIsSaidBeforeTheLabelSaysError) {
+  onExport = [](int, const std::string&) { return exports::ExportOutcome{}; };
+  Click();
+  ExpectInOrder({"ShowMessage No set made: nothing to export",
+                 "Label1_1.Caption = Error Creating File", "Command1_1.BackColor = failure"});
+  EXPECT_EQ(window.CallsBeginning("ShowMessage").size(), GetParam() ? 4U : 1U);
+}
+
+TEST_P(ExportCommand, AKindThatSaidItselfWhyIsNotSpokenOfAgain) {
+  failure = "Error opening: -14";
+  Click();
+  EXPECT_THAT(window.CallsBeginning("ShowMessage"),
+              testing::Each("ShowMessage Error opening: -14"));
 }
 
 TEST_P(ExportCommand, CancellingPassesThroughAndTouchesNothingMore) {
@@ -194,7 +241,8 @@ TEST_P(ExportCommand, AnOldSetThatCouldNotBeReplacedIsNotCalledCreated) {
   EXPECT_TRUE(job.shapeExists[1]);
 }
 
-TEST_P(ExportCommand, AJobNotReadToItsEndIsWarnedOf) {
+TEST_P(ExportCommand, AJobNotReadToItsEndIsWarnedOfWithHowManyOfItsEpochsTheSetHolds) {
+  state.progress.total = 5000;
   onExport = [this](int kind, const std::string& basePath) {
     files.AddSet(basePath);
     return exports::ExportOutcome{.made = true, .epochs = 1234, .lastStep = kind == 1 ? 11 : 101};
@@ -205,7 +253,7 @@ TEST_P(ExportCommand, AJobNotReadToItsEndIsWarnedOf) {
   const auto warned =
       std::ranges::find(calls,
                         "ShowWarning [Kestrin Warning] The job could not be read to its end: "
-                        "1234 epochs written, code 11");
+                        "the set holds 1234 of 5000 epochs, code 11");
   ASSERT_LT(warned + 1, calls.end());
   EXPECT_EQ(warned[1], "Label1_1.Caption = Shape File Created");
   EXPECT_EQ(warnings, 1U);

@@ -10,6 +10,10 @@ exports::ExportOutcome FlowTest::Procedure(const std::string& basePath, const st
   EXPECT_FALSE(run.options.withProjection);
   test.window.Add("export " + std::to_string(kind) + " " + basePath + " of " + jobPath);
   if (test.onExport) return test.onExport(kind, basePath);
+  if (!test.failure.empty()) {
+    run.host.ShowMessage(test.failure);
+    return {};
+  }
   run.host.CountRow();
   run.host.Yield();
   test.files.AddSet(basePath);

@@ -42,10 +42,13 @@ class FlowTest : public testing::Test {
   struct Files : MemoryFiles {
     explicit Files(RecordingWindow& calls) : window(calls) {}
     void Copy(const std::string& from, const std::string& to) override {
+      if (onCopy) onCopy(from);
       MemoryFiles::Copy(from, to);
       window.Add("copy " + to);
     }
     RecordingWindow& window;
+    /// Hears of every copy before it is made.
+    std::function<void(const std::string& from)> onCopy;
   };
 
   TempFolder folder;
@@ -54,6 +57,8 @@ class FlowTest : public testing::Test {
   Files files{window};
   /// What the kinds' procedures do: add a row and make their set, unless told otherwise.
   std::function<exports::ExportOutcome(int kind, const std::string& basePath)> onExport;
+  /// What they tell through their host instead, when there is something; no set is made then.
+  std::string failure;
 
  private:
   template <int kind>

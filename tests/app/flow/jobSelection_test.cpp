@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tests/app/flow/flowTest.h"
 #include "tests/support/tempFolder.h"
 
@@ -200,7 +202,40 @@ TEST_F(Selection, AWeekBeyondTheCalendarAbandonsTheSelection) {
   EXPECT_EQ(window.CallsBeginning("Show").size(), 0U);
 }
 
-TEST_F(Selection, AFileThatIsNoJobIsNotShownAndNotSpokenOf) {
+/// What a file can hold that opens and is no job.
+std::vector<std::string> NoJobs(const std::string& job) {
+  const std::string whole = test::FileBytes(job);
+  return {"", std::string(5000, 'x'), "notes", whole.substr(0, whole.size() / 2)};
+}
+
+TEST_F(Selection, AFileThatIsNoDatabaseIsOfUnknownFormatAndTakesTheJobOfBeforeAway) {
+  const std::string before = Select("a.sqlite");
+  for (const std::string& bytes : NoJobs(before)) {
+    window.chosen = before;
+    flow.Command3_Click();
+    ASSERT_EQ(state.preview.jobPath, before);
+    window.Take();
+    picture.Take();
+    const std::string path = folder / "b.sqlite";
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+    files.names.insert(path);
+    window.chosen = path;
+    flow.Command3_Click();
+    EXPECT_THAT(Warnings(), ElementsAre("ShowWarning [Kestrin Warning] Job file Format  may be "
+                                        "incompatible \r\nwith Kestrin and might not display "
+                                        "properly."));
+    EXPECT_EQ(state.preview.jobPath, "");
+    EXPECT_EQ(state.job.exportFolder, Own("/opt/kestrin/TrevaskData/b/"));
+    EXPECT_EQ(window.captions.at("Label5"), "");
+    EXPECT_THAT(picture.Take(), ElementsAre("Clear"));
+    for (const char* name : {"Frame2", "Frame4", "Command2", "Command4", "Option1_0"}) {
+      EXPECT_FALSE(window.enabled.at(name)) << name;
+    }
+    for (const char* name : {"Frame1", "Command3"}) EXPECT_TRUE(window.enabled.at(name)) << name;
+  }
+}
+
+TEST_F(Selection, AFileThatCannotBeOpenedIsNotShownAndNotSpokenOf) {
   const std::string path = folder / "a.sqlite";
   files.names.insert(path);  // seen by the dialog, gone at the opening
   window.chosen = path;

@@ -38,8 +38,9 @@ TEST_F(StartUp, TwiceIsNoFailure) {
   EXPECT_EQ(state.applicationFolder, Own("/opt/kestrin/"));
 }
 
-TEST_F(StartUp, GoesOnWhenTheDataFolderCannotBeMade) {
-  files.refused.insert(Own("/usr/lib/kestrin/TrevaskData"));
+TEST_F(StartUp, GoesOnWhenTheDataFolderCanBeMadeNowhere) {
+  files.refused.insert({Own("/usr/lib/kestrin/TrevaskData"), Own("/home/user/Documents")});
+  files.refused.insert(Own("/home/user/Documents/TrevaskData"));
   EXPECT_NO_THROW(flow.Form_Load(Own("/usr/lib/kestrin"), 0));
   EXPECT_EQ(state.dataFolder, Own("/usr/lib/kestrin/TrevaskData/"));
   EXPECT_THAT(window.CallsBeginning("Label1"), testing::SizeIs(4));

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/utf8Path.h"
 #include "tests/app/desktop.h"
 
 namespace kestrin::test {
@@ -43,7 +44,7 @@ class RecordingWindow : public flow::Controls,
     Add("ShowWarning [" + title + "] " + text);
   }
   bool AskYesNo(const std::string& text) override;
-  std::string DocumentsFolder() override { return "/home/user/Documents"; }
+  std::string DocumentsFolder() override { return documents; }
 
   // Drives
   std::vector<std::string> FilesIn(const std::string& folder) override;
@@ -73,6 +74,7 @@ class RecordingWindow : public flow::Controls,
   std::vector<std::string> calls;
   int selected = -1;
   std::optional<std::string> chosen;
+  std::string documents = base::WithOwnSeparators("/home/user/Documents");
   flow::FileRequest request;
   bool yes = true;
   int yields = 0;

@@ -5,6 +5,8 @@
 
 #include "app/widgets/colours.h"
 #include "tests/app/testWindow.h"
+#include "tests/support/database.h"
+#include "tests/support/jobBuilder.h"
 
 namespace kestrin::window {
 namespace {
@@ -19,8 +21,9 @@ std::function<void(const std::string& base, exports::ExportRun& run)>& Procedure
 }
 
 exports::ExportOutcome Write(const std::string& base, const std::string&, exports::ExportRun& run) {
-  if (Procedure()) Procedure()(base, run);
-  return {};
+  if (!Procedure()) return {};
+  Procedure()(base, run);
+  return {.made = true};
 }
 
 constexpr exports::ExportKinds kKinds{{{"wire", "_WIRE", Write},
@@ -116,6 +119,18 @@ TEST_F(ExportTest, CreateAllMakesAllFourAndCopiesTheJobOnce) {
   EXPECT_TRUE(window_.dialogs.questions.empty());
 }
 
+TEST_F(ExportTest, TheCopyOfAJobThatStillHasItsLogHoldsAllOfIt) {
+  test::Database console(Out("North.Field.sqlite"));
+  console.Execute("PRAGMA journal_mode=WAL; PRAGMA wal_autocheckpoint=0")
+      .Execute("UPDATE GpsDataTable SET speed = 77");
+  std::filesystem::create_directory(Out("sets"));
+  window_.dialogs.toSave = {Out("sets/one.shp")};
+  window_.Click("Command1_0");
+  EXPECT_EQ(test::Ask(Out("sets/North.Field.sqlite"), "SELECT min(speed) FROM GpsDataTable"), 77);
+  EXPECT_FALSE(std::filesystem::exists(Out("sets/North.Field.sqlite-wal")));
+  EXPECT_TRUE(window_.dialogs.messages.empty());
+}
+
 TEST_F(ExportTest, CreateAllGoesBackToTheButtonFaceAfterThreeSeconds) {
   window_.dialogs.toSave = {Out("all.shp")};
   window_.Click("Command2");
@@ -204,11 +219,99 @@ TEST_F(ExportTest, WhatCannotBeWrittenIsSaidWithPathAndReason) {
   EXPECT_EQ(window_.Text("Label1_0"), "Error Creating File");
 }
 
+TEST_F(ExportTest, AJobWithNothingToExportIsSaid) {
+  Procedure() = nullptr;
+  window_.dialogs.toSave = {Out("one.shp")};
+  window_.Click("Command1_0");
+  EXPECT_EQ(window_.dialogs.messages, std::vector<std::string>{"No set made: nothing to export"});
+  EXPECT_EQ(window_.Text("Label1_0"), "Error Creating File");
+}
+
+TEST_F(ExportTest, AJobThatIsGoneIsSaidAndNothingAsked) {
+  std::filesystem::remove(Out("North.Field.sqlite"));
+  for (const char* button : {"Command1_2", "Command2"}) {
+    window_.dialogs.messages.clear();
+    window_.Click(button);
+    EXPECT_EQ(window_.dialogs.messages,
+              std::vector<std::string>{"Error opening: " + Out("North.Field.sqlite") +
+                                       ": the file is no longer there"});
+    EXPECT_TRUE(window_.dialogs.saved.empty());
+    EXPECT_EQ(window_.Text("Label1_2"), "");
+    EXPECT_TRUE(window_.Enabled("Command1_3"));
+    EXPECT_TRUE(window_->State().job.idle);
+  }
+}
+
+TEST_F(ExportTest, ACopyOfTheJobThatFailsIsSaidAndTheSetStays) {
+  std::filesystem::create_directory(Out("sets"));
+  Procedure() = [&](const std::string& base, exports::ExportRun& run) {
+    Touch(run, base);
+    std::filesystem::remove(Out("North.Field.sqlite"));
+  };
+  window_.dialogs.toSave = {Out("sets/one.shp")};
+  window_.Click("Command1_0");
+  ASSERT_EQ(window_.dialogs.messages.size(), 1U);
+  EXPECT_TRUE(window_.dialogs.messages[0].starts_with("Error copying: "));
+  EXPECT_EQ(window_.Text("Label1_0"), "Shape File Created");
+  EXPECT_FALSE(std::filesystem::exists(Out("sets/North.Field.sqlite")));
+  EXPECT_TRUE(window_.Enabled("Command1_3"));
+}
+
+/// The window's own exports, and jobs they end on.
+class RealExport : public testing::Test {
+ protected:
+  std::string Out(const std::string& name) { return window_.folder / name; }
+
+  void Press(const std::string& button) {
+    window_.dialogs.toSave = {Out("a.shp")};
+    window_.Click(button);
+  }
+
+  TestWindow window_;
+};
+
+TEST_F(RealExport, OfAJobThatReturnsToItsFirstRatesSaysWhereAndThatNoSetWasMade) {
+  test::JobBuilder job(Out("returns.sqlite"));
+  job.Version({1345, 0}, "3.2.8-1").Reference({1345, 0}, 42, -93);
+  job.Implement({1345, 0}, "Boom", {{3, 0, 0, 0}});
+  for (int i = 0; i < 8; ++i) job.Epoch({1345, i * 1000}, i, i);
+  job.ActualRates({1345, 0}, 1).ActualRates({1345, 2000}, 2).ActualRates({1345, 4000}, 1);
+  window_.Select(job.Finish());
+  for (const char* button : {"Command1_1", "Command2"}) {
+    window_.dialogs.messages.clear();
+    Press(button);
+    EXPECT_EQ(window_.dialogs.messages,
+              std::vector<std::string>{
+                  "No boom set made: at epoch 5 (week 1345, millisecond 4000) the job returns to "
+                  "its first rates, and a boom set cannot hold that"});
+    EXPECT_FALSE(std::filesystem::exists(Out("a.shp")));
+    EXPECT_FALSE(std::filesystem::exists(Out("a_BOOM.shp")));
+    EXPECT_TRUE(window_.Enabled("Command1_1"));
+    EXPECT_TRUE(window_->State().job.idle);
+  }
+}
+
+TEST_F(RealExport, OfAJobThatEndsInAReadErrorSaysHowManyEpochsTheSetHolds) {
+  constexpr int kEpochsPerLeg = 1000;
+  const std::string job = SmallJob(window_.folder, "damaged.sqlite", kEpochsPerLeg);
+  test::Database(job).Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  test::DamageIndexPage(job);
+  window_.Select(job);
+  Press("Command1_0");
+  EXPECT_EQ(window_.Text("Label1_0"), "Shape File Created");
+  ASSERT_EQ(window_.dialogs.warnings.size(), 1U);
+  const auto& [title, text] = window_.dialogs.warnings[0];
+  EXPECT_EQ(title, "Kestrin Warning");
+  EXPECT_TRUE(text.starts_with("The job could not be read to its end: the set holds ")) << text;
+  EXPECT_TRUE(text.ends_with(" of 2000 epochs, code 11")) << text;
+}
+
 TEST(ExportWithoutJob, CommandsOnlyEnableTheControlsAgain) {
   TestWindow window;
   window.Click("Command1_0");
   window.Click("Command2");
   EXPECT_TRUE(window.dialogs.saved.empty());
+  EXPECT_TRUE(window.dialogs.messages.empty());
   EXPECT_TRUE(window.Enabled("Command2"));
   EXPECT_TRUE(window->State().job.idle);
 }

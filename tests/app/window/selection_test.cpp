@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTimer>
+#include <fstream>
 
 #include "app/widgets/colours.h"
 #include "tests/app/testWindow.h"
@@ -128,6 +129,31 @@ TEST(Selection, WarnsOfANewerJobWordForWord) {
             "Kestrin Version  1.0.0 may be incompatible with Job File Format 3.3.0-1\r\n"
             "and might not display properly.\r\n\r\n"
             "Visit www.kestrin.example to download the latest version of Kestrin.");
+}
+
+TEST(Selection, OfAFileThatIsNoDatabaseWarnsAndClearsNameAndPictureOfTheJobBefore) {
+  TestWindow window;
+  const std::string job = SmallJob(window.folder);
+  const std::string whole = test::FileBytes(job);
+  for (const std::string& bytes :
+       {std::string(), std::string(5000, 'x'), whole.substr(0, whole.size() / 2)}) {
+    window.Select(job);
+    ASSERT_FALSE(PictureIsBlank(window));
+    window.dialogs.warnings.clear();
+    std::ofstream(window.folder / "broken.sqlite", std::ios::binary | std::ios::trunc) << bytes;
+    window.Select(window.folder / "broken.sqlite");
+    ASSERT_EQ(window.dialogs.warnings.size(), 1U);
+    EXPECT_EQ(window.dialogs.warnings[0].second,
+              "Job file Format  may be incompatible \r\n"
+              "with Kestrin and might not display properly.");
+    EXPECT_EQ(window.Text("Label5"), "");
+    EXPECT_TRUE(PictureIsBlank(window));
+    for (const char* name : {"Command1_0", "Command2", "Command4", "Option1_0", "Picture1"}) {
+      EXPECT_FALSE(window.Enabled(name)) << name;
+    }
+    EXPECT_TRUE(window.Enabled("Command3"));
+    EXPECT_EQ(test::FileBytes(window.folder / "broken.sqlite"), bytes);
+  }
 }
 
 TEST(Preview, EveryKindDrawsAnotherPicture) {

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <filesystem>
+#include <fstream>
 
 #include "tests/app/testWindow.h"
 
@@ -41,12 +42,44 @@ TEST(StartUp, ADataFolderThatIsThereIsKept) {
   EXPECT_TRUE(std::filesystem::exists(folder / "TrevaskData/kept"));
 }
 
-TEST(StartUp, GoesOnWhereTheDataFolderCannotBeMade) {
+TEST(StartUp, GoesOnWhereTheDataFolderCanBeMadeNowhere) {
   test::TempFolder folder;
-  TestWindow window(
-      [&](Surroundings& around) { around.applicationFolder = folder / "missing/program"; });
+  std::ofstream(folder / "file") << "no folder";
+  TestWindow window([&](Surroundings& around) {
+    around.applicationFolder = folder / "missing/program";
+    dynamic_cast<test::ScriptedDialogs&>(*around.dialogs).documents = folder / "file";
+  });
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->State().dataFolder, folder / "missing/program/TrevaskData/");
+}
+
+TEST(StartUp, TheDataFolderIsInTheDocumentsWhereTheProgramsFolderCannotBeWritten) {
+  test::TempFolder home;
+  std::ofstream(home / "TrevaskData") << "in the way";
+  TestWindow window([&](Surroundings& around) {
+    around.applicationFolder = home.Path().string();
+    dynamic_cast<test::ScriptedDialogs&>(*around.dialogs).documents = home / "Documents";
+  });
+  EXPECT_EQ(window->State().dataFolder, home / "Documents/TrevaskData/");
+  EXPECT_TRUE(std::filesystem::is_empty(home / "Documents/TrevaskData"));
+
+  const std::string job = test::SmallJob(window.folder);
+  const std::string set =
+      home / "Documents/TrevaskData/North_Field/2006Jun15/North_Field_2006Jun15_WIRE.shp";
+  window.Select(job);
+  EXPECT_EQ(window.dialogs.opened.at(0).folder, home / "");
+  window.dialogs.toSave = {set};
+  window.Click("Command1_0");
+  EXPECT_EQ(window.dialogs.saved.at(0).folder,
+            home / "Documents/TrevaskData/North_Field/2006Jun15");
+  EXPECT_EQ(window.Text("Label1_0"), "Shape File Created");
+  EXPECT_TRUE(window.dialogs.questions.empty());
+
+  window.Select(job);
+  EXPECT_EQ(window.Text("Label1_0"), "Shape File Exists");
+  window.dialogs.toSave = {set};
+  window.Click("Command1_0");
+  EXPECT_EQ(window.dialogs.questions.size(), 1U);
 }
 
 TEST(StartUp, TakesTheTimeZoneOffset) {

@@ -193,14 +193,16 @@ TEST_F(BoomExport, RatesThatReturnInAnotherPeriodMakeANewRecord) {
   EXPECT_THAT(ExportedSet().shapes, SizeIs(4));
 }
 
-TEST_F(BoomExport, TakingUpTheFirstRecordEndsWithASubscriptErrorAndNoFiles) {
+TEST_F(BoomExport, TakingUpTheFirstRecordEndsWithASubscriptErrorThatNamesTheEpochAndNoFiles) {
   LeaveOldSet();
   ReferenceAndDisc();
   for (int i = 0; i < 3; ++i) {
     builder_.ActualRates(After(i), i % 2 + 1);
     builder_.Epoch(After(i), 0, 0);
   }
-  EXPECT_THROW(Export(), exports::SubscriptError);
+  ExpectSubscriptError(
+      "at epoch 3 (week 1400, millisecond 3000) the job returns to its first rates, and a boom "
+      "set cannot hold that");
   ExpectNothingWritten();
   EXPECT_THAT(host_.messages, IsEmpty());
 }
@@ -212,7 +214,9 @@ TEST_F(BoomExport, TakingUpARecordBehindEmptyOnesOnlyEndsWithASubscriptErrorToo)
     builder_.ActualRates(After(i), i % 2 + 1);
     builder_.Epoch(After(i), 0, 0);
   }
-  EXPECT_THROW(Export(), exports::SubscriptError);
+  ExpectSubscriptError(
+      "at epoch 4 (week 1400, millisecond 4000) the job returns to its first rates, and a boom "
+      "set cannot hold that");
   ExpectNothingWritten();
 }
 

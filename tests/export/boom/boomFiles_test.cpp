@@ -42,7 +42,7 @@ TEST_F(BoomFiles, JobThatCannotBeOpenedIsToldAndOldFilesGo) {
 TEST_F(BoomFiles, NoReferenceLocationIsASubscriptErrorWithoutFiles) {
   LeaveOldSet();
   builder_.Implement(kStart, "Disc", {{4, 0, 0, 0}}).Epoch(kStart, 0, 0);
-  EXPECT_THROW(Export(), exports::SubscriptError);
+  ExpectSubscriptError("the job has no reference location");
   EXPECT_THAT(host_.messages, IsEmpty());
   ExpectNothingWritten();
 }

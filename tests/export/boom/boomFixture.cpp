@@ -47,6 +47,15 @@ std::vector<double> BoomFixture::Norths(const BoomShape& shape) {
 
 void BoomFixture::ReferenceOnly() { builder_.Reference(kStart, 47, -97.5); }
 
+void BoomFixture::ExpectSubscriptError(const std::string& text) {
+  try {
+    Export();
+    ADD_FAILURE() << "no error";
+  } catch (const exports::SubscriptError& error) {
+    EXPECT_EQ(error.what(), text);
+  }
+}
+
 void BoomFixture::ReferenceAndDisc() {
   ReferenceOnly();
   builder_.Implement(kStart, "Disc", {{4, 0, 0, 0}});

@@ -40,6 +40,8 @@ class BoomFixture : public SetFixture {
 
   /// Completes and exports the job, and reads the set.
   BoomSet ExportedSet();
+  /// Completes the job; its export ends with the run-time error that says so.
+  void ExpectSubscriptError(const std::string& text);
   /// Each point of a shape, in metres east or north of the reference location and
   /// rounded to millimetres.
   static std::vector<double> Easts(const BoomShape& shape);

@@ -9,7 +9,6 @@ namespace {
 
 using test::CommandResult;
 using test::FileBytes;
-using ::testing::HasSubstr;
 
 class ExportFailure : public test::ExportCommand {
  protected:
@@ -40,15 +39,20 @@ TEST_F(ExportFailure, MissingJobTakesTheOldSetOfItsBaseAway) {
   EXPECT_FALSE(Exists("x_WIRE.shp") || Exists("x_WIRE.shx") || Exists("x_WIRE.dbf"));
 }
 
-TEST_F(ExportFailure, JobThatIsNoDatabaseCannotBeOpened) {
-  std::ofstream(folder_ / "text.sqlite") << std::string(5000, 'x');
-  for (const auto& target : {std::vector<std::string>{}, {"--base", "x"}}) {
-    std::vector<std::string> arguments{"--kind", "wire", "text.sqlite"};
-    arguments.insert(arguments.begin(), target.begin(), target.end());
-    const CommandResult run = Run(arguments);
-    EXPECT_EQ(run.code, 1);
-    EXPECT_EQ(run.out, "");
-    EXPECT_THAT(run.err, ::testing::StartsWith("kestrin-export: text.sqlite: wire: Error "));
+TEST_F(ExportFailure, JobThatIsNoDatabaseOpensAndHasNoStatement) {
+  const std::string whole = FileBytes(Sample("whole.sqlite"));
+  const std::pair<std::string, std::string> broken[] = {
+      {"", "-1"}, {std::string(5000, 'x'), "-26"}, {whole.substr(0, whole.size() / 2), "-11"}};
+  for (const auto& [bytes, code] : broken) {
+    std::ofstream(folder_ / "text.sqlite", std::ios::binary | std::ios::trunc) << bytes;
+    for (const char* target : {"--out=out", "--base=x"}) {
+      const CommandResult run = Run({"--kind", "wire", target, "text.sqlite"});
+      EXPECT_EQ(run.code, 1);
+      EXPECT_EQ(run.out, "");
+      EXPECT_EQ(run.err,
+                "kestrin-export: text.sqlite: wire: Error creating statement: " + code + "\n");
+    }
+    EXPECT_EQ(FileBytes(folder_ / "text.sqlite"), bytes);
   }
 }
 
@@ -61,8 +65,8 @@ TEST_F(ExportFailure, JobWithoutRowsOrReferenceHasNothingToExport) {
       EXPECT_EQ(run.code, 1);
       EXPECT_EQ(run.out, "");
       const std::string front = std::string("kestrin-export: ") + job;
-      EXPECT_EQ(run.err, front + ": wire: no set made: nothing to export\n" + front +
-                             ": point: no set made: nothing to export\n");
+      EXPECT_EQ(run.err, front + ": wire: No set made: nothing to export\n" + front +
+                             ": point: No set made: nothing to export\n");
     }
   }
 }
@@ -76,7 +80,10 @@ TEST_F(ExportFailure, SubscriptErrorNamesItsKindAndTheOtherKindsAreMade) {
   job.Finish();
   const CommandResult run = Run({"--base", "x", "job.sqlite"});
   EXPECT_EQ(run.code, 1);
-  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: boom: Subscript out of range\n");
+  EXPECT_EQ(run.err,
+            "kestrin-export: job.sqlite: boom: No boom set made: at epoch 5 (week 1345, "
+            "millisecond 4000) the job returns to its first rates, and a boom set cannot hold "
+            "that\n");
   EXPECT_TRUE(HasSet("x_WIRE") && HasSet("x_POLY") && HasSet("x_POINT"));
   EXPECT_FALSE(Exists("x_BOOM.shp"));
 }
@@ -107,8 +114,35 @@ TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
   const int epochs = std::atoi(run.out.c_str() + std::string("x_WIRE.shp: ").size());
   EXPECT_GT(epochs, 100);
   EXPECT_LT(epochs, 3000);
-  EXPECT_EQ(run.err, "kestrin-export: job.sqlite: wire: The job could not be read to its end: " +
-                         std::to_string(epochs) + " epochs written, code 11\n");
+  EXPECT_EQ(
+      run.err,
+      "kestrin-export: job.sqlite: wire: The job could not be read to its end: the set holds " +
+          std::to_string(epochs) + " epochs of an unknown number, code 11\n");
+}
+
+// Where only the index is damaged, the rows can still be counted.
+TEST_F(ExportFailure, JobWithADamagedIndexSaysHowManyOfItsRowsAreInTheSet) {
+  const std::string job = Sample("job.sqlite", 3000);
+  test::Database(job).Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  test::DamageIndexPage(job);
+  for (const char* target : {"--out=out", "--base=x"}) {
+    const CommandResult run = Run({"--kind", "wire", "--kind", "boom", target, "job.sqlite"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_THAT(run.err, ::testing::MatchesRegex(
+                             "kestrin-export: job.sqlite: wire: The job could not be read to its "
+                             "end: the set holds [0-9]+ of 3000 epochs, code 11\n"
+                             "kestrin-export: job.sqlite: boom: The job could not be read to its "
+                             "end: the set holds [0-9]+ of 3000 epochs, code 11\n"));
+  }
+}
+
+TEST_F(ExportFailure, JobWithoutAReferenceLocationHasNoBoomSetAndSaysWhy) {
+  test::JobBuilder(Builder("job.sqlite")).Epoch({1345, 0}, 0, 0).Finish();
+  const CommandResult run = Run({"--kind", "boom", "--base", "x", "job.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.err,
+            "kestrin-export: job.sqlite: boom: No boom set made: the job has no reference "
+            "location\n");
 }
 
 TEST_F(ExportFailure, OutThatCannotBeMadeIsNamed) {
@@ -118,8 +152,8 @@ TEST_F(ExportFailure, OutThatCannotBeMadeIsNamed) {
     const CommandResult run = Run({"--kind", "wire", "--out", out, "job.sqlite"});
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.out, "");
-    EXPECT_THAT(run.err, ::testing::StartsWith("kestrin-export: job.sqlite: wire: "));
-    EXPECT_THAT(run.err, HasSubstr("wire: file"));
+    EXPECT_THAT(run.err,
+                ::testing::StartsWith("kestrin-export: job.sqlite: wire: Error writing: file"));
   }
   EXPECT_EQ(FileBytes(folder_ / "file"), "no folder");
 }
