@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
 #include "app/widgets/fonts.h"
 #include "app/widgets/frame.h"
@@ -39,10 +40,7 @@ QColor GraphicalButton::ShownText() const {
   const QColor face = ShownBackground();
   const QColor lively =
       background_ ? TextOn(face) : palette().color(QPalette::Active, QPalette::ButtonText);
-  if (isEnabled()) return lively;
-  const auto halfway = [](int one, int other) { return (one + other) / 2; };
-  return {halfway(lively.red(), face.red()), halfway(lively.green(), face.green()),
-          halfway(lively.blue(), face.blue())};
+  return isEnabled() ? lively : Faint(lively, face);
 }
 
 QSize GraphicalButton::sizeHint() const { return {105, 41}; }
@@ -52,17 +50,17 @@ void GraphicalButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   QColor face = ShownBackground();
   const QColor text = ShownText();
+  // A colour says how the action went, and must not change under the mouse.
   if (isDown())
     face = face.darker(115);
-  else if (underMouse() && isEnabled() && InputReaches(*this))
+  else if (!background_ && underMouse() && isEnabled() && InputReaches(*this))
     face = face.lighter(104);
-  const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  const bool dark = face.lightness() < 128;
-  QLinearGradient shade(edge.topLeft(), edge.bottomLeft());
-  shade.setColorAt(0, isDown() ? face : face.lighter(dark ? 115 : 104));
-  shade.setColorAt(1, isDown() ? face : face.darker(106));
-  painter.setPen(dark ? face.lighter(180) : face.darker(isEnabled() ? 190 : 140));
-  painter.setBrush(shade);
+  const double line = BorderWidth(painter);
+  const double half = line / 2;
+  const QRectF edge = OnDevicePixels(painter, rect()).adjusted(half, half, -half, -half);
+  const QColor border = IsDark(face) ? face.lighter(180) : face.darker(isEnabled() ? 190 : 140);
+  painter.setPen(QPen(border, line));
+  painter.setBrush(face);
   painter.drawRoundedRect(edge, 3, 3);
   if (hasFocus()) {
     QPen dots(text, 1, Qt::DotLine);

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
 #include "app/widgets/fonts.h"
 
@@ -43,10 +44,7 @@ QString Caption::ShownText() const {
 void Caption::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QColor background = palette().color(QPalette::Window);
-  if (border_) {
-    painter.setPen(Readable(kGrey, background));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  }
+  if (border_) DrawBorder(painter, rect(), Readable(kGrey, background));
   if (text().isEmpty()) return;
   painter.setFont(ShownFont());
   painter.setPen(colour_ ? Readable(*colour_, background) : palette().color(QPalette::WindowText));

@@ -24,6 +24,13 @@ QScrollBar* MakeScrollBar(Qt::Orientation orientation, QWidget* parent) {
   return bar;
 }
 
+/// Covers what lies below it.
+QWidget* MakeBox(QWidget* parent) {
+  auto* box = new QWidget(parent);
+  box->setAutoFillBackground(true);
+  return box;
+}
+
 widgets::Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
   auto* caption = new widgets::Caption(parent);
   caption->SetPurpose(spec.words);
@@ -37,7 +44,7 @@ widgets::Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
 QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
   switch (spec.kind) {
     case ControlKind::kBox:
-      return new QWidget(parent);
+      return MakeBox(parent);
     case ControlKind::kFrame:
       return new widgets::Frame(spec.caption, parent);
     case ControlKind::kButton:
@@ -51,7 +58,7 @@ QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
     case ControlKind::kBar:
       return new widgets::FilledShape(widgets::kDarkBlue, parent);
     case ControlKind::kLine:
-      return new widgets::FilledShape(widgets::kGrey, parent);
+      return new widgets::Line(parent);
     case ControlKind::kPicture:
       return new widgets::PictureBox(parent);
     case ControlKind::kImage:
