@@ -1,7 +1,9 @@
 #include "app/widgets/buttons.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOptionButton>
+#include <algorithm>
 
 #include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
@@ -9,6 +11,23 @@
 #include "app/widgets/frame.h"
 
 namespace kestrin::widgets {
+
+namespace {
+
+/// Enter and Return press as the space bar does: down with the key, and chosen when it
+/// is let go. A key that is held chooses once, and nothing in a dialog that it opened.
+template <class Handler>
+void WithEnterAsSpace(QKeyEvent& event, Handler handler) {
+  if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) {
+    handler(&event);
+    return;
+  }
+  QKeyEvent space(event.type(), Qt::Key_Space, event.modifiers(), " ", event.isAutoRepeat());
+  handler(&space);
+  event.setAccepted(space.isAccepted());
+}
+
+}  // namespace
 
 ClickGuard::ClickGuard(QAbstractButton& button) : button_(button) {
   QObject::connect(&button, &QAbstractButton::pressed, &button,
@@ -43,6 +62,14 @@ QColor GraphicalButton::ShownText() const {
   return isEnabled() ? lively : Faint(lively, face);
 }
 
+void GraphicalButton::keyPressEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyPressEvent(key); });
+}
+
+void GraphicalButton::keyReleaseEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyReleaseEvent(key); });
+}
+
 QSize GraphicalButton::sizeHint() const { return {105, 41}; }
 
 void GraphicalButton::paintEvent(QPaintEvent*) {
@@ -63,8 +90,7 @@ void GraphicalButton::paintEvent(QPaintEvent*) {
   painter.setBrush(face);
   painter.drawRoundedRect(edge, 3, 3);
   if (hasFocus()) {
-    QPen dots(text, 1, Qt::DotLine);
-    painter.setPen(dots);
+    painter.setPen(QPen(text, line, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(edge.adjusted(3, 3, -3, -3));
   }
@@ -80,10 +106,46 @@ OptionButton::OptionButton(const QString& caption, QWidget* parent)
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (guard_.Accepts()) emit Chosen();
   });
+  connect(this, &QAbstractButton::toggled, this, [this](bool checked) {
+    if (checked && InputReaches(*this)) PutTabStop(parentWidget());
+  });
+}
+
+void OptionButton::PutTabStop(const QWidget* group) {
+  if (group == nullptr) return;
+  const auto options = group->findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
+  const auto checked = std::find_if(options.begin(), options.end(),
+                                    [](const OptionButton* each) { return each->isChecked(); });
+  if (checked == options.end()) return;
+  for (OptionButton* each : options) {
+    each->setFocusPolicy(each == *checked ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
 void OptionButton::nextCheckState() {
   if (guard_.Accepts()) QRadioButton::nextCheckState();
+}
+
+void OptionButton::focusInEvent(QFocusEvent* event) {
+  QRadioButton::focusInEvent(event);
+  // Qt has put the stop where the focus is.
+  PutTabStop(parentWidget());
+}
+
+void OptionButton::keyPressEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyPressEvent(key); });
+}
+
+void OptionButton::keyReleaseEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyReleaseEvent(key); });
+}
+
+void OptionButton::initStyleOption(QStyleOptionButton* option) const {
+  QRadioButton::initStyleOption(option);
+  const QPalette& colours = palette();
+  option->palette.setColor(QPalette::Disabled, QPalette::WindowText,
+                           Faint(colours.color(QPalette::Active, QPalette::WindowText),
+                                 colours.color(QPalette::Active, QPalette::Window)));
 }
 
 }  // namespace kestrin::widgets

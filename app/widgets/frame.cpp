@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/widgets/borders.h"
+#include "app/widgets/buttons.h"
 #include "app/widgets/colours.h"
 
 namespace kestrin::widgets {
@@ -75,9 +76,11 @@ void Frame::GiveFocusBack() {
     if (policies_.contains(child)) child->setFocusPolicy(policies_.value(child));
   }
   policies_.clear();
+  OptionButton::PutTabStop(this);
   QWidget* last = focused_.data();
   focused_.clear();
-  if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr) last->setFocus();
+  if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr)
+    last->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 bool Frame::eventFilter(QObject* watched, QEvent* event) {

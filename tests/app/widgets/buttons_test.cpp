@@ -3,8 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QStyle>
+#include <QStyleFactory>
+#include <algorithm>
+#include <memory>
 
 #include "app/widgets/colours.h"
+#include "app/widgets/fonts.h"
 
 namespace kestrin::widgets {
 namespace {
@@ -83,6 +88,44 @@ TEST(Colours, AreGivenAsBlueGreenRed) {
   EXPECT_EQ(FromBgr(0xE0FFFF), QColor(0xFF, 0xFF, 0xE0));
   EXPECT_EQ(FromBgr(0x0000FF), QColor(0xFF, 0, 0));
   EXPECT_EQ(FromBgr(0xC00000), QColor(0, 0, 0xC0));
+}
+
+/// How well the text in a picture tells from what it stands on: at its darkest or lightest.
+double BestContrast(const QImage& image, const QColor& ground) {
+  double best = 1;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      best = std::max(best, Contrast(image.pixelColor(x, y), ground));
+    }
+  }
+  return best;
+}
+
+TEST(OptionButton, ADisabledCaptionCanBeReadOnEveryTheme) {
+  QPalette classic(QColor(0xD4, 0xD0, 0xC8));
+  QPalette highContrast(Qt::black);
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+    highContrast.setColor(role, Qt::white);
+  }
+  for (const char* style : {"Fusion", "Windows"}) {
+    for (const QPalette& theme :
+         {QPalette(QColor(0xEF, 0xEF, 0xEF)), classic, DarkPalette(), highContrast}) {
+      OptionButton option("POINT", nullptr);
+      const std::unique_ptr<QStyle> owned(QStyleFactory::create(style));
+      option.setStyle(owned.get());
+      option.setPalette(theme);
+      option.setFont(WindowFont({}));
+      option.resize(81, 17);
+      const QColor ground = theme.color(QPalette::Active, QPalette::Window);
+      constexpr int kBesideTheCircle = 24;
+      const QRect caption(kBesideTheCircle, 0, 81 - kBesideTheCircle, 17);
+      const double lively = BestContrast(option.grab(caption).toImage(), ground);
+      option.setEnabled(false);
+      const double faint = BestContrast(option.grab(caption).toImage(), ground);
+      EXPECT_GE(faint, 2.95) << style << ground.name().toStdString();
+      EXPECT_LT(faint, lively) << style << ground.name().toStdString();
+    }
+  }
 }
 
 TEST(Colours, AreTheDesignsOwnOnEveryLightBackgroundAndLightenedOnDarkOnes) {
