@@ -17,10 +17,13 @@ namespace kestrin::window {
 namespace {
 
 constexpr int kLargeChange = 800;
+/// A line of the content: the height of its one-line labels.
+constexpr int kSmallChange = 17;
 
 QScrollBar* MakeScrollBar(Qt::Orientation orientation, QWidget* parent) {
   auto* bar = new QScrollBar(orientation, parent);
   bar->setPageStep(kLargeChange);
+  bar->setSingleStep(kSmallChange);
   return bar;
 }
 
