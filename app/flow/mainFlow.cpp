@@ -16,8 +16,10 @@ MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
       commands_(state_.job, ports, rules_, host_, kinds),
       selection_(state_, ports, rules_, host_, version, kinds) {}
 
-void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset) {
+void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset,
+                         const std::function<void()>& installHook) {
   ports_.controls.SetCaption({Control::kVersion}, VersionCaption(version_));
+  installHook();
   EnterApplicationFolder(applicationFolder);
   for (int i = 0; i < exports::kKindCount; ++i) {
     ports_.controls.SetCaption({Control::kSetState, i}, "");

@@ -43,8 +43,8 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
   flow_->State().screenHeight = surroundings.screen.height;
   fillsScreen_ = flow::TakesWholeScreen(surroundings.screen);
   if (fillsScreen_) resize(static_cast<int>(surroundings.screen.width), surroundings.screen.height);
-  hook_.Hook(static_cast<std::uintptr_t>(winId()));
-  flow_->Form_Load(surroundings.applicationFolder, surroundings.timeZoneOffset);
+  flow_->Form_Load(surroundings.applicationFolder, surroundings.timeZoneOffset,
+                   [this] { hook_.Hook(static_cast<std::uintptr_t>(winId())); });
 }
 
 MainFrm::~MainFrm() = default;
