@@ -1,6 +1,9 @@
 #include "app/widgets/caption.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QTextLayout>
+#include <QToolTip>
 
 #include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
@@ -8,9 +11,29 @@
 
 namespace kestrin::widgets {
 
+namespace {
+
+/// The text as a tool tip of lines at most `width` wide, wherever they must be broken: a
+/// long name may have no blank.
+QString InLines(const QString& text, const QFont& font, int width) {
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    lines += text.mid(line.textStart(), line.textLength()).toHtmlEscaped();
+  }
+  layout.endLayout();
+  return "<div style='white-space: pre'>" + lines.join("<br>") + "</div>";
+}
+
+}  // namespace
+
 Caption::Caption(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
-  setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void Caption::SetPurpose(const QString& purpose) {
@@ -39,6 +62,15 @@ QString Caption::ShownText() const {
   const QFontMetrics metrics(ShownFont());
   if (metrics.horizontalAdvance(text()) <= Inside().width()) return text();
   return metrics.elidedText(text(), Qt::ElideMiddle, Inside().width());
+}
+
+bool Caption::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+  if (ShownText() != text()) {
+    const QPoint at = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(at, InLines(text(), QToolTip::font(), width()), this);
+  }
+  return true;
 }
 
 void Caption::paintEvent(QPaintEvent*) {
