@@ -32,9 +32,7 @@ QString InLines(const QString& text, const QFont& font, int width) {
 
 }  // namespace
 
-Caption::Caption(QWidget* parent) : QLabel(parent) {
-  setTextFormat(Qt::PlainText);
-}
+Caption::Caption(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
 
 void Caption::SetPurpose(const QString& purpose) {
   purpose_ = purpose;
