@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCursor>
 #include <QTest>
 #include <QTextDocumentFragment>
 #include <QToolTip>
@@ -19,7 +20,11 @@ class CaptionTest : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
     QTest::mouseMove(&window_, QPoint(5, 5));
   }
-  ~CaptionTest() override { QToolTip::hideText(); }
+  ~CaptionTest() override {
+    QToolTip::hideText();
+    // Not over the next test's window.
+    QCursor::setPos(0, 0);
+  }
 
   /// What a tool tip says once the mouse rests on the caption; nothing where there is none.
   QString TipUnderTheMouse() {

@@ -86,10 +86,12 @@ TEST_F(ScrollingTest, AControlThatIsInViewMovesNothing) {
 
 TEST_F(ScrollingTest, WhatTheMousePressesStaysUnderIt) {
   Resize(600, 400);
+  window_.Button("Command4").setFocus();
   V().setValue(45);
   ASSERT_FALSE(IsInView(window_.Button("Command3")));
   QTest::mouseClick(&window_.Find<>("Command3"), Qt::LeftButton, {}, QPoint(48, 36));
   EXPECT_EQ(window_.dialogs.opened.size(), 1U);
+  EXPECT_TRUE(window_.Button("Command3").hasFocus());
   EXPECT_EQ(V().value(), 45);
 }
 

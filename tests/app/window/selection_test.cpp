@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCursor>
 #include <QTextDocumentFragment>
 #include <QTimer>
 #include <QToolTip>
@@ -48,6 +49,7 @@ TEST(Selection, ANameTooLongForTheWindowIsWholeInAToolTip) {
   const QString tip = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
   EXPECT_EQ(QString(tip).remove('\n').toStdString(), name);
   QToolTip::hideText();
+  QCursor::setPos(0, 0);
 }
 
 TEST(Selection, AsksForJobsInTheProgramsFolderFirstAndWhereTheLastOneWasThen) {
