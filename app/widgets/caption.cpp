@@ -63,11 +63,11 @@ QString Caption::ShownText() const {
 }
 
 bool Caption::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QLabel::event(event);
-  if (ShownText() != text()) {
-    const QPoint at = static_cast<QHelpEvent*>(event)->globalPos();
-    QToolTip::showText(at, InLines(text(), QToolTip::font(), width()), this);
+  const auto* help = dynamic_cast<QHelpEvent*>(event);
+  if (help == nullptr || help->type() != QEvent::ToolTip || ShownText() == text()) {
+    return QLabel::event(event);
   }
+  QToolTip::showText(help->globalPos(), InLines(text(), QToolTip::font(), width()), this);
   return true;
 }
 

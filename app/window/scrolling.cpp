@@ -95,19 +95,17 @@ void Scrolling::LayOut() {
 }
 
 bool Scrolling::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::KeyPress:
-      return watched == &window_ && TakesKey(static_cast<QKeyEvent&>(*event));
-    case QEvent::Wheel:
-      return watched == &window_ && TakesWheel(static_cast<QWheelEvent&>(*event));
-    case QEvent::FocusIn:
-      if (watched != &window_ && ShowsFocus(static_cast<QFocusEvent*>(event)->reason())) {
-        ShowControl(static_cast<QWidget&>(*watched));
-      }
-      return false;
-    default:
-      return false;
+  if (watched == &window_) {
+    if (auto* wheel = dynamic_cast<QWheelEvent*>(event)) return TakesWheel(*wheel);
+    const auto* key = dynamic_cast<QKeyEvent*>(event);
+    return key != nullptr && key->type() == QEvent::KeyPress && TakesKey(*key);
   }
+  const auto* focus = dynamic_cast<QFocusEvent*>(event);
+  const auto* control = qobject_cast<QWidget*>(watched);
+  if (focus != nullptr && focus->gotFocus() && control != nullptr && ShowsFocus(focus->reason())) {
+    ShowControl(*control);
+  }
+  return false;
 }
 
 QSize Scrolling::View() const {
