@@ -31,7 +31,7 @@ void DropIconsRoom(QGridLayout& layout, QLabel& text) {
 }  // namespace
 
 void LayOutBox(QMessageBox& box) {
-  /// The window's icon and buttons, on any desktop.
+  // The window's icon and buttons, on any desktop.
   constexpr int kBesideTitle = 140;
   auto* layout = qobject_cast<QGridLayout*>(box.layout());
   auto* text = box.findChild<QLabel*>("qt_msgbox_label");
