@@ -18,8 +18,10 @@ MainFlow::MainFlow(const Ports& ports, const ProgramVersion& version,
       commands_(state_.job, state_.progress, ports, rules_, host_, kinds),
       selection_(state_, ports, rules_, host_, version, kinds) {}
 
-void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset) {
+void MainFlow::Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset,
+                         const std::function<void()>& installHook) {
   ports_.controls.SetCaption({Control::kVersion}, VersionCaption(version_));
+  installHook();
   state_.applicationFolder = base::WithSeparator(applicationFolder);
   state_.dataFolder =
       DataFolder(ports_.files, state_.applicationFolder, ports_.dialogs.DocumentsFolder());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "app/flow/controlRules.h"
 #include "app/flow/exportCommands.h"
 #include "app/flow/jobSelection.h"
@@ -26,10 +28,12 @@ class MainFlow {
   WindowState& State() { return state_; }
   const WindowState& State() const { return state_; }
 
-  /// The start-up after the window has been measured and hooked: version label,
-  /// folders, labels, flags, time zone. `applicationFolder` need not end in a
-  /// separator. A data folder that can be made nowhere is no reason not to start.
-  void Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset);
+  /// The start-up after the window has been measured: version label, the hook in front
+  /// of the window's procedure, folders, labels, flags, time zone. `applicationFolder`
+  /// need not end in a separator. A data folder that can be made nowhere is no reason not
+  /// to start.
+  void Form_Load(const std::string& applicationFolder, std::int32_t timeZoneOffset,
+                 const std::function<void()>& installHook);
 
   void Command1_Click(int index) { commands_.Command1_Click(index); }
   void Command2_Click() { commands_.Command2_Click(); }

@@ -1,13 +1,33 @@
 #include "app/widgets/buttons.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOptionButton>
+#include <algorithm>
 
+#include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
 #include "app/widgets/fonts.h"
 #include "app/widgets/frame.h"
 
 namespace kestrin::widgets {
+
+namespace {
+
+/// Enter and Return press as the space bar does: down with the key, and chosen when it
+/// is let go. A key that is held chooses once, and nothing in a dialog that it opened.
+template <class Handler>
+void WithEnterAsSpace(QKeyEvent& event, Handler handler) {
+  if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) {
+    handler(&event);
+    return;
+  }
+  QKeyEvent space(event.type(), Qt::Key_Space, event.modifiers(), " ", event.isAutoRepeat());
+  handler(&space);
+  event.setAccepted(space.isAccepted());
+}
+
+}  // namespace
 
 ClickGuard::ClickGuard(QAbstractButton& button) : button_(button) {
   QObject::connect(&button, &QAbstractButton::pressed, &button,
@@ -39,10 +59,15 @@ QColor GraphicalButton::ShownText() const {
   const QColor face = ShownBackground();
   const QColor lively =
       background_ ? TextOn(face) : palette().color(QPalette::Active, QPalette::ButtonText);
-  if (isEnabled()) return lively;
-  const auto halfway = [](int one, int other) { return (one + other) / 2; };
-  return {halfway(lively.red(), face.red()), halfway(lively.green(), face.green()),
-          halfway(lively.blue(), face.blue())};
+  return isEnabled() ? lively : Faint(lively, face);
+}
+
+void GraphicalButton::keyPressEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyPressEvent(key); });
+}
+
+void GraphicalButton::keyReleaseEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyReleaseEvent(key); });
 }
 
 QSize GraphicalButton::sizeHint() const { return {105, 41}; }
@@ -52,21 +77,20 @@ void GraphicalButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   QColor face = ShownBackground();
   const QColor text = ShownText();
+  // A colour says how the action went, and must not change under the mouse.
   if (isDown())
     face = face.darker(115);
-  else if (underMouse() && isEnabled() && InputReaches(*this))
+  else if (!background_ && underMouse() && isEnabled() && InputReaches(*this))
     face = face.lighter(104);
-  const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  const bool dark = face.lightness() < 128;
-  QLinearGradient shade(edge.topLeft(), edge.bottomLeft());
-  shade.setColorAt(0, isDown() ? face : face.lighter(dark ? 115 : 104));
-  shade.setColorAt(1, isDown() ? face : face.darker(106));
-  painter.setPen(dark ? face.lighter(180) : face.darker(isEnabled() ? 190 : 140));
-  painter.setBrush(shade);
+  const double line = BorderWidth(painter);
+  const double half = line / 2;
+  const QRectF edge = OnDevicePixels(painter, rect()).adjusted(half, half, -half, -half);
+  const QColor border = IsDark(face) ? face.lighter(180) : face.darker(isEnabled() ? 190 : 140);
+  painter.setPen(QPen(border, line));
+  painter.setBrush(face);
   painter.drawRoundedRect(edge, 3, 3);
   if (hasFocus()) {
-    QPen dots(text, 1, Qt::DotLine);
-    painter.setPen(dots);
+    painter.setPen(QPen(text, line, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(edge.adjusted(3, 3, -3, -3));
   }
@@ -82,10 +106,46 @@ OptionButton::OptionButton(const QString& caption, QWidget* parent)
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (guard_.Accepts()) emit Chosen();
   });
+  connect(this, &QAbstractButton::toggled, this, [this](bool checked) {
+    if (checked && InputReaches(*this)) PutTabStop(parentWidget());
+  });
+}
+
+void OptionButton::PutTabStop(const QWidget* group) {
+  if (group == nullptr) return;
+  const auto options = group->findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
+  const auto checked = std::find_if(options.begin(), options.end(),
+                                    [](const OptionButton* each) { return each->isChecked(); });
+  if (checked == options.end()) return;
+  for (OptionButton* each : options) {
+    each->setFocusPolicy(each == *checked ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
 void OptionButton::nextCheckState() {
   if (guard_.Accepts()) QRadioButton::nextCheckState();
+}
+
+void OptionButton::focusInEvent(QFocusEvent* event) {
+  QRadioButton::focusInEvent(event);
+  // Qt has put the stop where the focus is.
+  PutTabStop(parentWidget());
+}
+
+void OptionButton::keyPressEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyPressEvent(key); });
+}
+
+void OptionButton::keyReleaseEvent(QKeyEvent* event) {
+  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyReleaseEvent(key); });
+}
+
+void OptionButton::initStyleOption(QStyleOptionButton* option) const {
+  QRadioButton::initStyleOption(option);
+  const QPalette& colours = palette();
+  option->palette.setColor(QPalette::Disabled, QPalette::WindowText,
+                           Faint(colours.color(QPalette::Active, QPalette::WindowText),
+                                 colours.color(QPalette::Active, QPalette::Window)));
 }
 
 }  // namespace kestrin::widgets

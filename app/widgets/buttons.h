@@ -22,7 +22,8 @@ class ClickGuard {
   bool pressedInReach_ = true;
 };
 
-/// A push button whose background can be set.
+/// A push button whose background can be set. The space bar, Enter and the keypad's Enter
+/// press it.
 class GraphicalButton : public QAbstractButton {
   Q_OBJECT
 
@@ -44,6 +45,8 @@ class GraphicalButton : public QAbstractButton {
   void Chosen();
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -51,12 +54,17 @@ class GraphicalButton : public QAbstractButton {
   ClickGuard guard_;
 };
 
-/// One of the option buttons that share a frame.
+/// One of the option buttons that share a frame; the same keys press it.
 class OptionButton : public QRadioButton {
   Q_OBJECT
 
  public:
   OptionButton(const QString& caption, QWidget* parent);
+
+  /// Makes Tab enter the options in `group`, if any, at the checked one, where there is
+  /// one: from any other the arrow keys choose nothing. They see to it themselves, but for
+  /// focus policies set from outside.
+  static void PutTabStop(const QWidget* group);
 
  signals:
   /// A click that counts.
@@ -64,6 +72,11 @@ class OptionButton : public QRadioButton {
 
  protected:
   void nextCheckState() override;
+  void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  /// A disabled caption can still be read, which not every desktop sees to.
+  void initStyleOption(QStyleOptionButton* option) const override;
 
  private:
   ClickGuard guard_;

@@ -1,16 +1,38 @@
 #include "app/widgets/caption.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QTextLayout>
+#include <QToolTip>
 
+#include "app/widgets/borders.h"
 #include "app/widgets/colours.h"
 #include "app/widgets/fonts.h"
 
 namespace kestrin::widgets {
 
-Caption::Caption(QWidget* parent) : QLabel(parent) {
-  setTextFormat(Qt::PlainText);
-  setAttribute(Qt::WA_TransparentForMouseEvents);
+namespace {
+
+/// The text as a tool tip of lines at most `width` wide, wherever they must be broken: a
+/// long name may have no blank.
+QString InLines(const QString& text, const QFont& font, int width) {
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    lines += text.mid(line.textStart(), line.textLength()).toHtmlEscaped();
+  }
+  layout.endLayout();
+  return "<div style='white-space: pre'>" + lines.join("<br>") + "</div>";
 }
+
+}  // namespace
+
+Caption::Caption(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
 
 void Caption::SetPurpose(const QString& purpose) {
   purpose_ = purpose;
@@ -40,13 +62,19 @@ QString Caption::ShownText() const {
   return metrics.elidedText(text(), Qt::ElideMiddle, Inside().width());
 }
 
+bool Caption::event(QEvent* event) {
+  const auto* help = dynamic_cast<QHelpEvent*>(event);
+  if (help == nullptr || help->type() != QEvent::ToolTip || ShownText() == text()) {
+    return QLabel::event(event);
+  }
+  QToolTip::showText(help->globalPos(), InLines(text(), QToolTip::font(), width()), this);
+  return true;
+}
+
 void Caption::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QColor background = palette().color(QPalette::Window);
-  if (border_) {
-    painter.setPen(Readable(kGrey, background));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  }
+  if (border_) DrawBorder(painter, rect(), Readable(kGrey, background));
   if (text().isEmpty()) return;
   painter.setFont(ShownFont());
   painter.setPen(colour_ ? Readable(*colour_, background) : palette().color(QPalette::WindowText));

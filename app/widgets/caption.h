@@ -7,7 +7,8 @@
 namespace kestrin::widgets {
 
 /// A one-line label: plain text, narrowed rather than cut off where it is a little
-/// too wide for its place, and shortened in the middle where it is far too wide.
+/// too wide for its place, and shortened in the middle where it is far too wide. The
+/// whole of a shortened text is in a tool tip.
 class Caption : public QLabel {
   Q_OBJECT
 
@@ -26,6 +27,7 @@ class Caption : public QLabel {
   QString ShownText() const;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

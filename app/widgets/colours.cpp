@@ -8,6 +8,7 @@ namespace kestrin::widgets {
 namespace {
 
 constexpr double kReadableContrast = 3.5;
+constexpr double kFaintContrast = 3;
 
 double Linear(float part) {
   const auto channel = static_cast<double>(part);
@@ -19,12 +20,17 @@ double Luminance(const QColor& colour) {
          0.0722 * Linear(colour.blueF());
 }
 
-/// The colour with its lightness moved towards black or white.
-QColor Lightened(const QColor& colour, bool towardsWhite, int percent) {
-  const float goal = towardsWhite ? 1.0F : 0.0F;
+/// The colour with its lightness moved towards white.
+QColor Lightened(const QColor& colour, int percent) {
   const float lightness = colour.lightnessF();
-  const float moved = lightness + (goal - lightness) * static_cast<float>(percent) / 100.0F;
+  const float moved = lightness + (1 - lightness) * static_cast<float>(percent) / 100.0F;
   return QColor::fromHslF(colour.hslHueF(), colour.hslSaturationF(), moved);
+}
+
+QColor Mixed(const QColor& one, const QColor& other, int percentOfOther) {
+  const auto part = [&](int from, int to) { return from + (to - from) * percentOfOther / 100; };
+  return {part(one.red(), other.red()), part(one.green(), other.green()),
+          part(one.blue(), other.blue())};
 }
 
 }  // namespace
@@ -35,20 +41,27 @@ double Contrast(const QColor& one, const QColor& other) {
 }
 
 QColor Readable(const QColor& wanted, const QColor& background) {
-  if (Contrast(wanted, background) >= kReadableContrast) return wanted;
-  const bool towardsWhite = TextOn(background) == QColor(255, 255, 255);
+  if (!IsDark(background)) return wanted;
   QColor colour = wanted;
   for (int percent = 5; percent <= 100; percent += 5) {
-    colour = Lightened(wanted, towardsWhite, percent);
     if (Contrast(colour, background) >= kReadableContrast) break;
+    colour = Lightened(wanted, percent);
   }
   return colour;
 }
 
-QColor TextOn(const QColor& background) {
-  const QColor black(0, 0, 0);
-  const QColor white(255, 255, 255);
-  return Contrast(black, background) >= Contrast(white, background) ? black : white;
+QColor Faint(const QColor& text, const QColor& background) {
+  for (int percent = 50; percent > 0; percent -= 5) {
+    const QColor faint = Mixed(text, background, percent);
+    if (Contrast(faint, background) >= kFaintContrast) return faint;
+  }
+  return text;
 }
+
+bool IsDark(const QColor& background) {
+  return Contrast(Qt::white, background) > Contrast(Qt::black, background);
+}
+
+QColor TextOn(const QColor& background) { return IsDark(background) ? Qt::white : Qt::black; }
 
 }  // namespace kestrin::widgets

@@ -22,9 +22,17 @@ inline constexpr QColor kDarkGrey = FromBgr(0x404040);
 /// relative luminance of WCAG 2.
 double Contrast(const QColor& one, const QColor& other);
 
-/// The wanted text colour, moved towards white or black just far enough to be read
-/// on the background: a dark desktop keeps the hue, not the darkness.
+/// Whether white reads better on the background than black.
+bool IsDark(const QColor& background);
+
+/// The design's colour for text, a line or a bar. Itself on a light background; on a
+/// dark one moved towards white just far enough to be read: the hue is kept, not the
+/// darkness.
 QColor Readable(const QColor& wanted, const QColor& background);
+
+/// The text colour of what is disabled: halfway to the background, or as far as it can
+/// still be read.
+QColor Faint(const QColor& text, const QColor& background);
 
 /// Black or white, whichever reads better on the background.
 QColor TextOn(const QColor& background);

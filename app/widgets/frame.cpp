@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <utility>
 
+#include "app/widgets/borders.h"
+#include "app/widgets/buttons.h"
 #include "app/widgets/colours.h"
 
 namespace kestrin::widgets {
@@ -17,7 +19,6 @@ bool IsInput(QEvent::Type type) {
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
-    case QEvent::Wheel:
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::Shortcut:
@@ -74,9 +75,11 @@ void Frame::GiveFocusBack() {
     if (policies_.contains(child)) child->setFocusPolicy(policies_.value(child));
   }
   policies_.clear();
+  OptionButton::PutTabStop(this);
   QWidget* last = focused_.data();
   focused_.clear();
-  if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr) last->setFocus();
+  if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr)
+    last->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 bool Frame::eventFilter(QObject* watched, QEvent* event) {
@@ -103,11 +106,8 @@ void Frame::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QFontMetrics metrics(font());
   const int top = caption_.isEmpty() ? 0 : metrics.height() / 2;
-  const QRect border = rect().adjusted(0, top, -1, -1);
   const QColor background = palette().color(QPalette::Window);
-  const bool dark = TextOn(background) == QColor(255, 255, 255);
-  painter.setPen(dark ? background.lighter(190) : background.darker(140));
-  painter.drawRect(border);
+  DrawBorder(painter, rect().adjusted(0, top, 0, 0), Readable(kGrey, background));
   if (caption_.isEmpty()) return;
   const int width = metrics.horizontalAdvance(caption_);
   painter.fillRect(kCaptionLeft - kCaptionGap, 0, width + 2 * kCaptionGap, metrics.height(),

@@ -9,7 +9,8 @@ namespace kestrin::widgets {
 /// A frame with an etched border and a caption, and the gate in front of what it
 /// holds. While the gate is closed no mouse, key, shortcut, focus or accessibility
 /// action reaches a control inside, but nothing inside looks disabled: how a
-/// control looks is its own business.
+/// control looks is its own business. The wheel, which none of them takes, passes to
+/// what scrolls the frame.
 class Frame : public QWidget {
   Q_OBJECT
 

@@ -5,8 +5,7 @@
 
 namespace kestrin::widgets {
 
-/// A filled rectangle: the fill of a progress bar, whose width is its state. A
-/// line is a rectangle one pixel thick.
+/// A filled rectangle: the fill of a progress bar, whose width is its state.
 class FilledShape : public QWidget {
   Q_OBJECT
 
@@ -18,6 +17,17 @@ class FilledShape : public QWidget {
 
  private:
   QColor colour_;
+};
+
+/// A grey line along the longer side of its place, as thick as the borders.
+class Line : public QWidget {
+  Q_OBJECT
+
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 };
 
 /// The program's picture.

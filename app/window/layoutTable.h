@@ -10,7 +10,7 @@
 namespace kestrin::window {
 
 enum class ControlKind {
-  kBox,       ///< plain container
+  kBox,       ///< plain box in the window's colour
   kFrame,     ///< container with border, caption and input gate
   kButton,    ///< push button with a background colour
   kOption,    ///< option button

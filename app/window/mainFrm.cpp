@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QScreen>
-#include <QScrollBar>
 #include <QTimer>
 
 #include "app/widgets/buttons.h"
@@ -26,6 +25,7 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
   setWindowIcon(widgets::LogoIcon());
   MakeControls(*this);
   MakeTimers(*this);
+  scrolling_ = std::make_unique<Scrolling>(*this);
   resize(flow::kDesignWidth, flow::kDesignHeight);
 
   auto& preview = *Find<widgets::PictureBox>("Picture1");
@@ -43,8 +43,8 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
   flow_->State().screenHeight = surroundings.screen.height;
   fillsScreen_ = flow::TakesWholeScreen(surroundings.screen);
   if (fillsScreen_) resize(static_cast<int>(surroundings.screen.width), surroundings.screen.height);
-  hook_.Hook(static_cast<std::uintptr_t>(winId()));
-  flow_->Form_Load(surroundings.applicationFolder, surroundings.timeZoneOffset);
+  flow_->Form_Load(surroundings.applicationFolder, surroundings.timeZoneOffset,
+                   [this] { hook_.Hook(static_cast<std::uintptr_t>(winId())); });
 }
 
 MainFrm::~MainFrm() = default;
@@ -68,11 +68,6 @@ void MainFrm::Connect() {
   ConnectTimer("Timer2", &flow::MainFlow::Timer2_Timer);
   ConnectTimer("TimerPreview", &flow::MainFlow::TimerPreview_Timer);
   ConnectTimer("TimerShape", &flow::MainFlow::TimerShape_Timer);
-  auto* content = Find<QWidget>("Picture2");
-  connect(Find<QScrollBar>("HScroll1"), &QScrollBar::valueChanged, content,
-          [content](int value) { content->move(-value, content->y()); });
-  connect(Find<QScrollBar>("VScroll1"), &QScrollBar::valueChanged, content,
-          [content](int value) { content->move(content->x(), -value); });
 }
 
 template <class Button, class Procedure>
@@ -116,35 +111,7 @@ void MainFrm::resizeEvent(QResizeEvent* event) {
   if (!isMinimized()) Form_Resize();
 }
 
-void MainFrm::Form_Resize() {
-  auto* vertical = Find<QScrollBar>("VScroll1");
-  auto* horizontal = Find<QScrollBar>("HScroll1");
-  auto* corner = Find<QWidget>("Frame3");
-  const auto* content = Find<QWidget>("Picture2");
-  flow::LayoutInput input;
-  input.clientWidth = width();
-  input.clientHeight = height();
-  input.pictureWidth = content->width();
-  input.pictureHeight = content->height();
-  input.verticalBarWidth = vertical->width();
-  input.horizontalBarHeight = horizontal->height();
-  const flow::Layout layout = flow::LayOut(input);
-  const auto place = [](QScrollBar* bar, const flow::BarLayout& as, bool upright) {
-    const int offset = static_cast<int>(as.offset.value_or(upright ? bar->x() : bar->y()));
-    const int length = static_cast<int>(as.length.value_or(upright ? bar->height() : bar->width()));
-    upright ? bar->setGeometry(offset, bar->y(), bar->width(), length)
-            : bar->setGeometry(bar->x(), offset, length, bar->height());
-    bar->setMaximum(as.maximum);
-    bar->setVisible(as.visible);
-    if (!as.visible) bar->setValue(0);
-  };
-  place(vertical, layout.vertical, true);
-  place(horizontal, layout.horizontal, false);
-  corner->setVisible(layout.corner.has_value());
-  if (layout.corner) {
-    corner->move(static_cast<int>(layout.corner->left), static_cast<int>(layout.corner->top));
-  }
-}
+void MainFrm::Form_Resize() { scrolling_->LayOut(); }
 
 void MainFrm::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);

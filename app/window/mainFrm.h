@@ -7,6 +7,7 @@
 #include "app/flow/mainFlow.h"
 #include "app/platform/scrollBarHook.h"
 #include "app/print/printFrm.h"
+#include "app/window/scrolling.h"
 #include "app/window/windowControls.h"
 #include "app/window/windowEvents.h"
 
@@ -67,6 +68,7 @@ class MainFrm : public QWidget {
   bool fillsScreen_ = false;
   WindowEvents events_;
   platform::ScrollBar hook_;
+  std::unique_ptr<Scrolling> scrolling_;
   std::unique_ptr<WindowControls> controls_;
   std::unique_ptr<flow::Dialogs> ownDialogs_;
   std::unique_ptr<print::PrintFrm> sheet_;

@@ -17,11 +17,21 @@ namespace kestrin::window {
 namespace {
 
 constexpr int kLargeChange = 800;
+/// A line of the content: the height of its one-line labels.
+constexpr int kSmallChange = 17;
 
 QScrollBar* MakeScrollBar(Qt::Orientation orientation, QWidget* parent) {
   auto* bar = new QScrollBar(orientation, parent);
   bar->setPageStep(kLargeChange);
+  bar->setSingleStep(kSmallChange);
   return bar;
+}
+
+/// Covers what lies below it.
+QWidget* MakeBox(QWidget* parent) {
+  auto* box = new QWidget(parent);
+  box->setAutoFillBackground(true);
+  return box;
 }
 
 widgets::Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
@@ -37,7 +47,7 @@ widgets::Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
 QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
   switch (spec.kind) {
     case ControlKind::kBox:
-      return new QWidget(parent);
+      return MakeBox(parent);
     case ControlKind::kFrame:
       return new widgets::Frame(spec.caption, parent);
     case ControlKind::kButton:
@@ -51,7 +61,7 @@ QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
     case ControlKind::kBar:
       return new widgets::FilledShape(widgets::kDarkBlue, parent);
     case ControlKind::kLine:
-      return new widgets::FilledShape(widgets::kGrey, parent);
+      return new widgets::Line(parent);
     case ControlKind::kPicture:
       return new widgets::PictureBox(parent);
     case ControlKind::kImage:

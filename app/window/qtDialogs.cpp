@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include "app/window/dialogLayout.h"
+
 namespace kestrin::window {
 
 namespace {
@@ -19,12 +21,14 @@ QMessageBox::StandardButton ShowBox(QWidget& window, QMessageBox::Icon icon,
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(text).replace("\r\n", "\n"));
   box.setStandardButtons(buttons);
+  LayOutBox(box);
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 std::optional<std::string> Choose(QFileDialog& dialog) {
   // The system's own dialog may make the chosen folder the program's, and a stick that a
   // program is at home on cannot be taken out.
+  LayOutFileDialog(dialog);
   const QString home = QDir::currentPath();
   const int answer = dialog.exec();
   QDir::setCurrent(home);

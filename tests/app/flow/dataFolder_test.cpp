@@ -17,7 +17,7 @@ struct InstalledForAll : test::FlowTest {
     files.refused.insert(Own("/usr/lib/kestrin/TrevaskData"));
     files.made.clear();
     files.names.clear();
-    flow.Form_Load(Own("/usr/lib/kestrin"), 0);
+    flow.Form_Load(Own("/usr/lib/kestrin"), 0, [] {});
     window.Take();
   }
 };

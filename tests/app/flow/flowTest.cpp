@@ -28,7 +28,7 @@ const exports::ExportKinds FlowTest::kKinds{{{"wire", "_WIRE", Procedure<0>},
 FlowTest::FlowTest()
     : flow({window, window, window, picture, files, window, window, window}, {1, 2, 3}, kKinds) {
   running_ = this;
-  flow.Form_Load(Own("/opt/kestrin"), 0);
+  flow.Form_Load(Own("/opt/kestrin"), 0, [] {});
   window.Take();
 }
 

@@ -18,7 +18,7 @@ struct Exporting : test::FlowTest {};
 struct Printing : test::FlowTest {};
 
 TEST_F(StartUp, SetsLabelsFoldersAndFlags) {
-  flow.Form_Load(Own("/opt/kestrin"), -300);
+  flow.Form_Load(Own("/opt/kestrin"), -300, [] {});
   EXPECT_THAT(window.Take(),
               ElementsAre("Label4.Caption = Kestrin Version  1.2.3", "Label1_0.Caption = ",
                           "Label1_1.Caption = ", "Label1_2.Caption = ", "Label1_3.Caption = "));
@@ -29,19 +29,33 @@ TEST_F(StartUp, SetsLabelsFoldersAndFlags) {
   EXPECT_EQ(state.preview.jobPath, "");
 }
 
+TEST_F(StartUp, HooksTheWindowOnceItSaysItsVersionAndBeforeItLooksForFolders) {
+  window.Take();
+  files.made.clear();
+  int hooked = 0;
+  flow.Form_Load(Own("/opt/other"), 0, [&] {
+    ++hooked;
+    EXPECT_THAT(window.Take(), ElementsAre("Label4.Caption = Kestrin Version  1.2.3"));
+    EXPECT_THAT(files.made, IsEmpty());
+    EXPECT_EQ(state.applicationFolder, Own("/opt/kestrin/"));
+  });
+  EXPECT_EQ(hooked, 1);
+  EXPECT_THAT(files.made, ElementsAre(Own("/opt/other/TrevaskData")));
+}
+
 TEST_F(StartUp, MakesTheDataFolderOnly) {
   EXPECT_THAT(files.made, ElementsAre(Own("/opt/kestrin/TrevaskData")));
 }
 
 TEST_F(StartUp, TwiceIsNoFailure) {
-  flow.Form_Load(Own("/opt/kestrin/"), 0);
+  flow.Form_Load(Own("/opt/kestrin/"), 0, [] {});
   EXPECT_EQ(state.applicationFolder, Own("/opt/kestrin/"));
 }
 
 TEST_F(StartUp, GoesOnWhenTheDataFolderCanBeMadeNowhere) {
   files.refused.insert({Own("/usr/lib/kestrin/TrevaskData"), Own("/home/user/Documents")});
   files.refused.insert(Own("/home/user/Documents/TrevaskData"));
-  EXPECT_NO_THROW(flow.Form_Load(Own("/usr/lib/kestrin"), 0));
+  EXPECT_NO_THROW(flow.Form_Load(Own("/usr/lib/kestrin"), 0, [] {}));
   EXPECT_EQ(state.dataFolder, Own("/usr/lib/kestrin/TrevaskData/"));
   EXPECT_THAT(window.CallsBeginning("Label1"), testing::SizeIs(4));
 }

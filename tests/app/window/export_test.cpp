@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QTimer>
 #include <filesystem>
 
@@ -304,6 +308,41 @@ TEST_F(RealExport, OfAJobThatEndsInAReadErrorSaysHowManyEpochsTheSetHolds) {
   EXPECT_EQ(title, "Kestrin Warning");
   EXPECT_TRUE(text.starts_with("The job could not be read to its end: the set holds ")) << text;
   EXPECT_TRUE(text.ends_with(" of 2000 epochs, code 11")) << text;
+}
+
+/// Answers the window's own next file dialog with a path, and says where it stood. One
+/// that does not take the path is cancelled, so that no test can hang on it.
+void AnswerFileDialog(QWidget& window, const std::string& path, std::string& folder) {
+  auto* watch = new QTimer(&window);
+  QObject::connect(watch, &QTimer::timeout, [watch, path, &folder] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    watch->deleteLater();
+    folder = QDir::toNativeSeparators(dialog->directory().absolutePath()).toStdString();
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+    QMetaObject::invokeMethod(dialog, "accept");
+    if (dialog->isVisible()) dialog->reject();
+  });
+  watch->start(5);
+}
+
+TEST_F(ExportTest, TheNextSaveDialogStartsInTheExportFolderWhereverTheLastOneSaved) {
+  test::TempFolder elsewhere;
+  TestWindow window([](Surroundings& around) {
+    around.kinds = &kKinds;
+    around.dialogs = nullptr;
+  });
+  std::string folder;
+  AnswerFileDialog(*window, SmallJob(elsewhere), folder);
+  window.Click("Command3");
+  ASSERT_EQ(window.Text("Label5"), "North.Field");
+  const std::string exports = window.folder / "TrevaskData/North_Field/2006Jun15";
+  for (int kind = 0; kind < 3; ++kind) {
+    AnswerFileDialog(*window, elsewhere / ("set" + std::to_string(kind) + ".shp"), folder);
+    window.Click(Button(kind));
+    EXPECT_EQ(window.Text("Label1_" + std::to_string(kind)), "Shape File Created");
+    EXPECT_EQ(folder, exports) << kind;
+  }
 }
 
 TEST(ExportWithoutJob, CommandsOnlyEnableTheControlsAgain) {

@@ -81,6 +81,25 @@ TEST(Layout, ProgressIndicatorsAreHiddenAtFirst) {
   }
 }
 
+TEST(Layout, LinesAndBordersAreTheDesignsGreyOnALightDesktop) {
+  TestWindow window;
+  const QImage shown = window->grab().toImage();
+  const double scale = shown.devicePixelRatio();
+  const auto at = [&](const char* name, QPointF place) {
+    const QPointF inWindow = window.Find<>(name).mapTo(&*window, QPointF(0, 0)) + place;
+    const QPoint pixel((inWindow * scale).toPoint());
+    return shown.pixelColor(pixel);
+  };
+  for (const char* line : {"Line1", "Line2_0", "Line2_3", "Line2_4"}) {
+    EXPECT_EQ(at(line, {0, 0}), widgets::kGrey) << line;
+  }
+  for (const char* box : {"Label5", "Label6", "Frame1"}) {
+    EXPECT_EQ(at(box, {0, 9}), widgets::kGrey) << box;
+    EXPECT_EQ(at(box, {0, 0}), widgets::kGrey) << box;
+  }
+  EXPECT_EQ(at("Frame2", {0, 100}), widgets::kGrey);
+}
+
 TEST(Layout, BracketJoinsEveryKindButtonToCreateAll) {
   TestWindow window;
   const QRect upright = window.Find<>("Line1").geometry();

@@ -6,9 +6,15 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
+#include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 
@@ -71,6 +77,54 @@ TEST_F(QtDialogsTest, AQuestionIsAnsweredWithYes) {
   EXPECT_TRUE(dialogs_.AskYesNo("Really?  Yes?"));
 }
 
+TEST_F(QtDialogsTest, EscapeClosesEveryBoxAndEnterAnswersWithTheFirstButton) {
+  const auto press = [this](Qt::Key key) {
+    WhenShown<QMessageBox>([key](QMessageBox& box) {
+      QTest::keyClick(&box, key);
+      EXPECT_FALSE(box.isVisible()) << key;
+    });
+  };
+  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+    press(key);
+    dialogs_.ShowMessage("Error opening: 14");
+    press(key);
+    dialogs_.ShowWarning("Kestrin Warning", "beware");
+    press(key);
+    EXPECT_EQ(dialogs_.AskYesNo("Really?"), key != Qt::Key_Escape);
+  }
+}
+
+TEST_F(QtDialogsTest, ASmallBoxIsWideEnoughForItsTitleAndItsTextBeginsAtTheMargin) {
+  const auto look = [](QMessageBox& box) {
+    constexpr int kThreeButtonsAndIcon = 120;
+    const int title = box.fontMetrics().horizontalAdvance(box.windowTitle());
+    EXPECT_GE(box.width(), title + kThreeButtonsAndIcon);
+    const auto* text = box.findChild<QLabel*>("qt_msgbox_label");
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->x(), box.layout()->contentsRect().left());
+    EXPECT_GE(text->width(), text->sizeHint().width());
+    EXPECT_GE(text->contentsRect().width(), box.fontMetrics().horizontalAdvance("E"));
+  };
+  for (const char* message : {"E", "Error opening: 14"}) {
+    WhenShown<QMessageBox>(look);
+    dialogs_.ShowMessage(message);
+  }
+  WhenShown<QMessageBox>(look);
+  dialogs_.AskYesNo("Shape File already exists.  Do you want to overwrite it?");
+}
+
+TEST_F(QtDialogsTest, ALongMessageTakesTheWholeWidthOfItsBox) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const auto* text = box.findChild<QLabel*>("qt_msgbox_label");
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->geometry().left(), box.layout()->contentsRect().left());
+    EXPECT_EQ(text->geometry().right(), box.layout()->contentsRect().right());
+  });
+  QString path;
+  for (int i = 0; i < 20; ++i) path += "/some folder";
+  dialogs_.ShowMessage(("Error writing: " + path).toStdString());
+}
+
 TEST_F(QtDialogsTest, AQuestionThatIsClosedIsAnsweredWithNo) {
   WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
   EXPECT_FALSE(dialogs_.AskYesNo("Really?"));
@@ -111,6 +165,66 @@ TEST_F(FileDialogs, SavingProposesANameAndAsksNoOverwriteQuestion) {
       {"Save Shape", folder_.Path().string(), "Shape Files (*.shp)|*.shp", "there.shp"});
   EXPECT_EQ(chosen, There());
   EXPECT_EQ(boxes, 0);
+}
+
+/// Files of different ages, the newest neither first nor last by name.
+void MakeJobs(const std::filesystem::path& folder) {
+  using std::chrono::hours;
+  const auto now = std::filesystem::file_time_type::clock::now();
+  for (const auto& [name, age] :
+       {std::pair{"a.sqlite", hours(30)}, {"b.sqlite", hours(2)}, {"c.sqlite", hours(900)}}) {
+    std::ofstream(folder / name) << "x";
+    std::filesystem::last_write_time(folder / name, now - age);
+  }
+}
+
+TEST_F(FileDialogs, ShowAllColumnsAndTheNewestFileFirst) {
+  MakeJobs(folder_.Path());
+  WhenShown<QFileDialog>([](QFileDialog& dialog) {
+    auto* list = dialog.findChild<QTreeView*>("treeView");
+    ASSERT_NE(list, nullptr);
+    ASSERT_TRUE(list->isVisible());
+    const auto name = [&](int row) {
+      return list->model()->index(row, 0, list->rootIndex()).data().toString().toStdString();
+    };
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return name(0) == "b.sqlite" && name(1) == "a.sqlite" && name(2) == "c.sqlite"; },
+        5000))
+        << name(0) << ' ' << name(1) << ' ' << name(2);
+    QTest::qWait(50);
+    const QHeaderView& columns = *list->header();
+    EXPECT_LE(columns.length(), list->viewport()->width()) << "no column is out of view";
+    for (int column = 0; column < columns.count(); ++column) {
+      const QModelIndex index = list->model()->index(0, column, list->rootIndex());
+      const QString text = index.data().toString();
+      EXPECT_GT(list->columnWidth(column), list->fontMetrics().horizontalAdvance(text))
+          << text.toStdString();
+    }
+  });
+  dialogs_.OpenFile({"Select Job", folder_.Path().string(), "Job Files (*.sqlite)|*.sqlite", ""});
+}
+
+TEST_F(FileDialogs, AreCancelledByEscape) {
+  for (const bool save : {false, true}) {
+    WhenShown<QFileDialog>([](QFileDialog& dialog) {
+      QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
+      EXPECT_FALSE(dialog.isVisible());
+    });
+    const flow::FileRequest request{"Title", folder_.Path().string(), "Any (*.shp)|*.shp", "x.shp"};
+    EXPECT_EQ(save ? dialogs_.SaveFile(request) : dialogs_.OpenFile(request), std::nullopt);
+  }
+}
+
+TEST_F(FileDialogs, AreAcceptedByEnter) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    WhenShown<QFileDialog>([key](QFileDialog& dialog) {
+      QTest::keyClick(dialog.focusWidget(), key);
+      EXPECT_FALSE(dialog.isVisible());
+    });
+    const auto chosen =
+        dialogs_.SaveFile({"Title", folder_.Path().string(), "Any (*.shp)|*.shp", "x.shp"});
+    EXPECT_EQ(chosen, folder_ / "x.shp");
+  }
 }
 
 TEST_F(FileDialogs, LeaveTheProgramWhereItWas) {

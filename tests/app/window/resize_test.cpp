@@ -59,6 +59,17 @@ TEST_F(ResizeTest, SmallShowsBothAndTheCorner) {
   EXPECT_EQ(V().maximum(), 540 - 400 + kBar);
 }
 
+TEST_F(ResizeTest, TheCornerCoversTheContentBelow) {
+  Resize(600, 400);
+  ASSERT_TRUE(Content().geometry().contains(Corner().geometry()));
+  const QColor own = Corner().palette().color(QPalette::Window);
+  ASSERT_NE(own, QColor(Qt::white)) << "as the preview below";
+  const QImage shown = window_->grab(Corner().geometry()).toImage();
+  for (int y = 0; y < shown.height(); ++y) {
+    for (int x = 0; x < shown.width(); ++x) ASSERT_EQ(shown.pixelColor(x, y), own) << x << ' ' << y;
+  }
+}
+
 TEST_F(ResizeTest, ScrollingMovesTheContentAndDrawsNothingAnew) {
   Resize(600, 400);
   H().setValue(100);

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QCursor>
+#include <QTextDocumentFragment>
 #include <QTimer>
+#include <QToolTip>
 #include <fstream>
 
 #include "app/widgets/colours.h"
@@ -33,6 +36,21 @@ TEST(Selection, FillsTheWindowAndDrawsTheWirePreview) {
   for (const char* name : {"Command1_0", "Command2", "Command3", "Command4", "Option1_3"}) {
     EXPECT_TRUE(window.Enabled(name)) << name;
   }
+}
+
+TEST(Selection, ANameTooLongForTheWindowIsWholeInAToolTip) {
+  TestWindow window;
+  const std::string name = "North.Field " + std::string(200, 'w');
+  window.Select(SmallJob(window.folder, name + ".sqlite"));
+  auto& label = window.Find<widgets::Caption>("Label5");
+  ASSERT_NE(label.ShownText().toStdString(), name);
+  QTest::mouseMove(&label, QPoint(100, 10));
+  QTest::mouseMove(&label, QPoint(101, 11));
+  ASSERT_TRUE(QTest::qWaitFor([] { return QToolTip::isVisible(); }, 2000));
+  const QString tip = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  EXPECT_EQ(QString(tip).remove('\n').toStdString(), name);
+  QToolTip::hideText();
+  QCursor::setPos(0, 0);
 }
 
 TEST(Selection, AsksForJobsInTheProgramsFolderFirstAndWhereTheLastOneWasThen) {
