@@ -1,6 +1,8 @@
 #include "export/ground/geos.h"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace kestrin::ground {
@@ -24,14 +26,37 @@ Geos::Area Geos::Own(GEOSGeometry* geometry) {
   return {geometry, Destroy{handle_}};
 }
 
-Geos::Area Geos::Inside(std::span<const geo::UtmPoint> line) {
+GEOSGeometry* Geos::RingOf(std::span<const geo::UtmPoint> line) {
   GEOSCoordSequence* points = GEOSCoordSeq_copyFromBuffer_r(
       handle_, &line.front().easting, static_cast<unsigned>(line.size()), 0, 0);
   if (points == nullptr) throw GeometryError(words_);
   // Each takes what it is given, also when it fails.
   GEOSGeometry* ring = GEOSGeom_createLinearRing_r(handle_, points);
   if (ring == nullptr) throw GeometryError(words_);
-  return Own(GEOSGeom_createPolygon_r(handle_, ring, nullptr, 0));
+  return ring;
+}
+
+Geos::Area Geos::Inside(std::span<const geo::UtmPoint> line) {
+  return Own(GEOSGeom_createPolygon_r(handle_, RingOf(line), nullptr, 0));
+}
+
+Geos::Area Geos::Of(const Piece& piece) {
+  std::vector<Area> lines;
+  lines.push_back(Own(RingOf(piece.shell)));
+  for (const Line& hole : piece.holes) lines.push_back(Own(RingOf(hole)));
+  std::vector<GEOSGeometry*> given;
+  given.reserve(lines.size());
+  for (Area& line : lines) given.push_back(line.release());
+  return Own(GEOSGeom_createPolygon_r(handle_, given.front(), given.data() + 1,
+                                      static_cast<unsigned>(given.size() - 1)));
+}
+
+Geos::Area Geos::Mended(const Area& area) {
+  const std::unique_ptr<GEOSMakeValidParams, std::function<void(GEOSMakeValidParams*)>> how(
+      GEOSMakeValidParams_create_r(handle_),
+      [this](GEOSMakeValidParams* given) { GEOSMakeValidParams_destroy_r(handle_, given); });
+  GEOSMakeValidParams_setMethod_r(handle_, how.get(), GEOS_MAKE_VALID_STRUCTURE);
+  return Own(GEOSMakeValidWithParams_r(handle_, area.get(), how.get()));
 }
 
 Geos::Area Geos::Union(std::vector<Area> areas) {

@@ -61,11 +61,17 @@ class Geos {
   /// The pieces, in the library's order; lines run as the shapefile standard has them.
   std::vector<Piece> Pieces(const Area& area);
 
+  /// The area of a piece, which need not be valid.
+  Area Of(const Piece& piece);
+  /// A valid area for one that is not: what its shells enclose without what its holes do.
+  Area Mended(const Area& area);
+
   GEOSContextHandle_t Handle() const { return handle_; }
   /// Owns what a call of the library has made.
   Area Own(GEOSGeometry* geometry);
 
  private:
+  GEOSGeometry* RingOf(std::span<const geo::UtmPoint> line);
   Line LineOf(const GEOSGeometry* ring, bool clockwise);
   static void Remember(const char* words, void* self);
 
