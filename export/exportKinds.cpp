@@ -2,6 +2,7 @@
 
 #include "export/boom/boomExport.h"
 #include "export/coverage/coverageExport.h"
+#include "export/net/netExport.h"
 #include "export/point/pointExport.h"
 #include "export/wire/wireExport.h"
 
@@ -13,5 +14,7 @@ const ExportKinds kExportKinds{{
     {"poly", "_POLY", coverage::ExportPolyShape},
     {"point", "_POINT", point::ExportPointShape},
 }};
+
+const ExportKind kNetKind{"net", "_NET", net::ExportNetShape};
 
 }  // namespace kestrin::exports

@@ -8,8 +8,7 @@
 
 namespace kestrin::exports {
 
-/// One of the four kinds of shapefile sets. Everywhere, also on screen, they come
-/// in this order.
+/// A kind of shapefile sets.
 struct ExportKind {
   std::string_view name;    ///< as a command line names it
   std::string_view suffix;  ///< what it adds to a base path
@@ -20,7 +19,10 @@ struct ExportKind {
 inline constexpr int kKindCount = 4;
 using ExportKinds = std::array<ExportKind, kKindCount>;
 
-/// Wire, boom, polygon, point.
+/// Wire, boom, polygon, point: everywhere, also on screen, they come in this order.
 extern const ExportKinds kExportKinds;
+
+/// The ground really covered: made when it is asked for by name, and not on screen.
+extern const ExportKind kNetKind;
 
 }  // namespace kestrin::exports

@@ -16,6 +16,8 @@ struct ExportRun {
   base::RunHost& host;
   base::FileSystem& files;
   shapefile::SetOptions options;
+  /// Of the net set: count the implement's full width, whatever the sections' switches say.
+  bool allSections = false;
 };
 
 /// How an export ended. Failures of the job were shown through the host; file
@@ -28,6 +30,8 @@ struct ExportOutcome {
   /// What ended the GPS rows: kDone in good order, else the library's
   /// error code, and the set then holds the rows before it.
   std::int32_t lastStep = jobstore::kDone;
+  /// What else there is to say of a set that was made; mostly nothing.
+  std::string summary{};
 };
 
 /// An index outside an array: the run-time error that ends an export. It says why in words for

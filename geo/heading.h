@@ -23,6 +23,11 @@ class Heading {
     return {centre.easting - cosine_ * metres, centre.northing + sine_ * metres};
   }
 
+  /// The point so many metres ahead of the centre.
+  UtmPoint AheadOf(UtmPoint centre, double metres) const {
+    return {centre.easting + sine_ * metres, centre.northing + cosine_ * metres};
+  }
+
  private:
   double cosine_;
   double sine_;

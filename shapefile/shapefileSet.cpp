@@ -19,8 +19,9 @@ constexpr std::size_t kSidecarBuffer = 1024;
 
 constexpr std::size_t kHeaderSize = 100;
 constexpr std::size_t kRecordHeaderSize = 8;
-constexpr std::size_t kOnePartSize = 56;
-constexpr std::size_t kCrossLinesSize = 52;
+/// Of a polyline or polygon record, before its parts.
+constexpr std::size_t kFixedSize = 52;
+constexpr std::size_t kPartSize = 4;
 constexpr std::size_t kVertexSize = 16;
 constexpr std::size_t kIndexRecordSize = 8;
 constexpr std::uint64_t kRecordCountOffset = 4;
@@ -112,11 +113,18 @@ void ShapefileSet::AddPoint(geo::GeoPoint point, std::string_view attributes) {
   PutPoint(PutRecordHeader(shp_.Next(kRecordHeaderSize + kContent), kContent), point);
 }
 
-void ShapefileSet::BeginRecord() {
+void ShapefileSet::BeginRecord(std::size_t parts) {
   recordBox_ = {};
   recordStart_ = shp_.Size();
-  // Its place; what stands there is known when the record ends.
-  shp_.Next(kOnePartSize);
+  // Their place; what stands there is known when the record ends.
+  shp_.Next(kFixedSize);
+  for (std::size_t part = 0; part < parts; ++part) shp_.Next(kPartSize);
+  verticesStart_ = shp_.Size();
+  partStarts_.assign(1, 0);
+}
+
+void ShapefileSet::BeginPart() {
+  partStarts_.push_back(static_cast<std::uint32_t>((shp_.Size() - verticesStart_) / kVertexSize));
 }
 
 void ShapefileSet::AddVertex(geo::GeoPoint vertex) {
@@ -126,23 +134,29 @@ void ShapefileSet::AddVertex(geo::GeoPoint vertex) {
 }
 
 void ShapefileSet::EndRecord(std::string_view attributes) {
-  const std::uint64_t size = shp_.Size() - recordStart_;
-  const std::uint64_t content = size - kRecordHeaderSize;
+  assert(recordStart_ + kFixedSize + kPartSize * partStarts_.size() == verticesStart_);
+  const std::uint64_t content = shp_.Size() - recordStart_ - kRecordHeaderSize;
   CountRecord(recordStart_, content, attributes);
-  std::array<char, kOnePartSize> fixed{};
+  std::array<char, kFixedSize> fixed{};
   char* out = PutBox(PutRecordHeader(fixed.data(), content), recordBox_);
-  out = base::PutLe32(out, 1);
-  out = base::PutLe32(out, static_cast<std::uint32_t>((size - kOnePartSize) / kVertexSize));
-  base::PutLe32(out, 0);
+  out = base::PutLe32(out, static_cast<std::uint32_t>(partStarts_.size()));
+  base::PutLe32(out, static_cast<std::uint32_t>((shp_.Size() - verticesStart_) / kVertexSize));
   shp_.Patch(recordStart_, View(fixed));
+  std::uint64_t place = recordStart_ + kFixedSize;
+  for (const std::uint32_t start : partStarts_) {
+    std::array<char, kPartSize> part{};
+    base::PutLe32(part.data(), start);
+    shp_.Patch(place, View(part));
+    place += kPartSize;
+  }
 }
 
 void ShapefileSet::BeginCrossLines(const geo::Box& box, std::size_t count,
                                    std::string_view attributes) {
   const std::uint64_t content =
-      kCrossLinesSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{count};
+      kFixedSize - kRecordHeaderSize + (4 + 2 * kVertexSize) * std::uint64_t{count};
   CountRecord(shp_.Size(), content, attributes);
-  char* out = PutBox(PutRecordHeader(shp_.Next(kCrossLinesSize), content), box);
+  char* out = PutBox(PutRecordHeader(shp_.Next(kFixedSize), content), box);
   const auto parts = static_cast<std::uint32_t>(count);
   base::PutLe32(base::PutLe32(out, parts), 2 * parts);
   for (std::uint32_t part = 0; part < parts; ++part) base::PutLe32(shp_.Next(4), 2 * part);

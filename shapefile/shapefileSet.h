@@ -52,9 +52,11 @@ class ShapefileSet {
   /// A record of a point set; widens the file's box.
   void AddPoint(geo::GeoPoint point, std::string_view attributes);
 
-  /// A record of one part whose vertices arrive one by one: polyline or polygon. A vertex
-  /// widens the record's box and the file's.
-  void BeginRecord();
+  /// A record of so many parts, at least one, whose vertices arrive one by one: polyline or
+  /// polygon. Each part but the first is begun by BeginPart. A vertex widens the record's box
+  /// and the file's.
+  void BeginRecord(std::size_t parts = 1);
+  void BeginPart();
   void AddVertex(geo::GeoPoint vertex);
   void EndRecord(std::string_view attributes);
 
@@ -90,6 +92,8 @@ class ShapefileSet {
   std::uint32_t recordCount_ = 0;
   geo::Box recordBox_;
   std::uint64_t recordStart_ = 0;
+  std::uint64_t verticesStart_ = 0;
+  std::vector<std::uint32_t> partStarts_;  // of the record: the first vertex of each
 
   // Destroyed from the last to the first: a set that fails while it takes its names loses its
   // ".shp" before all others.

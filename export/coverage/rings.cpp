@@ -95,7 +95,7 @@ std::vector<ground::Boom> FiniteBooms(const Edges& edges, geo::UtmPoint origin) 
 /// Turns a closed line clockwise, and until it begins at the point nearest to another.
 void BeginAt(ground::Line& line, geo::UtmPoint point) {
   if (line.empty()) return;
-  if (ground::PolygonAreaFromFirst(line) > 0) std::ranges::reverse(line);
+  if (ground::SignedArea(line) > 0) std::ranges::reverse(line);
   line.pop_back();
   std::ranges::rotate(line, std::ranges::min_element(line, {}, [&](const geo::UtmPoint& other) {
                         return ground::SquareDistance(other, point);
@@ -111,7 +111,7 @@ Ring RingMaker::Of(const Edges& edges) {
   DrawAround(edges, drawn_);
   const Ring ring = drawn_.Points();
   if (!HasThreePoints(ring)) return {};
-  saved_ += kSaved * std::fabs(ground::PolygonAreaFromFirst(ring));
+  saved_ += kSaved * std::fabs(ground::SignedArea(ring));
   if (drawn_.Kept() == Clearance::kWide) return ring;
   if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return ring;
   return Repaired(edges);

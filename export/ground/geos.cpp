@@ -1,6 +1,8 @@
 #include "export/ground/geos.h"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace kestrin::ground {
@@ -65,10 +67,22 @@ Geos::Area Geos::Inside(std::span<const geo::UtmPoint> line) {
 }
 
 Geos::Area Geos::Inside(const Piece& piece) {
-  std::vector<GEOSGeometry*> holes;
-  for (const Line& hole : piece.holes) holes.push_back(RingOf(hole));
-  return Own(GEOSGeom_createPolygon_r(handle_, RingOf(piece.shell), holes.data(),
-                                      static_cast<unsigned>(holes.size())));
+  std::vector<Area> lines;
+  lines.push_back(Own(RingOf(piece.shell)));
+  for (const Line& hole : piece.holes) lines.push_back(Own(RingOf(hole)));
+  std::vector<GEOSGeometry*> given;
+  given.reserve(lines.size());
+  for (Area& line : lines) given.push_back(line.release());
+  return Own(GEOSGeom_createPolygon_r(handle_, given.front(), given.data() + 1,
+                                      static_cast<unsigned>(given.size() - 1)));
+}
+
+Geos::Area Geos::Mended(const Area& area) {
+  const std::unique_ptr<GEOSMakeValidParams, std::function<void(GEOSMakeValidParams*)>> how(
+      GEOSMakeValidParams_create_r(handle_),
+      [this](GEOSMakeValidParams* given) { GEOSMakeValidParams_destroy_r(handle_, given); });
+  GEOSMakeValidParams_setMethod_r(handle_, how.get(), GEOS_MAKE_VALID_STRUCTURE);
+  return Own(GEOSMakeValidWithParams_r(handle_, area.get(), how.get()));
 }
 
 Geos::Area Geos::WoundAbout(const Line& line) {

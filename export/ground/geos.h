@@ -81,6 +81,9 @@ class Geos {
   /// The pieces, in the library's order; lines run as the shapefile standard has them.
   std::vector<Piece> Pieces(const Area& area);
 
+  /// A valid area for one that is not: what its shells enclose without what its holes do.
+  Area Mended(const Area& area);
+
   /// For calls of the library that are not here: its handle, and an owner of what they make.
   GEOSContextHandle_t Handle() const { return handle_; }
   Area Own(GEOSGeometry* geometry);

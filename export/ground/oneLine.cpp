@@ -13,7 +13,7 @@ namespace {
 constexpr double kWidth = 0.001;  // of necks and slits
 constexpr double kTrifle = 0.0005;
 
-double SquareMetresIn(const Line& line) { return std::fabs(PolygonAreaFromFirst(line)); }
+double SquareMetresIn(const Line& line) { return std::fabs(SignedArea(line)); }
 
 /// Takes the smallest out of `lines`, up to so much ground together.
 template <class Element, class LineOf>

@@ -57,7 +57,7 @@ double PolygonArea(std::span<const geo::UtmPoint> points) {
   return 0.5 * sum;
 }
 
-double PolygonAreaFromFirst(std::span<const geo::UtmPoint> points) {
+double SignedArea(std::span<const geo::UtmPoint> points) {
   double twice = 0;
   for (std::size_t i = 1; i + 1 < points.size(); ++i) {
     twice += Cross(points[0], points[i], points[i + 1]);

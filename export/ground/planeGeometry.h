@@ -29,7 +29,7 @@ double PolygonArea(std::span<const geo::UtmPoint> points);
 
 /// The same, measured from the first point: so far from the plane's origin the rounding
 /// errors would be larger than a thin ring.
-double PolygonAreaFromFirst(std::span<const geo::UtmPoint> points);
+double SignedArea(std::span<const geo::UtmPoint> points);
 
 /// Twice the signed area of the triangle o, a, b: positive when counter-clockwise.
 inline double Cross(geo::UtmPoint o, geo::UtmPoint a, geo::UtmPoint b) {

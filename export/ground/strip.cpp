@@ -26,7 +26,7 @@ void Strip::Add(std::initializer_list<geo::UtmPoint> corners) {
   patch.points[corners.size()] = *corners.begin();
   patch.count = corners.size() + 1;
   // Clockwise is forward.
-  patch.squareMetres = -PolygonAreaFromFirst(patch.Line());
+  patch.squareMetres = -SignedArea(patch.Line());
   if (patch.squareMetres != 0) ++count_;
 }
 

@@ -135,6 +135,25 @@ TEST_F(ShapefileSetTest, PointsByteForByte) {
             Hex(HeaderHex("0000003A", "01000000", box) + "00000032 0000000A 00000040 0000000A"));
 }
 
+TEST_F(ShapefileSetTest, PolygonOfTwoPartsByteForByte) {
+  ShapefileSet set = MakeSet(ShapeType::kPolygon);
+  set.BeginRecord(2);
+  for (const geo::GeoPoint point : {geo::GeoPoint{1, 2}, {1, 3}, {3, 3}, {1, 2}}) {
+    set.AddVertex(point);
+  }
+  set.BeginPart();
+  set.AddVertex({-0.5, 2});
+  set.EndRecord("   0");
+  set.Commit();
+
+  const std::string bounds = kMinusHalf + kTwo + kThree + kThree;
+  // 44 + 4 * 2 + 16 * 5 bytes of content: 66 words.
+  EXPECT_EQ(Shp(), Hex(HeaderHex("00000078", "05000000", bounds) + "00000001 00000042 05000000 " +
+                       bounds + "02000000 05000000 00000000 04000000 " + kOne + kTwo + kOne +
+                       kThree + kThree + kThree + kOne + kTwo + kMinusHalf + kTwo));
+  EXPECT_EQ(Shx(), Hex(HeaderHex("00000036", "05000000", bounds) + "00000032 00000042"));
+}
+
 TEST_F(ShapefileSetTest, CrossLinesByteForByte) {
   ShapefileSet set = MakeSet(ShapeType::kPolyline);
   const geo::Box box{-0.5, 2, 3, 3};

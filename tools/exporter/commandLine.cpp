@@ -15,19 +15,20 @@ constexpr const char* kEveryKind = "all";
 std::vector<std::string> KindNames() {
   std::vector<std::string> names;
   for (const exports::ExportKind& kind : exports::kExportKinds) names.emplace_back(kind.name);
+  names.emplace_back(exports::kNetKind.name);
   names.emplace_back(kEveryKind);
   return names;
 }
 
-std::vector<std::size_t> KindsNamed(const std::vector<std::string>& names) {
+std::vector<const exports::ExportKind*> KindsNamed(const std::vector<std::string>& names) {
   const auto asked = [&](std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
   };
-  std::vector<std::size_t> kinds;
-  for (std::size_t i = 0; i < exports::kExportKinds.size(); ++i) {
-    if (names.empty() || asked(kEveryKind) || asked(exports::kExportKinds[i].name))
-      kinds.push_back(i);
+  std::vector<const exports::ExportKind*> kinds;
+  for (const exports::ExportKind& kind : exports::kExportKinds) {
+    if (names.empty() || asked(kEveryKind) || asked(kind.name)) kinds.push_back(&kind);
   }
+  if (asked(exports::kNetKind.name)) kinds.push_back(&exports::kNetKind);
   return kinds;
 }
 
@@ -35,10 +36,14 @@ std::vector<std::size_t> KindsNamed(const std::vector<std::string>& names) {
 
 std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOptions& options) {
   std::vector<std::string> kinds;
-  CLI::App app("Writes the shapefile sets of job files: wire, boom, poly and point.",
+  CLI::App app("Writes the shapefile sets of job files: wire, boom, poly and point, and net.",
                "kestrin-export");
   app.set_version_flag("--version", "kestrin-export " KESTRIN_VERSION);
-  app.add_option("--kind", kinds, "Kind of set, any number of times; default: all")
+  app.add_option("--kind", kinds,
+                 "Kind of set, any number of times; default: all, which is "
+                 "wire, boom, poly and point. net is the ground really covered, overlap counted "
+                 "once, under the sections that were on; its width is the implement row's own, "
+                 "where that of poly adds up")
       ->allow_extra_args(false)
       ->check(CLI::IsMember(KindNames()));
   CLI::Option* out =
@@ -52,11 +57,16 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
   app.add_option("--jobs", options.jobs, "Work on so many jobs at once")
       ->capture_default_str()
       ->check(CLI::Range(1U, 256U));
+  app.add_flag("--all-sections", options.allSections,
+               "For net: count the implement's full width, whatever sections were on");
   app.add_flag("--prj", options.prj, R"(Add ".prj" (NAD83) and ".cpg" to each set)");
   app.add_flag("--quiet", options.quiet, "No progress bar, no result lines");
   app.add_option("JOB", options.jobPaths, "Job files")->required();
   app.callback([&] {
     if (options.out.empty()) throw CLI::ValidationError("--out", "is empty");
+    if (options.allSections && std::ranges::find(kinds, exports::kNetKind.name) == kinds.end()) {
+      throw CLI::ValidationError("--all-sections", "goes with --kind net");
+    }
     if (base->count() == 0) return;
     if (options.base.empty()) throw CLI::ValidationError("--base", "is empty");
     if (options.jobPaths.size() > 1) throw CLI::ValidationError("--base", "takes one JOB only");

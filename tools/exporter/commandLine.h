@@ -5,20 +5,22 @@
 #include <string>
 #include <vector>
 
+#include "export/exportKinds.h"
 #include "export/setNames.h"
 
 namespace kestrin::exporter {
 
 /// What the command line asks for.
 struct ExportOptions {
-  /// Indices into kExportKinds, ascending, each once.
-  std::vector<std::size_t> kinds;
+  /// In their order, each once.
+  std::vector<const exports::ExportKind*> kinds;
   /// The folder that job folders go into.
   std::string out{exports::kDataFolderName};
   /// Base path without suffix; then there is one job.
   std::string base;
   unsigned jobs = 1;  ///< at once
   bool prj = false;
+  bool allSections = false;  ///< of the net set
   bool quiet = false;
   std::vector<std::string> jobPaths;
 };

@@ -51,7 +51,8 @@ void Report(const exports::ExportOutcome& outcome, const std::string& setBase, c
             SetHost& host, Console& console) {
   if (outcome.made) {
     console.Result(setBase + std::string(exports::kShapeExtension) + ": " +
-                   std::to_string(outcome.epochs) + " epochs");
+                   std::to_string(outcome.epochs) + " epochs" +
+                   (outcome.summary.empty() ? "" : ", " + outcome.summary));
   }
   if (outcome.lastStep != jobstore::kDone) {
     host.Complain(exports::NotReadToEndText(outcome, plan.rows));
@@ -63,7 +64,7 @@ void Report(const exports::ExportOutcome& outcome, const std::string& setBase, c
 void MakeSet(const exports::ExportKind& kind, const JobPlan& plan, const ExportOptions& options,
              base::FileSystem& files, SetHost& host, Console& console) {
   const std::string setBase = plan.basePath + std::string(kind.suffix);
-  exports::ExportRun run{host, files, {.withProjection = options.prj}};
+  exports::ExportRun run{host, files, {.withProjection = options.prj}, options.allSections};
   const std::string folder = base::SplitAtLastSeparator(setBase).folder;
   if (!folder.empty()) base::MakePath(files, folder);
   Report(kind.procedure(setBase, plan.jobPath, run), setBase, plan, host, console);
@@ -74,13 +75,12 @@ void MakeSet(const exports::ExportKind& kind, const JobPlan& plan, const ExportO
 bool RunJob(const JobPlan& plan, const ExportOptions& options, base::FileSystem& files,
             Console& console) {
   bool complete = true;
-  for (const std::size_t index : options.kinds) {
-    const exports::ExportKind& kind = exports::kExportKinds[index];
-    SetHost host(console, kind, plan);
+  for (const exports::ExportKind* kind : options.kinds) {
+    SetHost host(console, *kind, plan);
     host.Yield();
     try {
       if (plan.obstacle.empty()) {
-        MakeSet(kind, plan, options, files, host, console);
+        MakeSet(*kind, plan, options, files, host, console);
       } else {
         host.Complain(plan.obstacle);
       }
@@ -89,7 +89,7 @@ bool RunJob(const JobPlan& plan, const ExportOptions& options, base::FileSystem&
     } catch (const base::FileError& error) {
       host.Complain(exports::NotWrittenText(error));
     } catch (const std::exception& error) {
-      host.Complain(exports::NotMadeText(kind.name, error));
+      host.Complain(exports::NotMadeText(kind->name, error));
     }
     complete = complete && !host.Complained();
   }

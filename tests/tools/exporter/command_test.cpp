@@ -40,6 +40,27 @@ TEST_F(ExportCommand, AllMeansEveryKind) {
             Run({"--base", "x", "job.sqlite"}).out);
 }
 
+TEST_F(ExportCommand, NetIsMadeWhenNamedBehindTheOthersAndSaysItsFiguresInWords) {
+  Sample("job.sqlite");
+  const CommandResult run = Run({"--kind", "net", "--kind", "wire", "--base", "x", "job.sqlite"});
+  EXPECT_THAT(run.out,
+              ::testing::MatchesRegex("x_WIRE.shp: 600 epochs\nx_NET.shp: 600 epochs, net "
+                                      "[0-9]+\\.[0-9] acres \\([0-9]+\\.[0-9] ha\\), swept "
+                                      "[0-9]+\\.[0-9], overlap [0-9]+\\.[0-9] %\n"));
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_TRUE(HasSet("x_NET"));
+  EXPECT_EQ(FilesBelow("."), 7);
+}
+
+TEST_F(ExportCommand, AllSectionsMakesAnotherNet) {
+  Sample("job.sqlite");
+  const CommandResult some = Run({"--kind", "net", "--base", "x", "job.sqlite"});
+  const CommandResult all = Run({"--kind", "net", "--all-sections", "--base", "x", "job.sqlite"});
+  EXPECT_EQ(all.code, 0);
+  EXPECT_NE(all.out, some.out);
+}
+
 TEST_F(ExportCommand, NamesFoldersAndSetsAfterJobAndDate) {
   Sample("fields/North.40 acres.sqlite");
   const CommandResult run = Run({"--kind", "wire", "fields/North.40 acres.sqlite"});
@@ -146,6 +167,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"--base", "x", "--out", "y", "a.sqlite"},
                       std::vector<std::string>{"--base", "", "a.sqlite"},
                       std::vector<std::string>{"--out", "", "a.sqlite"},
+                      std::vector<std::string>{"--all-sections", "a.sqlite"},
                       std::vector<std::string>{"--verbose", "a.sqlite"}));
 
 }  // namespace

@@ -39,6 +39,20 @@ TEST_F(ExportCutShort, ResultsThatDoNotArriveAreAFailure) {
   EXPECT_TRUE(HasSet("x_WIRE"));
 }
 
+TEST_F(ExportCutShort, NetStoppedAmidItsGeometryLeavesNothing) {
+  const std::string job = Sample("job.sqlite", 400000);
+  test::Command command({KESTRIN_EXPORT, "--kind", "net", "--base", "sets/x", job},
+                        folder_.Path().string());
+  // The rows take a part of this, the ground several times as much.
+  std::this_thread::sleep_for(std::chrono::milliseconds(700));
+  ASSERT_FALSE(command.Ended()) << "done before it could be stopped";
+  command.Send(SIGTERM);
+  const CommandResult run = command.Wait();
+  EXPECT_EQ(run.code, 128 + SIGTERM);
+  EXPECT_EQ(run.err, "kestrin-export: stopped\n");
+  EXPECT_EQ(FilesBelow("sets"), 0);
+}
+
 class StoppedExport : public ExportCutShort, public ::testing::WithParamInterface<int> {};
 
 TEST_P(StoppedExport, LeavesNothingHalfMade) {

@@ -1,0 +1,62 @@
+#include "export/ground/gridAreas.h"
+
+#include <cmath>
+
+namespace kestrin::ground {
+
+geo::UtmPoint GridAreas::OnGrid(geo::UtmPoint point) const {
+  return {std::round(point.easting * perMetre_) / perMetre_,
+          std::round(point.northing * perMetre_) / perMetre_};
+}
+
+Geos::Area GridAreas::Inside(const Line& line) {
+  Geos::Area area;
+  // Four points make the smallest closed line.
+  if (line.size() >= 4) area = geos_.Inside(line);
+  if (area && !geos_.IsValid(area)) area.reset();
+  return area;
+}
+
+Geos::Area GridAreas::Together(std::vector<Geos::Area> areas) {
+  std::vector<GEOSGeometry*> given;
+  given.reserve(areas.size());
+  for (Geos::Area& area : areas) given.push_back(area.release());
+  return geos_.Own(GEOSGeom_createCollection_r(geos_.Handle(), GEOS_GEOMETRYCOLLECTION,
+                                               given.data(), static_cast<unsigned>(given.size())));
+}
+
+Geos::Area GridAreas::Union(std::vector<Geos::Area> areas) {
+  return geos_.Own(
+      GEOSUnaryUnionPrec_r(geos_.Handle(), Together(std::move(areas)).get(), 1 / perMetre_));
+}
+
+Geos::Area GridAreas::Clipped(const Geos::Area& area, const geo::Box& box) {
+  return geos_.Own(
+      GEOSClipByRect_r(geos_.Handle(), area.get(), box.xMin, box.yMin, box.xMax, box.yMax));
+}
+
+Geos::Area GridAreas::Less(const Geos::Area& area, const Geos::Area& other) {
+  return geos_.Own(GEOSDifferencePrec_r(geos_.Handle(), area.get(), other.get(), 1 / perMetre_));
+}
+
+std::vector<Geos::Area> GridAreas::Pieces(const Geos::Area& area) {
+  std::vector<Geos::Area> pieces;
+  const int count = GEOSGetNumGeometries_r(geos_.Handle(), area.get());
+  for (int i = 0; i < count; ++i) {
+    const GEOSGeometry* part = GEOSGetGeometryN_r(geos_.Handle(), area.get(), i);
+    if (GEOSGeomTypeId_r(geos_.Handle(), part) != GEOS_POLYGON) continue;
+    if (GEOSisEmpty_r(geos_.Handle(), part) != 0) continue;
+    pieces.push_back(geos_.Own(GEOSGeom_clone_r(geos_.Handle(), part)));
+  }
+  return pieces;
+}
+
+geo::UtmPoint GridAreas::PointWithin(const Geos::Area& piece) {
+  const Geos::Area point = geos_.Own(GEOSPointOnSurface_r(geos_.Handle(), piece.get()));
+  geo::UtmPoint at;
+  GEOSGeomGetX_r(geos_.Handle(), point.get(), &at.easting);
+  GEOSGeomGetY_r(geos_.Handle(), point.get(), &at.northing);
+  return at;
+}
+
+}  // namespace kestrin::ground

@@ -1,0 +1,85 @@
+#include "export/net/degreePieces.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+#include "export/ground/planeGeometry.h"
+
+namespace kestrin::net {
+namespace {
+
+using ground::Line;
+using ground::Piece;
+
+void AddLine(const Line& line, DegreePiece& piece) {
+  DegreeLine& degrees = piece.lines.emplace_back();
+  degrees.reserve(line.size());
+  for (const geo::UtmPoint& point : line) degrees.push_back({point.easting, point.northing});
+}
+
+DegreePiece WithLinesOf(const Piece& outline, double squareMetres) {
+  DegreePiece piece;
+  AddLine(outline.shell, piece);
+  for (const Line& hole : outline.holes) AddLine(hole, piece);
+  piece.squareMetres = squareMetres;
+  return piece;
+}
+
+/// A line of this many metres is bent by less than half of the grid's millimetre.
+constexpr double kShort = 90;
+
+/// To judge pieces of more points than this, of which a job can have many, takes the library
+/// longer than all else.
+constexpr std::size_t kFew = 20'000;
+
+bool IsShort(const Line& line) {
+  return std::ranges::adjacent_find(line, [](geo::UtmPoint a, geo::UtmPoint b) {
+           return std::hypot(b.easting - a.easting, b.northing - a.northing) > kShort;
+         }) == line.end();
+}
+
+/// Whether a piece need not be judged: of many points, and no line of it long.
+bool StaysValid(const Piece& piece) {
+  return piece.shell.size() > kFew && IsShort(piece.shell) &&
+         std::ranges::all_of(piece.holes, IsShort);
+}
+
+}  // namespace
+
+Line DegreePieces::Projected(const Line& line, base::RunHost& host) const {
+  constexpr std::size_t kTogether = 64;
+  std::array<geo::GeoPoint, kTogether> some{};
+  Line degrees;
+  degrees.reserve(line.size());
+  for (std::size_t i = 0; i < line.size(); i += kTogether) {
+    host.Yield();
+    const auto from = std::span(line).subspan(i, std::min(kTogether, line.size() - i));
+    plane_.ToGeo(from, some);
+    for (const geo::GeoPoint& point : std::span(some).first(from.size())) {
+      // To the library a point is two numbers, whatever they stand for.
+      degrees.push_back({point.longitude, point.latitude});
+    }
+  }
+  return degrees;
+}
+
+std::vector<DegreePiece> DegreePieces::Of(const NetPiece& piece, base::RunHost& host) {
+  Piece degrees{Projected(piece.outline.shell, host), {}};
+  for (const Line& hole : piece.outline.holes) degrees.holes.push_back(Projected(hole, host));
+  if (StaysValid(piece.outline)) return {WithLinesOf(degrees, piece.squareMetres)};
+  const ground::Geos::Area area = geos_.Inside(degrees);
+  if (geos_.IsValid(area)) return {WithLinesOf(degrees, piece.squareMetres)};
+
+  std::vector<DegreePiece> parts;
+  double sum = 0;
+  for (const NetPiece& part : InOrder(geos_.Pieces(geos_.Mended(area)))) {
+    parts.push_back(WithLinesOf(part.outline, part.squareMetres));
+    sum += part.squareMetres;
+  }
+  for (DegreePiece& part : parts) part.squareMetres *= piece.squareMetres / sum;
+  return parts;
+}
+
+}  // namespace kestrin::net

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "export/ground/strip.h"
+#include "export/net/setups.h"
+#include "geo/heading.h"
+#include "geo/points.h"
+
+namespace kestrin::net {
+
+/// The line across the ground that is worked on at a row.
+using Boom = ground::Boom;
+
+/// Sections that work as one: side by side, from a first one to a last.
+struct Span {
+  std::uint8_t from = 0;
+  std::uint8_t to = 0;
+
+  friend bool operator==(const Span&, const Span&) = default;
+};
+
+/// For each section the last one of the span that begins with it, or Setup::kNone.
+using Spans = std::array<std::uint8_t, Setup::kWhole + 1>;
+
+/// What a track did not take, for it cannot be true.
+struct LeftOut {
+  std::int64_t rows = 0;   ///< without a place, a heading or a width that are numbers
+  std::int64_t jumps = 0;  ///< of more than a kilometre between two rows of a stretch
+};
+
+/// The rows of a job, as the net ground needs them: 40 bytes each.
+///
+/// Ground is worked between two consecutive rows of a stretch by every section that is on at
+/// both. A job in which no row has a section on has not recorded them: there, and where all
+/// sections are asked for, the whole implement works all the time.
+class Track {
+ public:
+  /// The setups must outlive it.
+  Track(const Setups& setups, bool allSections) : setups_(setups), allSections_(allSections) {}
+
+  /// Takes the next row; `begins` when it begins a stretch. One that cannot be true is
+  /// left out, and its neighbours become consecutive; a jump ends a stretch.
+  void Add(geo::UtmPoint antenna, double yaw, std::uint32_t setup, std::int32_t sectionsOn,
+           bool begins);
+
+  std::size_t Rows() const { return rows_.size(); }
+  const LeftOut& Missing() const { return missing_; }
+
+  /// What works from the row before up to this one, which is not the first. Sections are
+  /// joined to spans where both rows have the same setup.
+  Spans WorkingUpTo(std::size_t row) const;
+  /// Whether the same works up to this row as up to the one before.
+  bool GoesOnAsBefore(std::size_t row) const;
+
+  Boom At(std::size_t row, Span span) const;
+
+ private:
+  struct Row {
+    geo::UtmPoint antenna;
+    geo::Heading heading;
+    std::uint32_t setup;
+    std::uint16_t sectionsOn;
+    bool begins;
+  };
+
+  bool BySection() const { return sectionsRecorded_ && !allSections_; }
+  bool IsOn(const Row& row, std::uint8_t section) const;
+
+  const Setups& setups_;
+  bool allSections_;
+  bool sectionsRecorded_ = false;
+  bool begins_ = false;  // a stretch, with the next row taken
+  std::vector<Row> rows_;
+  LeftOut missing_;
+};
+
+}  // namespace kestrin::net

@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "export/net/netExport.h"
+#include "tests/export/net/literalNet.h"
+#include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
+#include "tests/support/shapeReader.h"
+#include "tests/support/tempFolder.h"
+#include "tools/sample/randomness.h"
+#include "tools/sample/sampleJob.h"
+
+namespace kestrin::net {
+namespace {
+
+struct GroundCase {
+  const char* profile;
+  std::uint64_t seed;
+  bool allSections;
+};
+
+class NetGroundOfSamples : public testing::TestWithParam<GroundCase> {};
+
+TEST_P(NetGroundOfSamples, IsTheUnionOfAllQuadrilateralsInValidRings) {
+  const test::TempFolder folder;
+  const std::string job = folder / "job.sqlite";
+  sample::MakeSampleJob(job,
+                        {.profile = GetParam().profile, .rows = 2500, .seed = GetParam().seed});
+  test::RecordingHost host;
+  const auto files = base::NativeFileSystem();
+  exports::ExportRun run{host, *files, {}, GetParam().allSections};
+  const std::string base = folder / "job_NET";
+  const exports::ExportOutcome outcome = ExportNetShape(base, job, run);
+  ASSERT_TRUE(outcome.made);
+  ground::Geos geos;
+  const test::LiteralNet literal = test::LiteralNetOf(job, GetParam().allSections, geos);
+  const ground::Geos::Area ground = test::GroundOfSet(base, job, geos);
+  EXPECT_LT(test::PartDiffering(literal.ground, ground, geos), 0.001);
+  const double gross = std::stod(test::ReadShapeSet(base).rows[0][2]);
+  EXPECT_NEAR(gross, literal.sweptSquareMetres * 0.000247105381, 0.006);
+}
+
+/// Machines that turn on the spot, reverse and go astray, as no sample does.
+TEST(NetGround, OfWildWaysIsTheUnionOfAllQuadrilateralsToo) {
+  for (std::uint64_t seed = 1; seed <= 8; ++seed) {
+    const test::TempFolder folder;
+    test::JobBuilder builder(folder / "job.sqlite");
+    builder.Reference({1, 0}, 45.25, -93.5);
+    builder.Implement({1, 0}, "a", {{6, -2, -3, 0}, {4, -2, 2, 0}, {5, -2, 8, 0}});
+    sample::Randomness chance(seed);
+    jobstore::EpochRow row;
+    row.type = test::kTakesPart;
+    for (int i = 0; i < 1500; ++i) {
+      row.time = {1, 100 * i};
+      const double step = seed % 2 == 0 ? 1.5 : 12;
+      row.yaw += (chance.Uniform() - 0.5) * (chance.Chance(0.02) ? 6 : 0.4);
+      const double way = chance.Chance(0.2) ? -step : step * chance.Uniform();
+      row.east += way * std::sin(row.yaw);
+      row.north += way * std::cos(row.yaw);
+      if (chance.Chance(0.03)) row.boomStatus = static_cast<std::int32_t>(chance.Next() % 8);
+      builder.Epoch(row);
+    }
+    const std::string job = builder.Finish();
+    test::RecordingHost host;
+    const auto files = base::NativeFileSystem();
+    exports::ExportRun run{host, *files, {}};
+    ASSERT_TRUE(ExportNetShape(folder / "job_NET", job, run).made);
+    ground::Geos geos;
+    const test::LiteralNet literal = test::LiteralNetOf(job, false, geos);
+    const ground::Geos::Area ground = test::GroundOfSet(folder / "job_NET", job, geos);
+    EXPECT_LT(test::PartDiffering(literal.ground, ground, geos), 0.001) << seed;
+  }
+}
+
+std::vector<GroundCase> GroundCases() {
+  std::vector<GroundCase> cases;
+  for (const sample::SampleProfile& profile : sample::SampleProfiles()) {
+    if (profile.name == "no-implement" || profile.name == "tiny") continue;
+    for (const std::uint64_t seed : {1U, 2U}) {
+      cases.push_back({profile.name.data(), seed, seed == 2});
+    }
+  }
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(NetGround, NetGroundOfSamples, testing::ValuesIn(GroundCases()),
+                         [](const auto& at) {
+                           std::string name = at.param.profile;
+                           std::erase(name, '-');
+                           return name + (at.param.allSections ? "Whole" : "BySection");
+                         });
+
+}  // namespace
+}  // namespace kestrin::net
