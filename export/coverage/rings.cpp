@@ -72,22 +72,28 @@ geo::UtmPoint Sum(geo::UtmPoint a, geo::UtmPoint b) {
   return {a.easting + b.easting, a.northing + b.northing};
 }
 
+/// Whether a point can be one on Earth. The geometry library does not survive all others.
+bool IsPlace(geo::UtmPoint point) {
+  constexpr double kFarthest = 1e8;
+  return std::fabs(point.easting) < kFarthest && std::fabs(point.northing) < kFarthest;
+}
+
 /// Some whole metres near a polygon: from there its points have digits enough for what
 /// is computed with them, and come back as they were.
 geo::UtmPoint OriginNear(Ring ring) {
-  const auto point = std::ranges::find_if(ring, &geo::UtmPoint::IsFinite);
+  const auto point = std::ranges::find_if(ring, IsPlace);
   if (point == ring.end()) return {};
   return {std::round(point->easting), std::round(point->northing)};
 }
 
 /// The booms by which ground is known, seen from `origin`.
-std::vector<ground::Boom> FiniteBooms(const Edges& edges, geo::UtmPoint origin) {
+std::vector<ground::Boom> BoomsInPlace(const Edges& edges, geo::UtmPoint origin) {
   const geo::UtmPoint back{-origin.easting, -origin.northing};
   std::vector<ground::Boom> booms;
   booms.reserve(edges.left.size());
   for (std::size_t i = 0; i < edges.left.size(); ++i) {
-    const ground::Boom boom{Sum(edges.left[i], back), Sum(edges.right[i], back)};
-    if (boom.IsFinite()) booms.push_back(boom);
+    if (!IsPlace(edges.left[i]) || !IsPlace(edges.right[i])) continue;
+    booms.push_back({Sum(edges.left[i], back), Sum(edges.right[i], back)});
   }
   return booms;
 }
@@ -103,6 +109,17 @@ void BeginAt(ground::Line& line, geo::UtmPoint point) {
   line.push_back(line.front());
 }
 
+/// What is made, or nothing where the library fails, as it may with numbers that are no
+/// places: a ring never gets lost.
+template <class Make>
+auto OrNothing(Make make) -> decltype(make()) {
+  try {
+    return make();
+  } catch (const ground::GeometryError&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 double AcresIn(Ring ring) { return std::fabs(ground::PolygonArea(ring)) * kAcresPerSquareMetre; }
@@ -111,7 +128,8 @@ Ring RingMaker::Of(const Edges& edges) {
   DrawAround(edges, drawn_);
   const Ring ring = drawn_.Points();
   if (!HasThreePoints(ring)) return {};
-  saved_ += kSaved * std::fabs(ground::SignedArea(ring));
+  const double squareMetres = std::fabs(ground::SignedArea(ring));
+  if (std::isfinite(squareMetres)) saved_ += kSaved * squareMetres;
   if (drawn_.Kept() == Clearance::kWide) return ring;
   if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return ring;
   return Repaired(edges);
@@ -120,11 +138,11 @@ Ring RingMaker::Of(const Edges& edges) {
 Ring RingMaker::Repaired(const Edges& edges) {
   const Ring ring = drawn_.Points();
   const geo::UtmPoint origin = OriginNear(ring);
-  const std::vector<ground::Boom> booms = FiniteBooms(edges, origin);
+  const std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
   const ground::Sweep sweep(booms);
   if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
   if (booms.size() < edges.left.size() || !Unfold(sweep)) Mend(booms, sweep, origin);
-  return ring_;
+  return ring_.empty() ? ring : ring_;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
@@ -146,17 +164,17 @@ void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     ring_ = std::move(line);
     return !ring_.empty() && IsFit();
   };
-  try {
-    const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
-    // What lies closer together than a projection's last digits can touch in degrees. A
-    // grid keeps it apart.
-    for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-      if (isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)))) return;
+  const ground::Geos::Area swept =
+      OrNothing([&] { return ground::SweptGround(geos, booms, sweep, host_); });
+  // What lies closer together than a projection's last digits can touch in degrees. A
+  // grid keeps it apart.
+  for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
+    if (swept &&
+        isFit(OrNothing([&] { return ground::OneLineAround(geos, geos.OnGrid(swept, grid)); }))) {
+      return;
     }
-  } catch (const ground::GeometryError&) {
-    // A ring never gets lost.
   }
-  isFit(ground::HullAround(geos, booms));
+  isFit(OrNothing([&] { return ground::HullAround(geos, booms); }));
 }
 
 bool RingMaker::IsFit() {

@@ -38,8 +38,9 @@ class RingMaker {
  public:
   RingMaker(const geo::WorkingPlane& plane, base::RunHost& host) : plane_(plane), host_(host) {}
 
-  /// The ring of a polygon, which lasts until the next is made. Points with NaN or infinite
-  /// coordinates are in it only when there is no ground without them.
+  /// The ring of a polygon, which lasts until the next is made. One that gives way has no
+  /// points with coordinates that are NaN, infinite or beyond any place on Earth, unless
+  /// there is no ground without them.
   Ring Of(const PolygonBuilder::Edges& edges);
 
  private:

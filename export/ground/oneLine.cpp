@@ -124,8 +124,8 @@ Line OneLineAround(Geos& geos, const Geos::Area& area) {
 Line HullAround(Geos& geos, std::span<const Boom> booms) {
   Line points;
   for (const Boom& boom : booms) points.insert(points.end(), {boom.left, boom.right});
-  const Geos::Area hull = geos.HullOf(points, kWidth);
-  return geos.Pieces(hull).front().shell;
+  const std::vector<Piece> pieces = geos.Pieces(geos.HullOf(points, kWidth));
+  return pieces.empty() ? Line{} : pieces.front().shell;
 }
 
 }  // namespace kestrin::ground

@@ -20,7 +20,8 @@ namespace kestrin::ground {
 Line OneLineAround(Geos& geos, const Geos::Area& area);
 
 /// The convex line around booms, a millimetre wider than they: what can be said of ground
-/// too thin for a line of its own.
+/// too thin for a line of its own. Empty where the numbers are too large for a millimetre.
+/// Failure: GeometryError.
 Line HullAround(Geos& geos, std::span<const Boom> booms);
 
 }  // namespace kestrin::ground

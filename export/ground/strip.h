@@ -13,7 +13,6 @@ struct Boom {
   geo::UtmPoint left;
   geo::UtmPoint right;
 
-  bool IsFinite() const { return left.IsFinite() && right.IsFinite(); }
   friend bool operator==(const Boom&, const Boom&) = default;
 };
 
@@ -23,7 +22,9 @@ struct Patch {
   std::size_t count = 0;
   double squareMetres = 0;  ///< positive when it was swept forward, negative when backward
 
-  std::span<const geo::UtmPoint> Line() const { return std::span(points).first(count); }
+  /// Lasts as long as the patch.
+  std::span<const geo::UtmPoint> Line() const& { return std::span(points).first(count); }
+  std::span<const geo::UtmPoint> Line() const&& = delete;
 };
 
 /// The ground between two rows: what the implement swept from one to the other.
@@ -38,7 +39,9 @@ class Strip {
  public:
   Strip(const Boom& from, const Boom& to);
 
+  /// Last as long as the strip, which a loop's range does not prolong.
   std::span<const Patch> Patches() const& { return std::span(patches_).first(count_); }
+  std::span<const Patch> Patches() const&& = delete;
 
  private:
   void Add(std::initializer_list<geo::UtmPoint> corners);

@@ -1,0 +1,117 @@
+#include "export/ground/oneLine.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/export/ground/drawnLines.h"
+
+namespace kestrin::ground {
+namespace {
+
+using test::Closed;
+using test::Rectangle;
+
+class OneLine : public testing::Test {
+ protected:
+  Geos::Area Together(const std::vector<Piece>& pieces) {
+    std::vector<Geos::Area> areas;
+    for (const Piece& piece : pieces) areas.push_back(geos_.Inside(piece));
+    return geos_.Union(std::move(areas));
+  }
+
+  /// The line around pieces, which must be that of a valid ring around nearly their ground.
+  Line ExpectAround(const std::vector<Piece>& pieces) {
+    const Geos::Area area = Together(pieces);
+    const Line line = OneLineAround(geos_, area);
+    EXPECT_GE(line.size(), 4U);
+    if (line.size() < 4) return line;
+    EXPECT_EQ(line.front(), line.back());
+    EXPECT_NE(test::ClearanceOf(line), Clearance::kNone);
+    EXPECT_LT(SignedArea(line), 0) << "clockwise";
+    EXPECT_LE(test::Between(geos_, area, geos_.Inside(line)), 0.001 * geos_.SquareMetres(area));
+    return line;
+  }
+
+  Geos geos_;
+};
+
+TEST_F(OneLine, OfOnePieceIsItsOwn) {
+  EXPECT_EQ(ExpectAround({{Rectangle(0, 0, 10, 10), {}}}).size(), 5U);
+}
+
+TEST_F(OneLine, PiecesApartAreJoinedByANeck) {
+  const Line line = ExpectAround({{Rectangle(0, 0, 10, 10), {}}, {Rectangle(12, 3, 20, 9), {}}});
+  EXPECT_NEAR(test::SquareMetresIn(line), 148, 0.01);
+}
+
+TEST_F(OneLine, ManyPiecesAreJoinedToTheLargest) {
+  std::vector<Piece> pieces{{Rectangle(0, 0, 100, 10), {}}};
+  for (int i = 0; i < 10; ++i) {
+    pieces.push_back({Rectangle(10.0 * i, 11.0 + i, 10.0 * i + 5, 16.0 + i), {}});
+  }
+  ExpectAround(pieces);
+}
+
+TEST_F(OneLine, HoleIsOpenedByASlit) {
+  const Line line = ExpectAround({{Rectangle(0, 0, 10, 10), {Rectangle(4, 4, 6, 6)}}});
+  EXPECT_NEAR(test::SquareMetresIn(line), 96, 0.01);
+}
+
+TEST_F(OneLine, HolesInARowAreOpenedIntoEachOther) {
+  ExpectAround({{Rectangle(0, 0, 10, 30),
+                 {Rectangle(4, 4, 6, 6), Rectangle(4, 10, 6, 12), Rectangle(4, 16, 6, 18),
+                  Rectangle(3, 22, 7, 24)}}});
+}
+
+TEST_F(OneLine, HoleThatTouchesTheLineAroundItIsOpenedThere) {
+  ExpectAround({{Rectangle(0, 0, 10, 10), {Closed({{5, 10}, {3, 6}, {7, 6}})}}});
+  ExpectAround({{Rectangle(0, 0, 10, 10), {Closed({{5, 0}, {7, 4}, {3, 4}})}}});
+}
+
+TEST_F(OneLine, PieceInTheHoleOfAnotherIsJoined) {
+  ExpectAround(
+      {{Rectangle(0, 0, 20, 20), {Rectangle(4, 4, 16, 16)}}, {Rectangle(8, 8, 12, 12), {}}});
+}
+
+TEST_F(OneLine, ThreePiecesThatTouchInOnePointAreJoined) {
+  ExpectAround({{Closed({{0, 0}, {-3, 10}, {3, 10}}), {}},
+                {Closed({{0, 0}, {10, 0}, {8, -5}}), {}},
+                {Closed({{0, 0}, {-8, -5}, {-10, 0}}), {}}});
+}
+
+TEST_F(OneLine, TrifleIsLeftOutOrFilled) {
+  // A thousandth of a hundredth of the ground each.
+  const Line line = ExpectAround({{Rectangle(0, 0, 10, 10), {Rectangle(4, 4, 4.03, 4.03)}},
+                                  {Rectangle(12, 0, 12.03, 0.03), {}}});
+  EXPECT_EQ(line.size(), 5U);
+  EXPECT_DOUBLE_EQ(test::SquareMetresIn(line), 100);
+}
+
+TEST_F(OneLine, TriflesThatAreMuchTogetherStay) {
+  // Twenty times a hundredth of a hundredth.
+  std::vector<Piece> pieces{{Rectangle(0, 0, 10, 10), {}}};
+  for (int i = 0; i < 20; ++i) {
+    pieces.push_back({Rectangle(0.5 * i, 11, 0.5 * i + 0.1, 11.1), {}});
+  }
+  EXPECT_GT(test::SquareMetresIn(ExpectAround(pieces)), 100.1);
+}
+
+TEST_F(OneLine, OfNothingIsEmpty) {
+  const Geos::Area square = geos_.Inside(Rectangle(0, 0, 10, 10));
+  EXPECT_TRUE(OneLineAround(geos_, geos_.Difference(square, square)).empty());
+}
+
+TEST_F(OneLine, HullIsAMillimetreWiderThanBoomsInOneLine) {
+  const std::vector<Boom> booms{test::Across(0, 0, 10), test::Across(0, 5, 15)};
+  const Line hull = HullAround(geos_, booms);
+  EXPECT_NE(test::ClearanceOf(hull), Clearance::kNone);
+  EXPECT_LT(SignedArea(hull), 0);
+  EXPECT_NEAR(test::SquareMetresIn(hull), 15 * 0.002, 1e-5);
+}
+
+TEST_F(OneLine, HullOfOnePlaceIsALine) {
+  const std::vector<Boom> booms{test::Across(0, 3, 3)};
+  EXPECT_NE(test::ClearanceOf(HullAround(geos_, booms)), Clearance::kNone);
+}
+
+}  // namespace
+}  // namespace kestrin::ground

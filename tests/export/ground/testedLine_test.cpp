@@ -1,0 +1,213 @@
+#include "export/ground/testedLine.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "tests/export/ground/drawnLines.h"
+#include "tools/sample/randomness.h"
+
+namespace kestrin::ground {
+namespace {
+
+using test::ClearanceOf;
+using test::Closed;
+
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+constexpr double kEndless = std::numeric_limits<double>::infinity();
+
+TEST(TestedLine, OneThatCrossesNothingIsClear) {
+  const Line square = test::Rectangle(0, 0, 10, 10);
+  EXPECT_EQ(ClearanceOf(square, 10), Clearance::kWide);
+  // Nobody asked how wide.
+  EXPECT_EQ(ClearanceOf(square), Clearance::kTight);
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 5}, {0, 9}, {9, 9}, {9, 0}}), 9), Clearance::kWide);
+}
+
+TEST(TestedLine, CrossingIsFound) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 10}, {10, 0}, {0, 10}})), Clearance::kNone);
+}
+
+TEST(TestedLine, VertexOnASegmentTouches) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {10, 10}, {0, 5}, {10, 0}})), Clearance::kNone);
+  // The other way round: a segment drawn through an earlier vertex.
+  EXPECT_EQ(ClearanceOf(Closed({{0, 5}, {10, 10}, {0, 10}, {0, 0}, {10, 0}})), Clearance::kNone);
+}
+
+TEST(TestedLine, VertexOnAVertexTouches) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {5, 5}, {0, 10}, {10, 10}, {5, 5}, {10, 0}})),
+            Clearance::kNone);
+}
+
+TEST(TestedLine, SegmentsThatShareAPieceOfALineTouch) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {5, 12}, {0, 8}, {0, 4}, {5, 0}})),
+            Clearance::kNone);
+  // On one line and apart from each other they do not.
+  EXPECT_NE(ClearanceOf(Closed({{0, 0}, {0, 3}, {5, 4}, {0, 5}, {0, 8}, {9, 4}})),
+            Clearance::kNone);
+}
+
+TEST(TestedLine, FoldBackTouches) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {0, 6}, {10, 6}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {0, 14}, {10, 6}})), Clearance::kTight);
+}
+
+TEST(TestedLine, ClosingSegmentIsTestedLikeAnother) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 0}, {10, 10}, {5, -5}})), Clearance::kNone);
+  // Back over the last segment, and back over the first.
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {5, 5}, {10, 0}, {15, 0}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 0}, {15, 5}, {5, 0}})), Clearance::kNone);
+}
+
+TEST(TestedLine, FewerThanThreeSegmentsAreNoRing) {
+  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}})), Clearance::kNone);
+  TestedLine line;
+  line.Restart(0);
+  line.Close();
+  EXPECT_EQ(line.Kept(), Clearance::kNone);
+}
+
+TEST(TestedLine, PointWhereItIsAlreadyIsNoPoint) {
+  const Line doubled = Closed({{0, 0}, {0, 10}, {0, 10}, {10, 10}, {10, 10}, {10, 0}});
+  EXPECT_EQ(ClearanceOf(doubled, 10), Clearance::kWide);
+}
+
+TEST(TestedLine, WithoutFiniteEndsIsNone) {
+  for (const double what : {kNone, kEndless, -kEndless}) {
+    EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {10, 10}, {10, what}}), 10), Clearance::kNone);
+    EXPECT_EQ(ClearanceOf(Closed({{what, 0}, {0, 10}, {10, 10}, {10, 0}}), 10), Clearance::kNone);
+  }
+}
+
+TEST(TestedLine, RestartedForgetsWhatItWas) {
+  TestedLine line;
+  for (const double last : {kNone, 0.0, -10.0, 0.0}) {
+    line.Restart(4, 10);
+    for (const geo::UtmPoint& point : Line{{0, 0}, {0, 10}, {10, 10}, {10, last}}) line.Add(point);
+    line.Close();
+    EXPECT_EQ(line.Kept(), std::isnan(last) ? Clearance::kNone : Clearance::kWide);
+    EXPECT_EQ(line.Points().size(), 5U);
+  }
+}
+
+/// A closed line with one corner at so much beside the middle of its diagonal.
+Clearance BesideADiagonal(geo::UtmPoint corner) {
+  constexpr double kEast = 500000;
+  constexpr double kNorth = 4500000;
+  constexpr double kStep = 0x1p-20;
+  Line line{{0, 0}, {256 + 2 * kStep, 256}, {256, 0}, corner, {128, 0}};
+  for (geo::UtmPoint& point : line) point = {point.easting + kEast, point.northing + kNorth};
+  return ClearanceOf(Closed(line), 400);
+}
+
+TEST(TestedLine, AnswersAreExactBelowTheRoundingOfProducts) {
+  constexpr double kStep = 0x1p-20;
+  // (128 + s)(128 - s) and 128 * 128 are one number when rounded. The corner is a
+  // ten-thousandth of a millionth of a millimetre beside the diagonal all the same.
+  EXPECT_EQ(BesideADiagonal({128, 128 - kStep}), Clearance::kTight);
+  EXPECT_EQ(BesideADiagonal({128 + kStep, 128}), Clearance::kNone) << "on the diagonal";
+  EXPECT_EQ(BesideADiagonal({128 + 2 * kStep, 128 + kStep}), Clearance::kNone) << "beyond it";
+  EXPECT_EQ(BesideADiagonal({128, 127}), Clearance::kWide);
+}
+
+/// A bay so wide and a hundred metres deep.
+Line Bay(double wide) {
+  return Closed(
+      {{0, 0}, {0, 101}, {10, 101}, {10, 1}, {10 + wide, 1}, {10 + wide, 101}, {20, 101}, {20, 0}});
+}
+
+TEST(TestedLine, IsTightWhereProjectingCouldMakeItTouch) {
+  // Sides of a hundred metres can come a millimetre closer to each other.
+  EXPECT_EQ(ClearanceOf(Bay(0.0012), 101), Clearance::kWide);
+  EXPECT_EQ(ClearanceOf(Bay(0.0009), 101), Clearance::kTight);
+  EXPECT_EQ(ClearanceOf(Bay(1e-9), 101), Clearance::kTight);
+  EXPECT_EQ(ClearanceOf(Bay(0), 101), Clearance::kNone);
+}
+
+TEST(TestedLine, IsTightAtASharpCorner) {
+  const auto needle = [](double wide) {
+    return Closed({{0, 0}, {0, 10}, {100, 10}, {0, 10 + wide}, {0, 20}, {110, 20}, {110, 0}});
+  };
+  EXPECT_EQ(ClearanceOf(needle(0.1), 110), Clearance::kWide);
+  EXPECT_EQ(ClearanceOf(needle(0.0005), 110), Clearance::kTight);
+}
+
+/// A comb of so many teeth a metre high, each a metre from the next.
+Line Comb(int teeth) {
+  Line line;
+  for (int i = 0; i < teeth; ++i) {
+    line.push_back({2.0 * i, 0});
+    line.push_back({2.0 * i + 1, 1});
+  }
+  line.push_back({2.0 * teeth, -5});
+  line.push_back({0, -5});
+  return line;
+}
+
+TEST(TestedLine, OneCrossingAmongManyPointsIsFound) {
+  Line comb = Comb(50000);
+  EXPECT_EQ(ClearanceOf(Closed(comb), 100000), Clearance::kTight);
+  comb.back() = {1000, 0.5};
+  EXPECT_EQ(ClearanceOf(Closed(comb)), Clearance::kNone);
+  comb = Comb(50000);
+  comb[60000].northing = -5;
+  EXPECT_EQ(ClearanceOf(Closed(comb)), Clearance::kNone) << "touches the back";
+}
+
+/// Which side, in whole numbers.
+int WholeSide(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
+  const double side = Cross(a, b, point);
+  return side > 0 ? 1 : side < 0 ? -1 : 0;
+}
+
+bool LiesOn(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
+  return WholeSide(a, b, point) == 0 && geo::Box::Of(a, b).Holds(point);
+}
+
+/// Whether two segments have a point in common.
+bool Share(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
+  if (LiesOn(a, b, c) || LiesOn(a, b, d) || LiesOn(c, d, a) || LiesOn(c, d, b)) return true;
+  return WholeSide(a, b, c) * WholeSide(a, b, d) < 0 && WholeSide(c, d, a) * WholeSide(c, d, b) < 0;
+}
+
+/// Every pair of segments compared. No two points in a row are equal.
+bool IsSimple(const Line& closed) {
+  const std::size_t count = closed.size() - 1;
+  for (std::size_t i = 0; i < count; ++i) {
+    const geo::UtmPoint& after = closed[(i + 1) % count + 1];
+    if (LiesOn(closed[i], closed[i + 1], after) || LiesOn(closed[i + 1], after, closed[i])) {
+      return false;
+    }
+    for (std::size_t k = i + 2; k < count; ++k) {
+      if (i == 0 && k + 1 == count) continue;
+      if (Share(closed[i], closed[i + 1], closed[k], closed[k + 1])) return false;
+    }
+  }
+  return true;
+}
+
+TEST(TestedLine, OnAGridOfWholeMetresItAgreesWithEveryPairCompared) {
+  sample::Randomness chance(7);
+  int simple = 0;
+  int others = 0;
+  for (int run = 0; run < 20000; ++run) {
+    Line line;
+    for (std::uint64_t i = 3 + chance.Next() % 5; i > 0; --i) {
+      line.push_back(
+          {static_cast<double>(chance.Next() % 7), static_cast<double>(chance.Next() % 7)});
+      if (line.size() > 1 && line.back() == line[line.size() - 2]) line.pop_back();
+    }
+    while (line.size() > 1 && line.back() == line.front()) line.pop_back();
+    if (line.size() < 3) continue;
+    line = Closed(line);
+    const bool expected = IsSimple(line);
+    ASSERT_EQ(ClearanceOf(line) != Clearance::kNone, expected) << run;
+    ++(expected ? simple : others);
+  }
+  EXPECT_GT(simple, 2000);
+  EXPECT_GT(others, 2000);
+}
+
+}  // namespace
+}  // namespace kestrin::ground
