@@ -111,7 +111,8 @@ Ring RingMaker::Of(const Edges& edges) {
   DrawAround(edges, drawn_);
   const Ring ring = drawn_.Points();
   if (!HasThreePoints(ring)) return {};
-  saved_ += kSaved * std::fabs(ground::SignedArea(ring));
+  const double squareMetres = std::fabs(ground::SignedArea(ring));
+  if (std::isfinite(squareMetres)) saved_ += kSaved * squareMetres;
   if (drawn_.Kept() == Clearance::kWide) return ring;
   if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return ring;
   return Repaired(edges);
@@ -123,8 +124,8 @@ Ring RingMaker::Repaired(const Edges& edges) {
   const std::vector<ground::Boom> booms = FiniteBooms(edges, origin);
   const ground::Sweep sweep(booms);
   if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
-  if (booms.size() < edges.left.size() || !Unfold(sweep)) Mend(booms, sweep, origin);
-  return ring_;
+  const bool whole = booms.size() == edges.left.size();
+  return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
@@ -138,7 +139,7 @@ bool RingMaker::Unfold(const ground::Sweep& sweep) {
   return true;
 }
 
-void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
+bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
                      geo::UtmPoint origin) {
   ground::Geos geos;
   const auto isFit = [&](ground::Line line) {
@@ -151,12 +152,13 @@ void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     // What lies closer together than a projection's last digits can touch in degrees. A
     // grid keeps it apart.
     for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-      if (isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)))) return;
+      if (isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)))) return true;
     }
+    return isFit(ground::HullAround(geos, booms));
   } catch (const ground::GeometryError&) {
-    // A ring never gets lost.
+    // Numbers too large for the library.
+    return false;
   }
-  isFit(ground::HullAround(geos, booms));
 }
 
 bool RingMaker::IsFit() {

@@ -125,7 +125,8 @@ Line HullAround(Geos& geos, std::span<const Boom> booms) {
   Line points;
   for (const Boom& boom : booms) points.insert(points.end(), {boom.left, boom.right});
   const Geos::Area hull = geos.HullOf(points, kWidth);
-  return geos.Pieces(hull).front().shell;
+  std::vector<Piece> pieces = geos.Pieces(hull);
+  return pieces.empty() ? Line() : std::move(pieces.front().shell);
 }
 
 }  // namespace kestrin::ground
