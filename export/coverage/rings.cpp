@@ -1,6 +1,7 @@
 #include "export/coverage/rings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "export/coverage/ringDegrees.h"
@@ -92,6 +93,15 @@ std::vector<ground::Boom> FiniteBooms(const Edges& edges, geo::UtmPoint origin) 
   return booms;
 }
 
+template <class Try>
+bool Succeeds(Try attempt) {
+  try {
+    return attempt();
+  } catch (const ground::GeometryError&) {
+    return false;
+  }
+}
+
 /// Turns a closed line clockwise, and until it begins at the point nearest to another.
 void BeginAt(ground::Line& line, geo::UtmPoint point) {
   if (line.empty()) return;
@@ -147,18 +157,16 @@ bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     ring_ = std::move(line);
     return !ring_.empty() && IsFit();
   };
-  try {
-    const ground::Geos::Area swept = ground::SweptGround(geos, booms, sweep, host_);
+  const auto isAround = [&](const ground::Geos::Area& swept) {
     // What lies closer together than a projection's last digits can touch in degrees. A
     // grid keeps it apart.
-    for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-      if (isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)))) return true;
-    }
-    return isFit(ground::HullAround(geos, booms));
-  } catch (const ground::GeometryError&) {
-    // Numbers too large for the library.
-    return false;
-  }
+    return std::ranges::any_of(std::array{0.0, 0.0001, 0.001, 0.01}, [&](double grid) {
+      return isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
+    });
+  };
+  // The library fails on numbers too large for it, and might on others.
+  return Succeeds([&] { return isAround(ground::SweptGround(geos, booms, sweep, host_)); }) ||
+         Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
 }
 
 bool RingMaker::IsFit() {
