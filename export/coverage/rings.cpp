@@ -1,6 +1,7 @@
 #include "export/coverage/rings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "export/coverage/ringDegrees.h"
@@ -98,6 +99,15 @@ std::vector<ground::Boom> BoomsInPlace(const Edges& edges, geo::UtmPoint origin)
   return booms;
 }
 
+template <class Try>
+bool Succeeds(Try attempt) {
+  try {
+    return attempt();
+  } catch (const ground::GeometryError&) {
+    return false;
+  }
+}
+
 /// Turns a closed line clockwise, and until it begins at the point nearest to another.
 void BeginAt(ground::Line& line, geo::UtmPoint point) {
   if (line.empty()) return;
@@ -107,17 +117,6 @@ void BeginAt(ground::Line& line, geo::UtmPoint point) {
                         return ground::SquareDistance(other, point);
                       }));
   line.push_back(line.front());
-}
-
-/// What is made, or nothing where the library fails, as it may with numbers that are no
-/// places: a ring never gets lost.
-template <class Make>
-auto OrNothing(Make make) -> decltype(make()) {
-  try {
-    return make();
-  } catch (const ground::GeometryError&) {
-    return {};
-  }
 }
 
 }  // namespace
@@ -141,8 +140,8 @@ Ring RingMaker::Repaired(const Edges& edges) {
   const std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
   const ground::Sweep sweep(booms);
   if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
-  if (booms.size() < edges.left.size() || !Unfold(sweep)) Mend(booms, sweep, origin);
-  return ring_.empty() ? ring : ring_;
+  const bool whole = booms.size() == edges.left.size();
+  return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
@@ -156,7 +155,7 @@ bool RingMaker::Unfold(const ground::Sweep& sweep) {
   return true;
 }
 
-void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
+bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
                      geo::UtmPoint origin) {
   ground::Geos geos;
   const auto isFit = [&](ground::Line line) {
@@ -164,17 +163,16 @@ void RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     ring_ = std::move(line);
     return !ring_.empty() && IsFit();
   };
-  const ground::Geos::Area swept =
-      OrNothing([&] { return ground::SweptGround(geos, booms, sweep, host_); });
-  // What lies closer together than a projection's last digits can touch in degrees. A
-  // grid keeps it apart.
-  for (const double grid : {0.0, 0.0001, 0.001, 0.01}) {
-    if (swept &&
-        isFit(OrNothing([&] { return ground::OneLineAround(geos, geos.OnGrid(swept, grid)); }))) {
-      return;
-    }
-  }
-  isFit(OrNothing([&] { return ground::HullAround(geos, booms); }));
+  const auto isAround = [&](const ground::Geos::Area& swept) {
+    // What lies closer together than a projection's last digits can touch in degrees. A
+    // grid keeps it apart.
+    return std::ranges::any_of(std::array{0.0, 0.0001, 0.001, 0.01}, [&](double grid) {
+      return isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
+    });
+  };
+  // The library may fail. A ring never gets lost.
+  return Succeeds([&] { return isAround(ground::SweptGround(geos, booms, sweep, host_)); }) ||
+         Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
 }
 
 bool RingMaker::IsFit() {

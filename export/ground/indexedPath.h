@@ -51,6 +51,15 @@ class IndexedPath {
     return AnyFrom(0, points_.size() - 2, box, visit);
   }
 
+  /// The same with the box of the newest segment, among about so many last ones, leaving out
+  /// the segment before it as well. Of a path of four points or more.
+  template <class Visit>
+  bool AnyOfLast(std::size_t count, Visit visit) const {
+    const std::size_t end = points_.size() - 3;
+    const std::size_t first = end > count ? end - count : 0;
+    return AnyFrom(first / kBlock, end, BoxOf(points_.size() - 2), visit);
+  }
+
   /// The same with the box of the newest segment and so much around it, leaving out the
   /// segment before it as well. Of a path of four points or more.
   template <class Visit>

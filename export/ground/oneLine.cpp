@@ -124,8 +124,9 @@ Line OneLineAround(Geos& geos, const Geos::Area& area) {
 Line HullAround(Geos& geos, std::span<const Boom> booms) {
   Line points;
   for (const Boom& boom : booms) points.insert(points.end(), {boom.left, boom.right});
-  const std::vector<Piece> pieces = geos.Pieces(geos.HullOf(points, kWidth));
-  return pieces.empty() ? Line{} : pieces.front().shell;
+  const Geos::Area hull = geos.HullOf(points, kWidth);
+  std::vector<Piece> pieces = geos.Pieces(hull);
+  return pieces.empty() ? Line() : std::move(pieces.front().shell);
 }
 
 }  // namespace kestrin::ground

@@ -20,19 +20,23 @@ void AddWoundAbout(std::vector<Geos::Area>& areas, Geos& geos, std::span<const B
   }
 }
 
+/// The library's costs grow faster than the rows of a call.
+constexpr std::size_t kTogether = 2048;
+
 }  // namespace
 
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
                        base::RunHost& host) {
-  // The library's costs grow faster than the rows of a call.
-  constexpr std::size_t kTogether = 2048;
+  std::vector<Geos::Area> hidden;
+  for (const Patch& patch : sweep.Hidden()) hidden.push_back(geos.Inside(patch.Line()));
   std::vector<Geos::Area> areas;
-  for (const Patch& patch : sweep.Hidden()) areas.push_back(geos.Inside(patch.Line()));
   for (std::size_t first = 0; first + 1 < booms.size(); first += kTogether) {
     host.Yield();
     const auto some = booms.subspan(first, std::min(kTogether + 1, booms.size() - first));
     AddWoundAbout(areas, geos, some, sweep.IsBackward());
   }
+  // Small ones first: what is large is costly each time.
+  if (!hidden.empty()) areas.push_back(geos.Union(std::move(hidden)));
   return areas.size() == 1 ? std::move(areas.front()) : geos.Union(std::move(areas));
 }
 

@@ -83,6 +83,9 @@ TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {
   for (Boom& boom : booms) std::swap(boom.left, boom.right);
   EXPECT_TRUE(Sweep(booms).IsBackward());
   EXPECT_THAT(HiddenIn(booms), ElementsAre(10));
+  booms = Driven({0, 500, 499, 1000});
+  for (Boom& boom : booms) std::swap(boom.left, boom.right);
+  EXPECT_THAT(HiddenIn(booms), IsEmpty());
 }
 
 TEST(Sweep, OfOneBoomOrNoneIsNothing) {

@@ -94,15 +94,37 @@ TEST(Unfold, SpikeIsTakenOutForNothing) {
   }
 }
 
-TEST(Unfold, LoopOfManyPointsStays) {
-  // A loop of small steps out to the west, as long as it is wide.
+/// The field with a loop of so many small steps out to the west.
+Line WithSteps(int steps) {
   Line line{{0, 0}, {0, 5.5}};
-  for (int i = 1; i <= 40; ++i) line.push_back({-0.025 * i, 5.5});
+  for (int i = 1; i <= steps; ++i) line.push_back({-1.0 * i / steps, 5.5});
   line.insert(line.end(), {{1, 4.5}, {1, 6}, {0, 6}, {0, 10}, {10, 10}, {10, 0}});
-  line = Closed(line);
-  ASSERT_EQ(ClearanceOf(line), Clearance::kNone);
+  return Closed(line);
+}
+
+TEST(Unfold, LoopOfManyPointsIsCutOffAndOfVeryManyStays) {
   double squareMetres = 1;
-  EXPECT_EQ(ClearanceOf(Unfold(line, squareMetres)), Clearance::kNone);
+  EXPECT_NE(ClearanceOf(Unfold(WithSteps(200), squareMetres)), Clearance::kNone);
+  EXPECT_NEAR(squareMetres, 0.75, 1e-9);
+  EXPECT_EQ(ClearanceOf(Unfold(WithSteps(400), squareMetres)), Clearance::kNone);
+  EXPECT_NEAR(squareMetres, 0.75, 1e-9);
+}
+
+TEST(Unfold, GroundOfALoopIsCountedWhicheverWayItRuns) {
+  // A figure eight to the west, four square metres either way round.
+  const Line line = Closed({{0, 0},
+                            {0, 7},
+                            {-4, 3},
+                            {-4, 7},
+                            {-1, 4},
+                            {1, 2},
+                            {1, 8},
+                            {0, 8},
+                            {0, 10},
+                            {10, 10},
+                            {10, 0}});
+  double squareMetres = 1;
+  EXPECT_TRUE(AreSame(Unfold(line, squareMetres), line));
   EXPECT_EQ(squareMetres, 1);
 }
 
