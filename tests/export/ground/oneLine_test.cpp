@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/export/ground/drawnLines.h"
+#include "tools/sample/randomness.h"
 
 namespace kestrin::ground {
 namespace {
@@ -76,6 +77,22 @@ TEST_F(OneLine, ThreePiecesThatTouchInOnePointAreJoined) {
   ExpectAround({{Closed({{0, 0}, {-3, 10}, {3, 10}}), {}},
                 {Closed({{0, 0}, {10, 0}, {8, -5}}), {}},
                 {Closed({{0, 0}, {-8, -5}, {-10, 0}}), {}}});
+}
+
+TEST_F(OneLine, AnyPiecesThatTouchInPointsAreJoined) {
+  // Cells of a chequered field, each there or not.
+  sample::Randomness chance(11);
+  for (int run = 0; run < 100; ++run) {
+    std::vector<Piece> cells;
+    for (int cell = 0; cell < 36; ++cell) {
+      const double east = cell % 6;
+      const double north = cell / 6;
+      if (!chance.Chance(0.55)) continue;
+      cells.push_back({Rectangle(east, north, east + 1, north + 1), {}});
+    }
+    ExpectAround(cells);
+    ASSERT_FALSE(HasFailure()) << run;
+  }
 }
 
 TEST_F(OneLine, TrifleIsLeftOutOrFilled) {

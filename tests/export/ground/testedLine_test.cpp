@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -11,57 +12,75 @@
 namespace kestrin::ground {
 namespace {
 
-using test::ClearanceOf;
 using test::Closed;
 
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
+/// How a closed line keeps clear of itself, which must not depend on where it is begun, nor
+/// on which way it is drawn.
+Clearance ClearanceFromAnywhere(Line closed, double longest = 0) {
+  const Clearance kept = test::ClearanceOf(closed, longest);
+  for (std::size_t i = 1; i < closed.size(); ++i) {
+    closed.pop_back();
+    std::ranges::rotate(closed, closed.begin() + 1);
+    closed = Closed(closed);
+    EXPECT_EQ(test::ClearanceOf(closed, longest), kept) << "begun at point " << i;
+    const Line back(closed.rbegin(), closed.rend());
+    EXPECT_EQ(test::ClearanceOf(back, longest), kept) << "back from point " << i;
+  }
+  return kept;
+}
+
 TEST(TestedLine, OneThatCrossesNothingIsClear) {
   const Line square = test::Rectangle(0, 0, 10, 10);
-  EXPECT_EQ(ClearanceOf(square, 10), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(square, 10), Clearance::kWide);
   // Nobody asked how wide.
-  EXPECT_EQ(ClearanceOf(square), Clearance::kTight);
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 5}, {0, 9}, {9, 9}, {9, 0}}), 9), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(square), Clearance::kTight);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 5}, {0, 9}, {9, 9}, {9, 0}}), 9),
+            Clearance::kWide);
 }
 
 TEST(TestedLine, CrossingIsFound) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 10}, {10, 0}, {0, 10}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {10, 10}, {10, 0}, {0, 10}})), Clearance::kNone);
 }
 
 TEST(TestedLine, VertexOnASegmentTouches) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {10, 10}, {0, 5}, {10, 0}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {10, 10}, {0, 5}, {10, 0}})),
+            Clearance::kNone);
   // The other way round: a segment drawn through an earlier vertex.
-  EXPECT_EQ(ClearanceOf(Closed({{0, 5}, {10, 10}, {0, 10}, {0, 0}, {10, 0}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 5}, {10, 10}, {0, 10}, {0, 0}, {10, 0}})),
+            Clearance::kNone);
 }
 
 TEST(TestedLine, VertexOnAVertexTouches) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {5, 5}, {0, 10}, {10, 10}, {5, 5}, {10, 0}})),
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {5, 5}, {0, 10}, {10, 10}, {5, 5}, {10, 0}})),
             Clearance::kNone);
 }
 
 TEST(TestedLine, SegmentsThatShareAPieceOfALineTouch) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {5, 12}, {0, 8}, {0, 4}, {5, 0}})),
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {5, 12}, {0, 8}, {0, 4}, {5, 0}})),
             Clearance::kNone);
   // On one line and apart from each other they do not.
-  EXPECT_NE(ClearanceOf(Closed({{0, 0}, {0, 3}, {5, 4}, {0, 5}, {0, 8}, {9, 4}})),
+  EXPECT_NE(ClearanceFromAnywhere(Closed({{0, 0}, {0, 3}, {5, 4}, {0, 5}, {0, 8}, {9, 4}})),
             Clearance::kNone);
 }
 
 TEST(TestedLine, FoldBackTouches) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {0, 6}, {10, 6}})), Clearance::kNone);
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {0, 14}, {10, 6}})), Clearance::kTight);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {0, 6}, {10, 6}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {0, 14}, {10, 6}})), Clearance::kTight);
 }
 
 TEST(TestedLine, ClosingSegmentIsTestedLikeAnother) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 0}, {10, 10}, {5, -5}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {10, 0}, {10, 10}, {5, -5}})), Clearance::kNone);
   // Back over the last segment, and back over the first.
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {5, 5}, {10, 0}, {15, 0}})), Clearance::kNone);
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {10, 0}, {15, 5}, {5, 0}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {5, 5}, {10, 0}, {15, 0}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {10, 0}, {15, 5}, {5, 0}})), Clearance::kNone);
 }
 
 TEST(TestedLine, FewerThanThreeSegmentsAreNoRing) {
-  EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}})), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {0, 4}})), Clearance::kNone);
   TestedLine line;
   line.Restart(0);
   line.Close();
@@ -70,13 +89,15 @@ TEST(TestedLine, FewerThanThreeSegmentsAreNoRing) {
 
 TEST(TestedLine, PointWhereItIsAlreadyIsNoPoint) {
   const Line doubled = Closed({{0, 0}, {0, 10}, {0, 10}, {10, 10}, {10, 10}, {10, 0}});
-  EXPECT_EQ(ClearanceOf(doubled, 10), Clearance::kWide);
+  EXPECT_EQ(test::ClearanceOf(doubled, 10), Clearance::kWide);
 }
 
 TEST(TestedLine, WithoutFiniteEndsIsNone) {
   for (const double what : {kNone, kEndless, -kEndless}) {
-    EXPECT_EQ(ClearanceOf(Closed({{0, 0}, {0, 10}, {10, 10}, {10, what}}), 10), Clearance::kNone);
-    EXPECT_EQ(ClearanceOf(Closed({{what, 0}, {0, 10}, {10, 10}, {10, 0}}), 10), Clearance::kNone);
+    EXPECT_EQ(ClearanceFromAnywhere(Closed({{0, 0}, {0, 10}, {10, 10}, {10, what}}), 10),
+              Clearance::kNone);
+    EXPECT_EQ(ClearanceFromAnywhere(Closed({{what, 0}, {0, 10}, {10, 10}, {10, 0}}), 10),
+              Clearance::kNone);
   }
 }
 
@@ -98,7 +119,7 @@ Clearance BesideADiagonal(geo::UtmPoint corner) {
   constexpr double kStep = 0x1p-20;
   Line line{{0, 0}, {256 + 2 * kStep, 256}, {256, 0}, corner, {128, 0}};
   for (geo::UtmPoint& point : line) point = {point.easting + kEast, point.northing + kNorth};
-  return ClearanceOf(Closed(line), 400);
+  return ClearanceFromAnywhere(Closed(line), 400);
 }
 
 TEST(TestedLine, AnswersAreExactBelowTheRoundingOfProducts) {
@@ -119,18 +140,18 @@ Line Bay(double wide) {
 
 TEST(TestedLine, IsTightWhereProjectingCouldMakeItTouch) {
   // Sides of a hundred metres can come a millimetre closer to each other.
-  EXPECT_EQ(ClearanceOf(Bay(0.0012), 101), Clearance::kWide);
-  EXPECT_EQ(ClearanceOf(Bay(0.0009), 101), Clearance::kTight);
-  EXPECT_EQ(ClearanceOf(Bay(1e-9), 101), Clearance::kTight);
-  EXPECT_EQ(ClearanceOf(Bay(0), 101), Clearance::kNone);
+  EXPECT_EQ(ClearanceFromAnywhere(Bay(0.0012), 101), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(Bay(0.0009), 101), Clearance::kTight);
+  EXPECT_EQ(ClearanceFromAnywhere(Bay(1e-9), 101), Clearance::kTight);
+  EXPECT_EQ(ClearanceFromAnywhere(Bay(0), 101), Clearance::kNone);
 }
 
 TEST(TestedLine, IsTightAtASharpCorner) {
   const auto needle = [](double wide) {
     return Closed({{0, 0}, {0, 10}, {100, 10}, {0, 10 + wide}, {0, 20}, {110, 20}, {110, 0}});
   };
-  EXPECT_EQ(ClearanceOf(needle(0.1), 110), Clearance::kWide);
-  EXPECT_EQ(ClearanceOf(needle(0.0005), 110), Clearance::kTight);
+  EXPECT_EQ(ClearanceFromAnywhere(needle(0.1), 110), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(needle(0.0005), 110), Clearance::kTight);
 }
 
 /// A comb of so many teeth a metre high, each a metre from the next.
@@ -147,12 +168,12 @@ Line Comb(int teeth) {
 
 TEST(TestedLine, OneCrossingAmongManyPointsIsFound) {
   Line comb = Comb(50000);
-  EXPECT_EQ(ClearanceOf(Closed(comb), 100000), Clearance::kTight);
+  EXPECT_EQ(test::ClearanceOf(Closed(comb), 100000), Clearance::kTight);
   comb.back() = {1000, 0.5};
-  EXPECT_EQ(ClearanceOf(Closed(comb)), Clearance::kNone);
+  EXPECT_EQ(test::ClearanceOf(Closed(comb)), Clearance::kNone);
   comb = Comb(50000);
   comb[60000].northing = -5;
-  EXPECT_EQ(ClearanceOf(Closed(comb)), Clearance::kNone) << "touches the back";
+  EXPECT_EQ(test::ClearanceOf(Closed(comb)), Clearance::kNone) << "touches the back";
 }
 
 /// Which side, in whole numbers.
@@ -202,7 +223,7 @@ TEST(TestedLine, OnAGridOfWholeMetresItAgreesWithEveryPairCompared) {
     if (line.size() < 3) continue;
     line = Closed(line);
     const bool expected = IsSimple(line);
-    ASSERT_EQ(ClearanceOf(line) != Clearance::kNone, expected) << run;
+    ASSERT_EQ(test::ClearanceOf(line) != Clearance::kNone, expected) << run;
     ++(expected ? simple : others);
   }
   EXPECT_GT(simple, 2000);
