@@ -19,7 +19,7 @@ struct LiteralPolygon {
 };
 
 /// The polygons of a list of rows, made slowly step by step with lists over all rows
-/// that count from 1: no index, no early end, no fold taken out of the edges, and no
+/// that count from 1: no index, no early end, no ring in place of the one drawn, and no
 /// geometry but its own.
 struct LiteralPolygons {
   std::vector<geo::UtmPoint> leftEdge = {geo::UtmPoint{}};

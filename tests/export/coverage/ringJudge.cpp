@@ -102,16 +102,21 @@ void RingJudge::Judge(const std::string& name, const LiteralPolygon& polygon,
     return;
   }
   if (!IsFinite(polygon.ring)) return;
-  const Geos::Area ground = Ground(polygon);
-  const double covered = geos_.SquareMetres(ground);
-  if (!(covered > kThinnest * Length(polygon.ring))) return;
-  ++verdict.rings;
   const bool crossesNothing =
       WhyUnfit(polygon.ring).empty() && WhyUnfit(AsLine(Degrees(polygon.ring))).empty();
+  // What a line that crosses nothing encloses was covered for certain.
+  double covered = crossesNothing ? std::fabs(SignedArea(polygon.ring)) : 0;
+  Geos::Area ground;
+  if (asked_ == Asked::kAllGround || !(covered > kThinnest * Length(polygon.ring))) {
+    ground = Ground(polygon);
+    covered = geos_.SquareMetres(ground);
+  }
+  if (!(covered > kThinnest * Length(polygon.ring))) return;
+  ++verdict.rings;
   const std::string fault = FaultOf(polygon, ring, covered, crossesNothing);
   if (!fault.empty()) verdict.faults.push_back(name + fault);
   if (Widest(polygon) > kWidest || ring.degrees.size() < 4) return;
-  const GroundTally tally{covered, Difference(ground, Metres(ring.degrees))};
+  const GroundTally tally{covered, ground ? Difference(ground, Metres(ring.degrees)) : 0};
   verdict.all.Add(tally);
   if (!crossesNothing) verdict.changed.Add(tally);
 }

@@ -30,11 +30,18 @@ struct GroundTally {
 /// How much may be wrong: slits and necks have a width.
 inline constexpr double kWrongShare = 0.005;
 
+/// Whose ground is compared with that inside the ring.
+enum class Asked {
+  kChangedGround,  ///< that of polygons whose ring is not as the rows draw it; much faster
+  kAllGround,
+};
+
 /// What a job's rings turned out to be.
 struct Verdict {
   std::vector<std::string> faults;  ///< a line each, with the polygon's number from 0
   int rings = 0;                    ///< that have ground
-  GroundTally all;
+  GroundTally
+      all;  ///< where not all ground was asked, what the other rings enclose counts as right
   /// Of the rings that are not as the rows draw them. The others may not be changed, also
   /// where sweeps forth and back leave a line that crosses nothing and yet is not theirs.
   GroundTally changed;
@@ -62,7 +69,8 @@ struct Verdict {
 class RingJudge {
  public:
   /// Of a job whose plane is that of a UTM zone; the projection must outlive the judge.
-  explicit RingJudge(const geo::UtmProjection& projection) : projection_(projection) {}
+  explicit RingJudge(const geo::UtmProjection& projection, Asked asked = Asked::kChangedGround)
+      : projection_(projection), asked_(asked) {}
 
   /// `job` is what faults are named after.
   Verdict Judge(const std::string& job, const std::vector<LiteralRow>& rows,
@@ -89,6 +97,7 @@ class RingJudge {
   ground::Geos::Area MadeValid(ground::Geos::Area area);
 
   const geo::UtmProjection& projection_;
+  Asked asked_;
   ground::Geos geos_;
 };
 

@@ -67,8 +67,17 @@ TEST_F(TheJudge, FindsNothingInTheOutlineOfAStraightWay) {
   EXPECT_THAT(verdict.faults, IsEmpty());
   EXPECT_EQ(verdict.rings, 1);
   EXPECT_NEAR(verdict.all.covered, 300, 1e-6);
-  EXPECT_LT(verdict.all.wrong, 1e-4);
+  EXPECT_EQ(verdict.all.wrong, 0);
   EXPECT_EQ(verdict.changed.covered, 0);
+}
+
+TEST_F(TheJudge, MeasuresTheGroundOfEveryRingWhenAsked) {
+  Points shorter = kNorthRing;
+  for (geo::UtmPoint& point : shorter)
+    point.northing = std::min(point.northing, At(0, 27).northing);
+  RingJudge judge(projection_, Asked::kAllGround);
+  EXPECT_LT(judge.Judge("a job", kNorth, {Written(kNorthRing)}).all.wrong, 1e-4);
+  EXPECT_NEAR(judge.Judge("a job", kNorth, {Written(shorter)}).all.Share(), 0.1, 1e-4);
 }
 
 TEST_F(TheJudge, WantsTheOutlineItselfWhereItCrossesNothing) {

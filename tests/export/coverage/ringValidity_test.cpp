@@ -53,7 +53,7 @@ class JudgedRows : public testing::Test {
 /// Seeds of each kind; KESTRIN_SEEDS asks for more of them.
 std::uint64_t Seeds() {
   const char* asked = std::getenv("KESTRIN_SEEDS");
-  return asked == nullptr ? 200 : std::strtoull(asked, nullptr, 10);
+  return asked == nullptr ? 100 : std::strtoull(asked, nullptr, 10);
 }
 
 class HardPolygons : public JudgedRows, public testing::WithParamInterface<test::HardKind> {};

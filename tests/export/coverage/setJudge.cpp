@@ -92,7 +92,8 @@ class LiteralJob {
 
 }  // namespace
 
-Verdict JudgeSet(const std::string& name, const std::string& jobPath, const std::string& basePath) {
+Verdict JudgeSet(const std::string& name, const std::string& jobPath, const std::string& basePath,
+                 Asked asked) {
   std::vector<WrittenRing> rings;
   if (std::filesystem::exists(base::PathOf(basePath + ".shp"))) {
     const ReadSet set = ReadShapeSet(basePath);
@@ -107,7 +108,7 @@ Verdict JudgeSet(const std::string& name, const std::string& jobPath, const std:
     }
   }
   const LiteralJob job(jobPath);
-  return RingJudge(job.Projection()).Judge(name, job.Rows(), rings);
+  return RingJudge(job.Projection(), asked).Judge(name, job.Rows(), rings);
 }
 
 }  // namespace kestrin::test

@@ -10,6 +10,7 @@ namespace kestrin::test {
 /// faults are named after. No set is judged as one without rings, and a record of more than
 /// one part is a fault.
 /// Failure: std::runtime_error when the job or the set cannot be read.
-Verdict JudgeSet(const std::string& job, const std::string& jobPath, const std::string& basePath);
+Verdict JudgeSet(const std::string& job, const std::string& jobPath, const std::string& basePath,
+                 Asked asked = Asked::kChangedGround);
 
 }  // namespace kestrin::test

@@ -117,11 +117,8 @@ Driver& Driver::Spiral(double rounds, double spacing, double fromRadius) {
 
 std::vector<SharpTurn> SharpTurns(double width, double share) {
   std::vector<SharpTurn> turns;
-  for (const double yaw : {0.0, 0.7}) {
-    for (const double step : {width / 24, width / 7}) {
-      AddTurns(turns, width, share * width / 2, yaw, step);
-    }
-  }
+  AddTurns(turns, width, share * width / 2, 0, width / 7);
+  AddTurns(turns, width, share * width / 2, 0.7, width / 18);
   return turns;
 }
 

@@ -43,8 +43,8 @@ class Driver {
 };
 
 /// Turns of 90 degrees, acute ones, half circles, spirals and three-point turns, whose
-/// legs lie clear of each other, to either side, in several directions and in small and
-/// large steps, by an implement so many metres wide; the radius is `share` of half the
+/// legs lie clear of each other, to either side, in large steps to the north and in small ones
+/// askew, by an implement so many metres wide; the radius is `share` of half the
 /// width, 0 on the spot.
 std::vector<SharpTurn> SharpTurns(double width, double share);
 
