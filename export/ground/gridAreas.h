@@ -1,8 +1,10 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "export/ground/geos.h"
+#include "export/ground/testedLine.h"
 #include "geo/box.h"
 #include "geo/points.h"
 
@@ -20,8 +22,9 @@ class GridAreas {
   /// The grid's point next to one.
   geo::UtmPoint OnGrid(geo::UtmPoint point) const;
 
-  /// The area inside a line on the grid when that is valid, else null.
-  Geos::Area Inside(const Line& line);
+  /// The area inside the closed line through points, moved to the grid, when the line keeps at
+  /// least so clear of itself there; else null.
+  Geos::Area Inside(std::span<const geo::UtmPoint> points, Clearance least);
 
   /// The union of areas, each of which must be valid.
   Geos::Area Union(std::vector<Geos::Area> areas);
@@ -43,6 +46,7 @@ class GridAreas {
  private:
   Geos& geos_;
   double perMetre_;
+  TestedLine tested_;
 };
 
 }  // namespace kestrin::ground

@@ -18,15 +18,14 @@ using ground::GridAreas;
 /// Longer outlines are seldom simple, and no cheaper to join.
 constexpr std::uint32_t kMostStepsTogether = 256;
 
-/// The closed line through points on the grid, without equal neighbours.
-ground::Line Closed(std::span<const geo::UtmPoint> points, const GridAreas& grid) {
+/// A closed line's points on the grid, without equal neighbours.
+ground::Line OnGrid(const ground::Line& points, const GridAreas& grid) {
   ground::Line line;
-  line.reserve(points.size() + 1);
+  line.reserve(points.size());
   for (const geo::UtmPoint& point : points) {
     const geo::UtmPoint on = grid.OnGrid(point);
     if (line.empty() || on != line.back()) line.push_back(on);
   }
-  if (line.back() != line.front()) line.push_back(line.front());
   return line;
 }
 
@@ -49,8 +48,8 @@ bool Tile::ShapesOutline(const Run& run) const {
 
 void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint32_t last,
                      std::vector<Geos::Area>& parts) const {
-  const auto add = [&](std::span<const geo::UtmPoint> corners) {
-    Geos::Area area = grid.Inside(Closed(corners, grid));
+  const auto add = [&](std::span<const geo::UtmPoint> corners, ground::Clearance least) {
+    Geos::Area area = grid.Inside(corners, least);
     if (!area) return false;
     parts.push_back(std::move(area));
     return true;
@@ -62,7 +61,7 @@ void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint3
   for (std::uint32_t step = last + 1; step-- > first;) {
     outline.push_back(runs_.At(step, span).right);
   }
-  if (add(outline)) return;
+  if (add(outline, ground::Clearance::kWide)) return;
   if (last - first > 1) {
     const std::uint32_t middle = (first + last) / 2;
     AddGround(grid, span, first, middle, parts);
@@ -70,15 +69,17 @@ void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint3
     return;
   }
   const ground::Strip strip(runs_.At(first, span), runs_.At(last, span));
-  for (const ground::Patch& patch : strip.Patches()) add(patch.Line());
+  for (const ground::Patch& patch : strip.Patches()) {
+    add(patch.Line(), ground::Clearance::kTight);
+  }
 }
 
 Geos::Area Tile::Square(GridAreas& grid) const {
-  return grid.Inside({{box_.xMin, box_.yMin},
-                      {box_.xMin, box_.yMax},
-                      {box_.xMax, box_.yMax},
-                      {box_.xMax, box_.yMin},
-                      {box_.xMin, box_.yMin}});
+  return grid.Inside(std::array<geo::UtmPoint, 4>{{{box_.xMin, box_.yMin},
+                                                   {box_.xMin, box_.yMax},
+                                                   {box_.xMax, box_.yMax},
+                                                   {box_.xMax, box_.yMin}}},
+                     ground::Clearance::kTight);
 }
 
 bool Tile::IsPassedBy(geo::UtmPoint point, std::size_t member) const {
@@ -154,7 +155,7 @@ std::vector<ground::Piece> Tile::Clipped(Geos& geos, GridAreas& grid,
   std::vector<ground::Piece> pieces;
   for (const Geos::Area& part : parts) {
     for (ground::Piece& piece : geos.Pieces(grid.Clipped(part, box_))) {
-      piece.shell = Closed(piece.shell, grid);
+      piece.shell = OnGrid(piece.shell, grid);
       if (piece.shell.size() >= 4 && ground::SignedArea(piece.shell) < 0) pieces.push_back(piece);
     }
   }
