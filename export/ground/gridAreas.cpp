@@ -27,16 +27,8 @@ Geos::Area GridAreas::Inside(std::span<const geo::UtmPoint> points, Clearance le
   return tested_.Kept() < least ? Geos::Area() : geos_.Inside(tested_.Points());
 }
 
-Geos::Area GridAreas::Together(std::vector<Geos::Area> areas) {
-  std::vector<GEOSGeometry*> given;
-  given.reserve(areas.size());
-  for (Geos::Area& area : areas) given.push_back(area.release());
-  return geos_.Own(GEOSGeom_createCollection_r(geos_.Handle(), GEOS_GEOMETRYCOLLECTION,
-                                               given.data(), static_cast<unsigned>(given.size())));
-}
-
 Geos::Area GridAreas::Union(std::vector<Geos::Area> areas) {
-  const Geos::Area all = Together(std::move(areas));
+  const Geos::Area all = geos_.Collection(std::move(areas));
   if (GEOSGeometry* both = GEOSUnaryUnion_r(geos_.Handle(), all.get())) return geos_.Own(both);
   return geos_.UnionOnGrid(all, 1 / perMetre_);
 }

@@ -10,8 +10,7 @@
 
 namespace kestrin::ground {
 
-/// Areas whose points all lie on a grid: what is asked of them cannot fail for rounding, and
-/// results lie on the grid as well. UTM metres.
+/// Areas whose points lie on a grid, where nothing fails for rounding. UTM metres.
 ///
 /// Failure: GeometryError with the library's words.
 class GridAreas {
@@ -26,22 +25,20 @@ class GridAreas {
   /// least so clear of itself there; else null.
   Geos::Area Inside(std::span<const geo::UtmPoint> points, Clearance least);
 
-  /// The union of areas, each of which must be valid.
+  /// The union of areas, each of which must be valid. Where their lines cross are points
+  /// beside the grid.
   Geos::Area Union(std::vector<Geos::Area> areas);
 
   /// What lies in a box of an area none of whose points lies on the box's outline; up to ten
   /// times as fast as Common.
   Geos::Area Clipped(const Geos::Area& area, const geo::Box& box);
 
-  /// What is left of one area without another.
+  /// What is left of one area without another, on the grid.
   Geos::Area Less(const Geos::Area& area, const Geos::Area& other);
 
   /// An area's connected pieces in the library's own order, and a point within one.
   std::vector<Geos::Area> Pieces(const Geos::Area& area);
   geo::UtmPoint PointWithin(const Geos::Area& piece);
-
-  /// Areas as they are, together.
-  Geos::Area Together(std::vector<Geos::Area> areas);
 
  private:
   Geos& geos_;

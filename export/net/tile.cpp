@@ -108,7 +108,7 @@ std::vector<ground::Piece> Tile::Ground(Geos& geos, GridAreas& grid) const {
     if (!IsPassed(grid.PointWithin(face), shaping)) bare.push_back(std::move(face));
   }
   // ... and no other run passes is not ground.
-  return geos.Pieces(grid.Less(square, grid.Together(std::move(bare))));
+  return geos.Pieces(grid.Less(square, geos.Collection(std::move(bare))));
 }
 
 bool Tile::IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const {
