@@ -32,8 +32,8 @@ DegreePiece WithLinesOf(const Piece& outline, double squareMetres) {
 /// A line of this many metres is bent by less than half of the grid's millimetre.
 constexpr double kLongest = 90;
 
-/// To judge pieces of more points than this, of which a job can have many, takes the library
-/// longer than all else.
+/// Pieces of more points than this are not judged: for each hole the library may walk along all
+/// others, and so take minutes.
 constexpr std::size_t kFew = 5'000;
 
 std::size_t PointsOf(const Piece& piece) {

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <span>
 
-#include "export/ground/planeGeometry.h"
-#include "export/net/hull.h"
+#include "export/net/apart.h"
 #include "export/net/quad.h"
 
 namespace kestrin::net {
@@ -17,17 +15,6 @@ using ground::GridAreas;
 
 /// Longer outlines are seldom simple, and no cheaper to join.
 constexpr std::uint32_t kMostStepsTogether = 256;
-
-/// A closed line's points on the grid, without equal neighbours.
-ground::Line OnGrid(const ground::Line& points, const GridAreas& grid) {
-  ground::Line line;
-  line.reserve(points.size());
-  for (const geo::UtmPoint& point : points) {
-    const geo::UtmPoint on = grid.OnGrid(point);
-    if (line.empty() || on != line.back()) line.push_back(on);
-  }
-  return line;
-}
 
 }  // namespace
 
@@ -97,8 +84,9 @@ std::vector<ground::Piece> Tile::Ground(Geos& geos, GridAreas& grid) const {
     shaping[i] = ShapesOutline(runs_.All()[members_[i]]);
   }
   std::vector<Geos::Area> parts = ShapingGround(grid, shaping);
-  if (!parts.empty() && parts.size() == StripsApart(shaping) && ClearOfBorder(geos, parts)) {
-    return Clipped(geos, grid, parts);
+  if (std::ranges::find(shaping, false) == shaping.end()) {
+    const auto apart = GroundOfApart(runs_, members_, box_, parts, geos, grid);
+    if (apart) return *apart;
   }
   const Geos::Area square = Square(grid);
   // What the shaping runs leave of the tile ...
@@ -116,50 +104,6 @@ bool Tile::IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const
     if (!shaping[i] && IsPassedBy(point, i)) return true;
   }
   return false;
-}
-
-std::size_t Tile::StripsApart(const std::vector<bool>& shaping) const {
-  constexpr std::size_t kNone = 0;
-  // To compare each with each of many would take longer than to join them.
-  constexpr std::size_t kMost = 256;
-  if (members_.size() > kMost || std::ranges::find(shaping, false) != shaping.end()) return kNone;
-  std::vector<Hull> hulls;
-  hulls.reserve(members_.size());
-  std::size_t strips = 0;
-  for (std::size_t i = 0; i < members_.size(); ++i) {
-    const Run& run = runs_.All()[members_[i]];
-    const bool goesOn = i > 0 && run.goesOnBefore && members_[i] == members_[i - 1] + 1;
-    hulls.emplace_back(runs_, run);
-    for (std::size_t j = 0; j + (goesOn ? 1 : 0) < i; ++j) {
-      if (run.box.Overlaps(runs_.All()[members_[j]].box) && !hulls[i].IsApartFrom(hulls[j])) {
-        return kNone;
-      }
-    }
-    strips += goesOn ? 0 : 1;
-  }
-  return strips;
-}
-
-bool Tile::ClearOfBorder(Geos& geos, const std::vector<Geos::Area>& parts) const {
-  const auto onBorder = [this](geo::UtmPoint point) {
-    return point.easting == box_.xMin || point.easting == box_.xMax ||
-           point.northing == box_.yMin || point.northing == box_.yMax;
-  };
-  return std::ranges::none_of(parts, [&](const Geos::Area& part) {
-    return std::ranges::any_of(geos.Pieces(part).front().shell, onBorder);
-  });
-}
-
-std::vector<ground::Piece> Tile::Clipped(Geos& geos, GridAreas& grid,
-                                         const std::vector<Geos::Area>& parts) const {
-  std::vector<ground::Piece> pieces;
-  for (const Geos::Area& part : parts) {
-    for (ground::Piece& piece : geos.Pieces(grid.Clipped(part, box_))) {
-      piece.shell = OnGrid(piece.shell, grid);
-      if (piece.shell.size() >= 4 && ground::SignedArea(piece.shell) < 0) pieces.push_back(piece);
-    }
-  }
-  return pieces;
 }
 
 std::vector<Geos::Area> Tile::ShapingGround(GridAreas& grid,

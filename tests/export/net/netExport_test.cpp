@@ -100,6 +100,19 @@ TEST_F(NetExport, PiecesAreRecordsTheLargestFirst) {
   EXPECT_EQ(set.rows[0][2], set.rows[1][2]) << "of the whole job";
 }
 
+TEST_F(NetExport, LongLinesGetPointsInBetweenAsDegreesBendThem) {
+  Wide(10);
+  Drive({0, 0}, {0, 4000}, 0, 800);
+  const test::ReadSet set = Exported();
+  ExpectAcres(10 * 4000, set);
+  ASSERT_EQ(set.records.size(), 1U);
+  const std::vector<geo::GeoPoint>& points = set.records[0].points;
+  const double metre = PointAt(0, 1).latitude - PointAt(0, 0).latitude;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    EXPECT_LE(std::fabs(points[i].latitude - points[i - 1].latitude), 90.1 * metre);
+  }
+}
+
 TEST_F(NetExport, OnlySectionsThatAreOnAtBothRowsCount) {
   TwoSections();
   Drive({0, 0}, {0, 200}, 0b11);
