@@ -30,7 +30,8 @@ struct ExportOutcome {
   /// What ended the GPS rows: kDone in good order, else the library's
   /// error code, and the set then holds the rows before it.
   std::int32_t lastStep = jobstore::kDone;
-  /// What else there is to say of a set that was made; mostly nothing.
+  /// What else there is to say of a set that was made, or of there being none; mostly
+  /// nothing.
   std::string summary{};
 };
 

@@ -1,6 +1,9 @@
 #include "export/ground/gridAreas.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "export/ground/planeGeometry.h"
 
 namespace kestrin::ground {
 
@@ -9,25 +12,25 @@ geo::UtmPoint GridAreas::OnGrid(geo::UtmPoint point) const {
           std::round(point.northing * perMetre_) / perMetre_};
 }
 
-Geos::Area GridAreas::Inside(const Line& line) {
-  Geos::Area area;
-  // Four points make the smallest closed line.
-  if (line.size() >= 4) area = geos_.Inside(line);
-  if (area && !geos_.IsValid(area)) area.reset();
-  return area;
-}
-
-Geos::Area GridAreas::Together(std::vector<Geos::Area> areas) {
-  std::vector<GEOSGeometry*> given;
-  given.reserve(areas.size());
-  for (Geos::Area& area : areas) given.push_back(area.release());
-  return geos_.Own(GEOSGeom_createCollection_r(geos_.Handle(), GEOS_GEOMETRYCOLLECTION,
-                                               given.data(), static_cast<unsigned>(given.size())));
+Geos::Area GridAreas::Inside(std::span<const geo::UtmPoint> points, Clearance least) {
+  double longest = 0;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    longest = std::max(longest, SquareDistance(points[i - 1], points[i]));
+  }
+  tested_.Restart(points.size() + 1, std::sqrt(longest));
+  // Closing draws the last way.
+  const geo::UtmPoint first = OnGrid(points.front());
+  while (points.size() > 1 && OnGrid(points.back()) == first)
+    points = points.first(points.size() - 1);
+  for (const geo::UtmPoint& point : points) tested_.Add(OnGrid(point));
+  tested_.Close();
+  return tested_.Kept() < least ? Geos::Area() : geos_.Inside(tested_.Points());
 }
 
 Geos::Area GridAreas::Union(std::vector<Geos::Area> areas) {
-  return geos_.Own(
-      GEOSUnaryUnionPrec_r(geos_.Handle(), Together(std::move(areas)).get(), 1 / perMetre_));
+  const Geos::Area all = geos_.Collection(std::move(areas));
+  if (GEOSGeometry* both = GEOSUnaryUnion_r(geos_.Handle(), all.get())) return geos_.Own(both);
+  return geos_.UnionOnGrid(all, 1 / perMetre_);
 }
 
 Geos::Area GridAreas::Clipped(const Geos::Area& area, const geo::Box& box) {

@@ -1,15 +1,16 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "export/ground/geos.h"
+#include "export/ground/testedLine.h"
 #include "geo/box.h"
 #include "geo/points.h"
 
 namespace kestrin::ground {
 
-/// Areas whose points all lie on a grid: what is asked of them cannot fail for rounding, and
-/// results lie on the grid as well. UTM metres.
+/// Areas whose points lie on a grid, where nothing fails for rounding. UTM metres.
 ///
 /// Failure: GeometryError with the library's words.
 class GridAreas {
@@ -20,29 +21,29 @@ class GridAreas {
   /// The grid's point next to one.
   geo::UtmPoint OnGrid(geo::UtmPoint point) const;
 
-  /// The area inside a line on the grid when that is valid, else null.
-  Geos::Area Inside(const Line& line);
+  /// The area inside the closed line through points, moved to the grid, when the line keeps at
+  /// least so clear of itself there; else null.
+  Geos::Area Inside(std::span<const geo::UtmPoint> points, Clearance least);
 
-  /// The union of areas, each of which must be valid.
+  /// The union of areas, each of which must be valid. Where their lines cross are points
+  /// beside the grid.
   Geos::Area Union(std::vector<Geos::Area> areas);
 
   /// What lies in a box of an area none of whose points lies on the box's outline; up to ten
   /// times as fast as Common.
   Geos::Area Clipped(const Geos::Area& area, const geo::Box& box);
 
-  /// What is left of one area without another.
+  /// What is left of one area without another, on the grid.
   Geos::Area Less(const Geos::Area& area, const Geos::Area& other);
 
   /// An area's connected pieces in the library's own order, and a point within one.
   std::vector<Geos::Area> Pieces(const Geos::Area& area);
   geo::UtmPoint PointWithin(const Geos::Area& piece);
 
-  /// Areas as they are, together.
-  Geos::Area Together(std::vector<Geos::Area> areas);
-
  private:
   Geos& geos_;
   double perMetre_;
+  TestedLine tested_;
 };
 
 }  // namespace kestrin::ground

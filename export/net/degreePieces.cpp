@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <numeric>
 #include <span>
 
 #include "export/ground/planeGeometry.h"
@@ -28,22 +30,32 @@ DegreePiece WithLinesOf(const Piece& outline, double squareMetres) {
 }
 
 /// A line of this many metres is bent by less than half of the grid's millimetre.
-constexpr double kShort = 90;
+constexpr double kLongest = 90;
 
-/// To judge pieces of more points than this, of which a job can have many, takes the library
-/// longer than all else.
-constexpr std::size_t kFew = 20'000;
+/// Pieces of more points than this are not judged: for each hole the library may walk along all
+/// others, and so take minutes.
+constexpr std::size_t kFew = 5'000;
 
-bool IsShort(const Line& line) {
-  return std::ranges::adjacent_find(line, [](geo::UtmPoint a, geo::UtmPoint b) {
-           return std::hypot(b.easting - a.easting, b.northing - a.northing) > kShort;
-         }) == line.end();
+std::size_t PointsOf(const Piece& piece) {
+  return std::transform_reduce(piece.holes.begin(), piece.holes.end(), piece.shell.size(),
+                               std::plus(), [](const Line& hole) { return hole.size(); });
 }
 
-/// Whether a piece need not be judged: of many points, and no line of it long.
-bool StaysValid(const Piece& piece) {
-  return piece.shell.size() > kFew && IsShort(piece.shell) &&
-         std::ranges::all_of(piece.holes, IsShort);
+/// The line with points so close together that it is as straight in any frame.
+Line WithShortWays(const Line& line) {
+  Line all{line.front()};
+  all.reserve(line.size());
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    const double east = line[i].easting - line[i - 1].easting;
+    const double north = line[i].northing - line[i - 1].northing;
+    const double ways = std::ceil(std::hypot(east, north) / kLongest);
+    for (double way = 1; way < ways; ++way) {
+      all.push_back(
+          {line[i - 1].easting + way / ways * east, line[i - 1].northing + way / ways * north});
+    }
+    all.push_back(line[i]);
+  }
+  return all;
 }
 
 }  // namespace
@@ -51,11 +63,12 @@ bool StaysValid(const Piece& piece) {
 Line DegreePieces::Projected(const Line& line, base::RunHost& host) const {
   constexpr std::size_t kTogether = 64;
   std::array<geo::GeoPoint, kTogether> some{};
+  const Line metres = WithShortWays(line);
   Line degrees;
-  degrees.reserve(line.size());
-  for (std::size_t i = 0; i < line.size(); i += kTogether) {
+  degrees.reserve(metres.size());
+  for (std::size_t i = 0; i < metres.size(); i += kTogether) {
     host.Yield();
-    const auto from = std::span(line).subspan(i, std::min(kTogether, line.size() - i));
+    const auto from = std::span(metres).subspan(i, std::min(kTogether, metres.size() - i));
     plane_.ToGeo(from, some);
     for (const geo::GeoPoint& point : std::span(some).first(from.size())) {
       // To the library a point is two numbers, whatever they stand for.
@@ -68,7 +81,7 @@ Line DegreePieces::Projected(const Line& line, base::RunHost& host) const {
 std::vector<DegreePiece> DegreePieces::Of(const NetPiece& piece, base::RunHost& host) {
   Piece degrees{Projected(piece.outline.shell, host), {}};
   for (const Line& hole : piece.outline.holes) degrees.holes.push_back(Projected(hole, host));
-  if (StaysValid(piece.outline)) return {WithLinesOf(degrees, piece.squareMetres)};
+  if (PointsOf(piece.outline) > kFew) return {WithLinesOf(degrees, piece.squareMetres)};
   const ground::Geos::Area area = geos_.Inside(degrees);
   if (geos_.IsValid(area)) return {WithLinesOf(degrees, piece.squareMetres)};
 

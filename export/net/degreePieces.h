@@ -21,10 +21,11 @@ struct DegreePiece {
 
 /// Turns pieces of ground into degrees.
 ///
-/// What is valid in metres need not be valid in degrees: long straight lines of the plane are
-/// bent there, by more than the grid keeps a line away from another's points. What is not valid
-/// is mended by the geometry library, which can take a piece apart; its parts then share its
-/// area. A piece of very many points is judged only if it has lines that long.
+/// What is valid in metres need not be valid in degrees: straight lines of the plane are bent
+/// there. Long ones get points in between, so that none rises by more than half of what the grid
+/// keeps it away from another's points. A piece of few points is judged by the geometry library
+/// as well, and mended when it is not valid, which can take it apart; its parts then share its
+/// area. To judge one of many takes too long.
 class DegreePieces {
  public:
   explicit DegreePieces(const geo::WorkingPlane& plane) : plane_(plane) {}

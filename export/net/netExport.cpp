@@ -64,13 +64,14 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
       });
   outcome.lastStep = epochs.LastStep();
 
+  outcome.summary = InWords(track.Missing());
   const Runs runs(track, run.host);
   const std::vector<NetPiece> pieces = InOrder(NetGround(runs, run.host));
   if (pieces.empty() || basePath.empty()) return outcome;
   const Totals totals = Sum(pieces, runs.SweptSquareMetres());
   WriteNetSet(basePath, pieces, totals, offsets.Plane(), run);
   outcome.made = true;
-  outcome.summary = totals.InWords() + InWords(track.Missing());
+  outcome.summary.insert(0, totals.InWords());
   return outcome;
 }
 

@@ -90,7 +90,7 @@ std::vector<ground::Piece> NetGround(const Runs& runs, base::RunHost& host) {
     for (const ground::Piece& piece : tile.Ground(geos, grid)) seams.Take(piece);
   }
   if (members.empty()) return {};
-  return seams.Join();
+  return seams.Join(host);
 }
 
 }  // namespace kestrin::net

@@ -76,9 +76,10 @@ std::size_t Seams::FirstJoined(std::size_t piece) {
   return piece;
 }
 
-void Seams::DropCommonStretches() {
+void Seams::DropCommonStretches(base::RunHost& host) {
   std::vector<Stretch> stretches;
   for (std::size_t outline = 0; outline < outlines_.size(); ++outline) {
+    host.Yield();
     FindStretches(outline, stretches);
     outlines_[outline].gone.resize(outlines_[outline].chain.points.size());
   }
@@ -94,8 +95,9 @@ void Seams::DropCommonStretches() {
   }
 }
 
-void Seams::FindTouches() {
+void Seams::FindTouches(base::RunHost& host) {
   for (const Outline& outline : outlines_) {
+    host.Yield();
     const Line& line = outline.chain.points;
     touches_.insert(touches_.end(), line.begin() + 1, line.end());
   }
@@ -132,19 +134,23 @@ void Seams::CutIntoChains(const Outline& outline, std::vector<Chain>& chains) co
   }
 }
 
-std::vector<ground::Piece> Seams::Join() {
+std::vector<ground::Piece> Seams::Join(base::RunHost& host) {
   std::ranges::sort(places_);
   places_.erase(std::unique(places_.begin(), places_.end()), places_.end());
-  for (Outline& outline : outlines_) GivePointsAcross(outline.chain.points);
-  DropCommonStretches();
-  FindTouches();
+  for (Outline& outline : outlines_) {
+    host.Yield();
+    GivePointsAcross(outline.chain.points);
+  }
+  DropCommonStretches(host);
+  FindTouches(host);
   std::vector<Chain> chains;
   for (Outline& outline : outlines_) {
+    host.Yield();
     CutIntoChains(outline, chains);
     outline = {};
   }
   std::vector<ground::Piece> pieces(joinedTo_.size());
-  for (Chain& line : WovenLines(std::move(chains))) {
+  for (Chain& line : WovenLines(std::move(chains), host)) {
     ground::Piece& piece = pieces[FirstJoined(line.piece)];
     if (ground::SignedArea(line.points) > 0) {
       piece.holes.push_back(std::move(line.points));

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/runHost.h"
 #include "export/ground/geos.h"
 #include "export/net/weave.h"
 
@@ -25,9 +26,9 @@ class Seams {
   /// Takes a piece of a tile's ground. The points of all pieces must lie on one grid.
   void Take(const ground::Piece& piece);
 
-  /// All ground taken, in connected pieces. To be called once.
+  /// All ground taken, in connected pieces. To be called once. Yields in between.
   /// Failure: ground::GeometryError when the pieces are not as they should be.
-  std::vector<ground::Piece> Join();
+  std::vector<ground::Piece> Join(base::RunHost& host);
 
  private:
   /// A border, by its own coordinate and whether it runs north, and a place along it.
@@ -47,8 +48,8 @@ class Seams {
   void Take(std::size_t piece, const ground::Line& line);
   void GivePointsAcross(ground::Line& line) const;
   void FindStretches(std::size_t outline, std::vector<Stretch>& stretches) const;
-  void DropCommonStretches();
-  void FindTouches();
+  void DropCommonStretches(base::RunHost& host);
+  void FindTouches(base::RunHost& host);
   bool IsKnot(geo::UtmPoint point) const;
   void CutIntoChains(const Outline& outline, std::vector<Chain>& chains) const;
   std::size_t FirstJoined(std::size_t piece);

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <span>
 
-#include "export/ground/planeGeometry.h"
-#include "export/net/hull.h"
+#include "export/net/apart.h"
 #include "export/net/quad.h"
 
 namespace kestrin::net {
@@ -17,18 +15,6 @@ using ground::GridAreas;
 
 /// Longer outlines are seldom simple, and no cheaper to join.
 constexpr std::uint32_t kMostStepsTogether = 256;
-
-/// The closed line through points on the grid, without equal neighbours.
-ground::Line Closed(std::span<const geo::UtmPoint> points, const GridAreas& grid) {
-  ground::Line line;
-  line.reserve(points.size() + 1);
-  for (const geo::UtmPoint& point : points) {
-    const geo::UtmPoint on = grid.OnGrid(point);
-    if (line.empty() || on != line.back()) line.push_back(on);
-  }
-  if (line.back() != line.front()) line.push_back(line.front());
-  return line;
-}
 
 }  // namespace
 
@@ -49,8 +35,8 @@ bool Tile::ShapesOutline(const Run& run) const {
 
 void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint32_t last,
                      std::vector<Geos::Area>& parts) const {
-  const auto add = [&](std::span<const geo::UtmPoint> corners) {
-    Geos::Area area = grid.Inside(Closed(corners, grid));
+  const auto add = [&](std::span<const geo::UtmPoint> corners, ground::Clearance least) {
+    Geos::Area area = grid.Inside(corners, least);
     if (!area) return false;
     parts.push_back(std::move(area));
     return true;
@@ -62,7 +48,7 @@ void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint3
   for (std::uint32_t step = last + 1; step-- > first;) {
     outline.push_back(runs_.At(step, span).right);
   }
-  if (add(outline)) return;
+  if (add(outline, ground::Clearance::kWide)) return;
   if (last - first > 1) {
     const std::uint32_t middle = (first + last) / 2;
     AddGround(grid, span, first, middle, parts);
@@ -70,15 +56,17 @@ void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint3
     return;
   }
   const ground::Strip strip(runs_.At(first, span), runs_.At(last, span));
-  for (const ground::Patch& patch : strip.Patches()) add(patch.Line());
+  for (const ground::Patch& patch : strip.Patches()) {
+    add(patch.Line(), ground::Clearance::kTight);
+  }
 }
 
 Geos::Area Tile::Square(GridAreas& grid) const {
-  return grid.Inside({{box_.xMin, box_.yMin},
-                      {box_.xMin, box_.yMax},
-                      {box_.xMax, box_.yMax},
-                      {box_.xMax, box_.yMin},
-                      {box_.xMin, box_.yMin}});
+  return grid.Inside(std::array<geo::UtmPoint, 4>{{{box_.xMin, box_.yMin},
+                                                   {box_.xMin, box_.yMax},
+                                                   {box_.xMax, box_.yMax},
+                                                   {box_.xMax, box_.yMin}}},
+                     ground::Clearance::kTight);
 }
 
 bool Tile::IsPassedBy(geo::UtmPoint point, std::size_t member) const {
@@ -96,8 +84,9 @@ std::vector<ground::Piece> Tile::Ground(Geos& geos, GridAreas& grid) const {
     shaping[i] = ShapesOutline(runs_.All()[members_[i]]);
   }
   std::vector<Geos::Area> parts = ShapingGround(grid, shaping);
-  if (!parts.empty() && parts.size() == StripsApart(shaping) && ClearOfBorder(geos, parts)) {
-    return Clipped(geos, grid, parts);
+  if (std::ranges::find(shaping, false) == shaping.end()) {
+    const auto apart = GroundOfApart(runs_, members_, box_, parts, geos, grid);
+    if (apart) return *apart;
   }
   const Geos::Area square = Square(grid);
   // What the shaping runs leave of the tile ...
@@ -107,7 +96,7 @@ std::vector<ground::Piece> Tile::Ground(Geos& geos, GridAreas& grid) const {
     if (!IsPassed(grid.PointWithin(face), shaping)) bare.push_back(std::move(face));
   }
   // ... and no other run passes is not ground.
-  return geos.Pieces(grid.Less(square, grid.Together(std::move(bare))));
+  return geos.Pieces(grid.Less(square, geos.Collection(std::move(bare))));
 }
 
 bool Tile::IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const {
@@ -115,50 +104,6 @@ bool Tile::IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const
     if (!shaping[i] && IsPassedBy(point, i)) return true;
   }
   return false;
-}
-
-std::size_t Tile::StripsApart(const std::vector<bool>& shaping) const {
-  constexpr std::size_t kNone = 0;
-  // To compare each with each of many would take longer than to join them.
-  constexpr std::size_t kMost = 256;
-  if (members_.size() > kMost || std::ranges::find(shaping, false) != shaping.end()) return kNone;
-  std::vector<Hull> hulls;
-  hulls.reserve(members_.size());
-  std::size_t strips = 0;
-  for (std::size_t i = 0; i < members_.size(); ++i) {
-    const Run& run = runs_.All()[members_[i]];
-    const bool goesOn = i > 0 && run.goesOnBefore && members_[i] == members_[i - 1] + 1;
-    hulls.emplace_back(runs_, run);
-    for (std::size_t j = 0; j + (goesOn ? 1 : 0) < i; ++j) {
-      if (run.box.Overlaps(runs_.All()[members_[j]].box) && !hulls[i].IsApartFrom(hulls[j])) {
-        return kNone;
-      }
-    }
-    strips += goesOn ? 0 : 1;
-  }
-  return strips;
-}
-
-bool Tile::ClearOfBorder(Geos& geos, const std::vector<Geos::Area>& parts) const {
-  const auto onBorder = [this](geo::UtmPoint point) {
-    return point.easting == box_.xMin || point.easting == box_.xMax ||
-           point.northing == box_.yMin || point.northing == box_.yMax;
-  };
-  return std::ranges::none_of(parts, [&](const Geos::Area& part) {
-    return std::ranges::any_of(geos.Pieces(part).front().shell, onBorder);
-  });
-}
-
-std::vector<ground::Piece> Tile::Clipped(Geos& geos, GridAreas& grid,
-                                         const std::vector<Geos::Area>& parts) const {
-  std::vector<ground::Piece> pieces;
-  for (const Geos::Area& part : parts) {
-    for (ground::Piece& piece : geos.Pieces(grid.Clipped(part, box_))) {
-      piece.shell = Closed(piece.shell, grid);
-      if (piece.shell.size() >= 4 && ground::SignedArea(piece.shell) < 0) pieces.push_back(piece);
-    }
-  }
-  return pieces;
 }
 
 std::vector<Geos::Area> Tile::ShapingGround(GridAreas& grid,

@@ -29,12 +29,6 @@ class Tile {
 
  private:
   bool ShapesOutline(const Run& run) const;
-  /// Where all runs shape the outline and those that do not go on from one another are clear
-  /// of each other: how many strips they make. Otherwise 0.
-  std::size_t StripsApart(const std::vector<bool>& shaping) const;
-  bool ClearOfBorder(ground::Geos& geos, const std::vector<ground::Geos::Area>& parts) const;
-  std::vector<ground::Piece> Clipped(ground::Geos& geos, ground::GridAreas& grid,
-                                     const std::vector<ground::Geos::Area>& parts) const;
   bool IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const;
   bool IsPassedBy(geo::UtmPoint point, std::size_t member) const;
   std::vector<ground::Geos::Area> ShapingGround(ground::GridAreas& grid,

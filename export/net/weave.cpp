@@ -33,8 +33,9 @@ class Weaver {
     std::ranges::sort(chains_, {}, [](const Chain& chain) { return kPlace(chain.points.front()); });
   }
 
-  std::vector<Chain> Lines() {
+  std::vector<Chain> Lines(base::RunHost& host) {
     for (std::size_t chain = 0; chain < chains_.size(); ++chain) {
+      host.Yield();
       if (!used_[chain]) Follow(chain);
     }
     return std::move(lines_);
@@ -104,8 +105,8 @@ class Weaver {
 
 }  // namespace
 
-std::vector<Chain> WovenLines(std::vector<Chain> chains) {
-  return Weaver(std::move(chains)).Lines();
+std::vector<Chain> WovenLines(std::vector<Chain> chains, base::RunHost& host) {
+  return Weaver(std::move(chains)).Lines(host);
 }
 
 }  // namespace kestrin::net

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "base/runHost.h"
 #include "export/ground/geos.h"
 
 namespace kestrin::net {
@@ -18,8 +19,8 @@ struct Chain {
 ///
 /// Where several go on from a point, the ground to the right of the one that ends there is
 /// followed around to its other side: so no line leads over to other ground that only touches.
-/// A line that comes by the same point twice is taken apart there.
+/// A line that comes by the same point twice is taken apart there. Yields in between.
 /// Failure: ground::GeometryError for chains that do not close.
-std::vector<Chain> WovenLines(std::vector<Chain> chains);
+std::vector<Chain> WovenLines(std::vector<Chain> chains, base::RunHost& host);
 
 }  // namespace kestrin::net

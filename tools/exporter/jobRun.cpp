@@ -57,7 +57,7 @@ void Report(const exports::ExportOutcome& outcome, const std::string& setBase, c
   if (outcome.lastStep != jobstore::kDone) {
     host.Complain(exports::NotReadToEndText(outcome, plan.rows));
   } else if (!outcome.made && !host.Complained()) {
-    host.Complain(exports::kNothingToExport);
+    host.Complain(exports::kNothingToExport + outcome.summary);
   }
 }
 

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <set>
+
 #include "tests/export/net/literalNet.h"
 #include "tests/export/net/netFixture.h"
 #include "tests/support/faultyFileSystem.h"
@@ -95,6 +98,19 @@ TEST_F(NetExport, PiecesAreRecordsTheLargestFirst) {
   EXPECT_NEAR(Acres(set, 1), 1000 / kAcre, 0.006);
   EXPECT_EQ(set.rows[1][0], "       1");
   EXPECT_EQ(set.rows[0][2], set.rows[1][2]) << "of the whole job";
+}
+
+TEST_F(NetExport, LongLinesGetPointsInBetweenAsDegreesBendThem) {
+  Wide(10);
+  Drive({0, 0}, {0, 4000}, 0, 800);
+  const test::ReadSet set = Exported();
+  ExpectAcres(10 * 4000, set);
+  ASSERT_EQ(set.records.size(), 1U);
+  const std::vector<geo::GeoPoint>& points = set.records[0].points;
+  const double metre = PointAt(0, 1).latitude - PointAt(0, 0).latitude;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    EXPECT_LE(std::fabs(points[i].latitude - points[i - 1].latitude), 90.1 * metre);
+  }
 }
 
 TEST_F(NetExport, OnlySectionsThatAreOnAtBothRowsCount) {
@@ -194,6 +210,34 @@ TEST_F(NetExport, ImplementsWiderThanAnyMachineAreLeftOut) {
   ExpectAcres(10 * 150, test::ReadShapeSet(base_));
 }
 
+TEST_F(NetExport, RowsLeftOutAreSaidWhereNothingElseIs) {
+  LeaveOldSet();
+  Wide(1e7);
+  Drive({0, 0}, {0, 100});
+  const exports::ExportOutcome outcome = Export();
+  EXPECT_EQ(outcome.summary, "; left out: 21 rows without sound numbers");
+  ExpectNothingWritten(outcome);
+}
+
+TEST_F(NetExport, SameJobGivesTheSameBytesEveryTime) {
+  TwoSections();
+  // Ways that cross at all angles, so that most of the ground is covered many times.
+  for (int way = 0; way < 24; ++way) {
+    const double east = 90 * std::sin(way * 2.4);
+    const double north = 90 * std::cos(way * 2.4);
+    Drive({-east, -north}, {east, north}, 1 + way % 3, 1.7);
+  }
+  const std::string job = builder_.Finish();
+  std::set<std::string> sets;
+  for (int time = 0; time < 5; ++time) {
+    ASSERT_TRUE(Export(job).made);
+    std::string bytes;
+    for (const char* suffix : {".shp", ".shx", ".dbf"}) bytes += test::FileBytes(base_ + suffix);
+    sets.insert(bytes);
+  }
+  EXPECT_EQ(sets.size(), 1U);
+}
+
 TEST_F(NetExport, SummarySaysTheFigures) {
   Wide(10);
   Drive({0, 0}, {0, 5000});
@@ -228,6 +272,26 @@ TEST_F(NetExport, JobThatCannotBeOpenedIsToldAndTheOldSetIsGone) {
   EXPECT_THAT(host_.messages, ElementsAre(StartsWith("Error opening: -")));
 }
 
+TEST_F(NetExport, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
+  Wide(10);
+  Drive({0, 0}, {0, 3000}, 0, 1);
+  builder_.Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  const std::string path = builder_.Finish();
+  test::DamageTablePage(path);
+  const exports::ExportOutcome outcome = Export(path);
+  ASSERT_TRUE(outcome.made);
+  EXPECT_EQ(outcome.lastStep, 11);
+  EXPECT_LT(outcome.epochs, 3000);
+  ExpectAcres(10 * static_cast<double>(outcome.epochs - 1), test::ReadShapeSet(base_));
+}
+
+TEST_F(NetExport, BaseWithoutANameLeavesNothing) {
+  Wide(10);
+  Drive({0, 0}, {0, 100});
+  base_.clear();
+  ExpectNothingWritten(Export());
+}
+
 TEST_F(NetExport, CancelledAnywhereItLeavesNothing) {
   Wide(10);
   Drive({0, 0}, {0, 2000});
@@ -236,7 +300,10 @@ TEST_F(NetExport, CancelledAnywhereItLeavesNothing) {
   const std::int64_t yields = host_.yields;
   // A row each, then tiles and what is written of them.
   EXPECT_GT(yields, host_.rows + 30);
-  for (const std::int64_t at : {std::int64_t{1}, host_.rows, host_.rows + 5, yields}) {
+  // In each phase: every yield after the rows.
+  std::vector<std::int64_t> moments{1};
+  for (std::int64_t at = host_.rows; at <= yields; ++at) moments.push_back(at);
+  for (const std::int64_t at : moments) {
     host_.yields = 0;
     host_.cancelAt = at;
     EXPECT_THROW(Export(job), base::RunCancelled) << at;

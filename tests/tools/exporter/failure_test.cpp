@@ -71,6 +71,18 @@ TEST_F(ExportFailure, JobWithoutRowsOrReferenceHasNothingToExport) {
   }
 }
 
+TEST_F(ExportFailure, RowsLeftOutAreSaidOfANetSetThatIsNotMade) {
+  test::JobBuilder job(Builder("job.sqlite"));
+  job.Reference({1345, 0}, 42, -93).Implement({1345, 0}, "Boom", {{1e7, 0, 0, 0}});
+  for (int i = 0; i < 8; ++i) job.Epoch({1345, i * 1000}, i, i);
+  job.Finish();
+  const CommandResult run = Run({"--kind", "net", "--base", "x", "job.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.err,
+            "kestrin-export: job.sqlite: net: No set made: nothing to export; left out: 8 rows "
+            "without sound numbers\n");
+}
+
 TEST_F(ExportFailure, SubscriptErrorNamesItsKindAndTheOtherKindsAreMade) {
   test::JobBuilder job(Builder("job.sqlite"));
   job.Reference({1345, 0}, 42, -93).Implement({1345, 0}, "Boom", {{3, 0, 0, 0}});
