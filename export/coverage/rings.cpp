@@ -113,6 +113,7 @@ void BeginAt(ground::Line& line, geo::UtmPoint point) {
   if (line.empty()) return;
   if (ground::SignedArea(line) > 0) std::ranges::reverse(line);
   line.pop_back();
+  // Clang 14 does not know what the library's own rotation of a range returns.
   const auto nearest = std::ranges::min_element(
       line, {}, [&](const geo::UtmPoint& other) { return ground::SquareDistance(other, point); });
   std::rotate(line.begin(), nearest, line.end());

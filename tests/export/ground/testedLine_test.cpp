@@ -23,7 +23,7 @@ Clearance ClearanceFromAnywhere(Line closed, double longest = 0) {
   const Clearance kept = test::ClearanceOf(closed, longest);
   for (std::size_t i = 1; i < closed.size(); ++i) {
     closed.pop_back();
-    std::ranges::rotate(closed, closed.begin() + 1);
+    std::rotate(closed.begin(), closed.begin() + 1, closed.end());
     closed = Closed(closed);
     EXPECT_EQ(test::ClearanceOf(closed, longest), kept) << "begun at point " << i;
     const Line back(closed.rbegin(), closed.rend());

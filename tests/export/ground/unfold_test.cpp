@@ -30,7 +30,7 @@ Line WithLoops(const std::vector<double>& northings) {
 bool AreSame(Line one, const Line& other) {
   if (one.size() != other.size()) return false;
   one.pop_back();
-  std::ranges::rotate(one, std::ranges::find(one, other.front()));
+  std::rotate(one.begin(), std::ranges::find(one, other.front()), one.end());
   return Closed(one) == other;
 }
 
@@ -72,7 +72,7 @@ TEST(Unfold, LoopAboutTheBeginningIsCutOffToo) {
   const Line line = WithLoops({5});
   for (std::size_t first = 0; first + 1 < line.size(); ++first) {
     Line turned(line.begin(), line.end() - 1);
-    std::ranges::rotate(turned, turned.begin() + static_cast<std::ptrdiff_t>(first));
+    std::rotate(turned.begin(), turned.begin() + static_cast<std::ptrdiff_t>(first), turned.end());
     double squareMetres = 1;
     const Line unfolded = Unfold(Closed(turned), squareMetres);
     EXPECT_NE(ClearanceOf(unfolded), Clearance::kNone) << first;
@@ -85,7 +85,7 @@ TEST(Unfold, SpikeIsTakenOutForNothing) {
   const Line line = Closed({{0, 0}, {0, 5}, {-3, 5}, {-1, 5}, {0, 5}, {0, 10}, {10, 10}, {10, 0}});
   for (std::size_t first = 0; first + 1 < line.size(); ++first) {
     Line turned(line.begin(), line.end() - 1);
-    std::ranges::rotate(turned, turned.begin() + static_cast<std::ptrdiff_t>(first));
+    std::rotate(turned.begin(), turned.begin() + static_cast<std::ptrdiff_t>(first), turned.end());
     double squareMetres = 1e-9;
     const Line unfolded = Unfold(Closed(turned), squareMetres);
     EXPECT_NE(ClearanceOf(unfolded), Clearance::kNone) << first;
