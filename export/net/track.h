@@ -61,10 +61,10 @@ class Track {
  private:
   struct Row {
     geo::UtmPoint antenna;
-    geo::Heading heading;
-    std::uint32_t setup;
-    std::uint16_t sectionsOn;
-    bool begins;
+    geo::Heading heading{0};
+    std::uint32_t setup = 0;
+    std::uint16_t sectionsOn = 0;
+    bool begins = false;
   };
 
   bool BySection() const { return sectionsRecorded_ && !allSections_; }
