@@ -23,11 +23,11 @@ constexpr double kAcresPerSquareMetre = 0.000247105381;
 constexpr double kThinnest = 1e-6;
 
 /// The share of a polygon's ground that may be wrong for the sake of speed, and what a share
-/// of all polygons' ground so far allows beyond that, up to two square metres: where a
+/// of all polygons' ground so far allows beyond that, up to eight square metres: where a
 /// vehicle stands and jitters there are polygons of a hand's breadth by the dozen.
 constexpr double kMayBeWrong = 0.002;
-constexpr double kSaved = 0.001;
-constexpr double kMostOfOne = 2;
+constexpr double kSaved = 0.0015;
+constexpr double kMostOfOne = 8;
 
 /// The length of the longest segment.
 double Longest(Ring line) {
@@ -148,8 +148,7 @@ Ring RingMaker::Repaired(const Edges& edges) {
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
   const double saved = std::min(saved_, kMostOfOne);
-  double mayBeWrong = kMayBeWrong * sweep.Net() + saved;
-  for (const ground::Patch& patch : sweep.Hidden()) mayBeWrong -= std::fabs(patch.squareMetres);
+  double mayBeWrong = kMayBeWrong * sweep.Net() + saved - ground::SquareMetresOf(sweep.Hidden());
   if (mayBeWrong <= 0) return false;
   ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
   if (ring_.size() < 4 || !IsFit()) return false;
@@ -182,7 +181,10 @@ bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     });
   };
   // The library may fail. A ring never gets lost.
-  return Succeeds([&] { return isAround(ground::SweptGround(geos, booms, sweep, host_)); }) ||
+  return Succeeds([&] {
+           return return isAround(
+               ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.Net(), host_));
+         }) ||
          Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
 }
 

@@ -78,6 +78,12 @@ bool Sweep::IsHidden(const Placed& placed) const {
   });
 }
 
+double SquareMetresOf(std::span<const Patch> patches) {
+  double sum = 0;
+  for (const Patch& patch : patches) sum += std::fabs(patch.squareMetres);
+  return sum;
+}
+
 Line LineAround(std::span<const Boom> booms) {
   Line line;
   line.reserve(2 * booms.size() + 1);

@@ -48,6 +48,9 @@ class Sweep {
   bool backward_ = false;
 };
 
+/// The ground of patches, whichever way they were swept.
+double SquareMetresOf(std::span<const Patch> patches);
+
 /// The closed line around rows, which may cross itself.
 Line LineAround(std::span<const Boom> booms);
 

@@ -26,9 +26,12 @@ constexpr std::size_t kTogether = 2048;
 }  // namespace
 
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
-                       base::RunHost& host) {
+                       double mayBeWrong, base::RunHost& host) {
   std::vector<Geos::Area> hidden;
-  for (const Patch& patch : sweep.Hidden()) hidden.push_back(geos.Inside(patch.Line()));
+  const std::vector<Patch> patches = sweep.Hidden();
+  if (SquareMetresOf(patches) > mayBeWrong) {
+    for (const Patch& patch : patches) hidden.push_back(geos.Inside(patch.Line()));
+  }
   std::vector<Geos::Area> areas;
   for (std::size_t first = 0; first + 1 < booms.size(); first += kTogether) {
     host.Yield();

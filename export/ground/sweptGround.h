@@ -12,10 +12,10 @@ namespace kestrin::ground {
 /// forward and backward alike. Needs some ground.
 ///
 /// That is what the line around the rows winds about, which is one call of the library for
-/// some hundred rows, and the patches hidden in it, one by one. Costs some microseconds a
-/// row. Yields to the host now and then, whose base::RunCancelled passes.
-/// Failure: GeometryError.
+/// some hundred rows, and the patches hidden in it, one by one; they are left out, as they
+/// cost the most, where they are not more than `mayBeWrong` square metres. Costs some microseconds
+/// a row. Yields to the host now and then, whose base::RunCancelled passes. Failure: GeometryError.
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
-                       base::RunHost& host);
+                       double mayBeWrong, base::RunHost& host);
 
 }  // namespace kestrin::ground
