@@ -180,12 +180,11 @@ bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
       return isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
     });
   };
+  const auto ofSweep = [&] {
+    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.Net(), host_));
+  };
   // The library may fail. A ring never gets lost.
-  return Succeeds([&] {
-           return return isAround(
-               ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.Net(), host_));
-         }) ||
-         Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
+  return Succeeds(ofSweep) || Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
 }
 
 bool RingMaker::IsFit() {

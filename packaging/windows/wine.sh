@@ -102,21 +102,24 @@ compare_maths() { compare maths -lm libm-glibc.dll.a; }
 # Areas that overlap, over thousands of them.
 compare_unions() { compare unions -lgeos_c libgeos_c.dll.a; }
 
-# Every sample job, exported here and there.
+# Every sample job, exported here and there, as every kind.
 compare_sets() {
-  local linux=build/release/bin profile job here there
+  local linux=build/release/bin profile job here there profiles=0
+  local every=(--quiet --kind all --kind net)
   mkdir -p "$work/jobs" "$work/here" "$work/there"
   for profile in $("$linux/kestrin-sample" --list-profiles); do
     job=$work/jobs/$profile.sqlite
     "$linux/kestrin-sample" --rows 3000 --profile "$profile" "$job"
     here=$work/here/$profile
     there=$work/there/$profile
-    "$linux/kestrin-export" --quiet --kind all --base "$here" "$job"
-    wine_run 120 "$stage/kestrin-export.exe" --quiet --kind all --base "$(windows_path "$there")" \
+    "$linux/kestrin-export" "${every[@]}" --base "$here" "$job"
+    wine_run 120 "$stage/kestrin-export.exe" "${every[@]}" --base "$(windows_path "$there")" \
       "$(windows_path "$job")"
+    profiles=$((profiles + 1))
   done
   # Nothing but the sets lies there; the same bytes under the same names.
-  [ "$(find "$work/here" -name '*.shp' | wc -l)" -ge 80 ]
+  [ "$profiles" -ge 20 ]
+  [ "$(find "$work/here" -name '*.shp' | wc -l)" = $((profiles * 5)) ]
   diff -rq "$work/here" "$work/there"
 }
 

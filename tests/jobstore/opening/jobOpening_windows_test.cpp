@@ -179,7 +179,7 @@ TEST(JobSize, OfAFolderOrAMissingFileIsZero) {
   EXPECT_EQ(SizeOf(base::PathOf(folder / "missing")), 0U);
 }
 
-TEST(JobCopy, NeverReplacesAFileAndTellsOfAFullDisk) {
+TEST(JobCopyOnWindows, NeverReplacesAFileAndTellsOfAFullDisk) {
   const test::TempFolder folder;
   const std::string path = MakeJob(folder / "job.sqlite");
   std::error_code error;
