@@ -76,8 +76,8 @@ TEST(NetGround, OfWildWaysIsTheUnionOfAllQuadrilateralsToo) {
 /// The literal ground of a job takes seconds, so these are few: long booms and short ones,
 /// overlap, turns, gaps and changes of the implement.
 std::vector<GroundCase> GroundCases() {
-  return {{"planter", 1, false},     {"planter", 2, true},      {"sprayer", 1, false},
-          {"combine", 2, true},      {"headland-only", 1, false}, {"dropouts", 1, false},
+  return {{"planter", 1, false},      {"planter", 2, true},        {"sprayer", 1, false},
+          {"combine", 2, true},       {"headland-only", 1, false}, {"dropouts", 1, false},
           {"two-implements", 2, true}};
 }
 
