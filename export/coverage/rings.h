@@ -29,7 +29,7 @@ double AcresIn(Ring ring);
 /// and its area is not that of the ground. So a ring that crosses or touches itself, in
 /// metres or in degrees, gives way to another of the same ground, which does not: its small
 /// loops are cut off, or a small one gives way to its convex hull, where that
-/// changes less than three thousandths of the job's ground in all; else it is the one line around
+/// changes less than four thousandths of the job's ground in all; else it is the one line around
 /// the union of what was swept from row to row, clockwise. A ring without any ground, as that of an
 /// implement without width, stays as it is.
 ///

@@ -30,7 +30,7 @@ DegreePiece WithLinesOf(const Piece& outline, double squareMetres) {
 }
 
 /// A line of this many metres is bent by less than half of the grid's millimetre.
-constexpr double kLongest = 90;
+constexpr double kLongestLine = 90;
 
 /// Pieces of more points than this are not judged: for each hole the library may walk along all
 /// others, and so take minutes.
@@ -48,7 +48,7 @@ Line WithShortWays(const Line& line) {
   for (std::size_t i = 1; i < line.size(); ++i) {
     const double east = line[i].easting - line[i - 1].easting;
     const double north = line[i].northing - line[i - 1].northing;
-    const double ways = std::ceil(std::hypot(east, north) / kLongest);
+    const double ways = std::ceil(std::hypot(east, north) / kLongestLine);
     for (double way = 1; way < ways; ++way) {
       all.push_back(
           {line[i - 1].easting + way / ways * east, line[i - 1].northing + way / ways * north});
