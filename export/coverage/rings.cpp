@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "export/coverage/ringDegrees.h"
-#include "export/ground/convexHull.h"
 #include "export/ground/oneLine.h"
 #include "export/ground/planeGeometry.h"
 #include "export/ground/sweptGround.h"
@@ -23,11 +22,11 @@ constexpr double kAcresPerSquareMetre = 0.000247105381;
 constexpr double kThinnest = 1e-6;
 
 /// The share of a polygon's ground that may be wrong for the sake of speed, and what a share
-/// of all polygons' ground so far allows beyond that, up to eight square metres: where a
+/// of all polygons' ground so far allows beyond that, up to half a square metre: where a
 /// vehicle stands and jitters there are polygons of a hand's breadth by the dozen.
 constexpr double kMayBeWrong = 0.002;
-constexpr double kSaved = 0.0015;
-constexpr double kMostOfOne = 8;
+constexpr double kSaved = 0.001;
+constexpr double kMostOfOne = 0.5;
 
 /// The length of the longest segment.
 double Longest(Ring line) {
@@ -143,7 +142,7 @@ Ring RingMaker::Repaired(const Edges& edges) {
   const ground::Sweep sweep(booms);
   if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
   const bool whole = booms.size() == edges.left.size();
-  return (whole && (Unfold(sweep) || Enclose(sweep))) || Mend(booms, sweep, origin) ? ring_ : ring;
+  return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
@@ -153,15 +152,6 @@ bool RingMaker::Unfold(const ground::Sweep& sweep) {
   ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
   if (ring_.size() < 4 || !IsFit()) return false;
   saved_ -= std::max(0.0, saved - mayBeWrong);
-  return true;
-}
-
-bool RingMaker::Enclose(const ground::Sweep& sweep) {
-  if (sweep.Net() > kMostOfOne) return false;
-  ring_ = ground::ConvexHullOf(drawn_.Points());
-  const double squareMetres = std::fabs(ground::SignedArea(ring_));
-  if (squareMetres > std::min(saved_, kMostOfOne) || ring_.empty() || !IsFit()) return false;
-  saved_ -= squareMetres;
   return true;
 }
 

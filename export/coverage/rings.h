@@ -28,10 +28,10 @@ double AcresIn(Ring ring);
 /// long boom wavers, where a turn is tighter than half the boom. No GIS takes it then,
 /// and its area is not that of the ground. So a ring that crosses or touches itself, in
 /// metres or in degrees, gives way to another of the same ground, which does not: its small
-/// loops are cut off, or a small one gives way to its convex hull, where that
-/// changes less than four thousandths of the job's ground in all; else it is the one line around
-/// the union of what was swept from row to row, clockwise. A ring without any ground, as that of an
-/// implement without width, stays as it is.
+/// loops are cut off, where that changes less than three thousandths of the job's ground in
+/// all; else it is the one line around the union of what was swept from row to row,
+/// clockwise. A ring without any ground, as that of an implement without width, stays as it
+/// is.
 ///
 /// Yields to the host in between, whose base::RunCancelled passes. Nothing else fails.
 class RingMaker {
@@ -47,7 +47,6 @@ class RingMaker {
   Ring Repaired(const PolygonBuilder::Edges& edges);
   // Each puts a ring in place of the one drawn, unless it finds none that is fit.
   bool Unfold(const ground::Sweep& sweep);
-  bool Enclose(const ground::Sweep& sweep);
   bool Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
             geo::UtmPoint origin);
   /// Whether the ring in place is simple in every frame. Begins it where the one drawn does.
