@@ -1,13 +1,34 @@
 #include "tests/support/database.h"
 
+#include <cmath>
 #include <stdexcept>
 
 namespace kestrin::test {
+namespace {
+
+/// A function of one number, which not every build of the library brings with it.
+template <double (*function)(double)>
+void AddFunction(sqlite3* database, const char* name) {
+  sqlite3_create_function_v2(
+      database, name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+      [](sqlite3_context* context, int, sqlite3_value** values) {
+        sqlite3_result_double(context, function(sqlite3_value_double(*values)));
+      },
+      nullptr, nullptr, nullptr);
+}
+
+double Sine(double radians) { return std::sin(radians); }
+double Cosine(double radians) { return std::cos(radians); }
+
+}  // namespace
 
 Database::Database(const std::string& path, int flags, const char* layer) {
-  if (sqlite3_open_v2(path.c_str(), &handle_, flags, layer) == SQLITE_OK) return;
-  sqlite3_close(handle_);
-  throw std::runtime_error("cannot open " + path);
+  if (sqlite3_open_v2(path.c_str(), &handle_, flags, layer) != SQLITE_OK) {
+    sqlite3_close(handle_);
+    throw std::runtime_error("cannot open " + path);
+  }
+  AddFunction<&Sine>(handle_, "sin");
+  AddFunction<&Cosine>(handle_, "cos");
 }
 
 void Database::Fail(const std::string& what) {

@@ -1,3 +1,4 @@
+#include <regex>
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {
@@ -43,10 +44,11 @@ TEST_F(ExportCommand, AllMeansEveryKind) {
 TEST_F(ExportCommand, NetIsMadeWhenNamedBehindTheOthersAndSaysItsFiguresInWords) {
   Sample("job.sqlite");
   const CommandResult run = Run({"--kind", "net", "--kind", "wire", "--base", "x", "job.sqlite"});
-  EXPECT_THAT(run.out,
-              ::testing::MatchesRegex("x_WIRE.shp: 600 epochs\nx_NET.shp: 600 epochs, net "
-                                      "[0-9]+\\.[0-9] acres \\([0-9]+\\.[0-9] ha\\), swept "
-                                      "[0-9]+\\.[0-9], overlap [0-9]+\\.[0-9] %\n"));
+  EXPECT_TRUE(
+      std::regex_match(run.out, std::regex("x_WIRE.shp: 600 epochs\nx_NET.shp: 600 epochs, net "
+                                           "[0-9]+\\.[0-9] acres \\([0-9]+\\.[0-9] ha\\), swept "
+                                           "[0-9]+\\.[0-9], overlap [0-9]+\\.[0-9] %\n")))
+      << run.out;
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(run.code, 0);
   EXPECT_TRUE(HasSet("x_NET"));
