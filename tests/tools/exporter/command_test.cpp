@@ -1,4 +1,5 @@
 #include <regex>
+
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {
