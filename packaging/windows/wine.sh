@@ -105,11 +105,14 @@ compare_unions() { compare unions -lgeos_c libgeos_c.dll.a; }
 # Every sample job, exported here and there, as every kind.
 compare_sets() {
   local linux=build/release/bin profile job here there profiles=0
-  local every=(--quiet --kind all --kind net)
+  local every
   mkdir -p "$work/jobs" "$work/here" "$work/there"
   for profile in $("$linux/kestrin-sample" --list-profiles); do
     job=$work/jobs/$profile.sqlite
     "$linux/kestrin-sample" --rows 3000 --profile "$profile" "$job"
+    # Without an implement no ground is covered.
+    every=(--quiet --kind all)
+    [ "$profile" = no-implement ] || every+=(--kind net)
     here=$work/here/$profile
     there=$work/there/$profile
     "$linux/kestrin-export" "${every[@]}" --base "$here" "$job"
@@ -119,7 +122,7 @@ compare_sets() {
   done
   # Nothing but the sets lies there; the same bytes under the same names.
   [ "$profiles" -ge 20 ]
-  [ "$(find "$work/here" -name '*.shp' | wc -l)" = $((profiles * 5)) ]
+  [ "$(find "$work/here" -name '*.shp' | wc -l)" = $((profiles * 5 - 1)) ]
   diff -rq "$work/here" "$work/there"
 }
 
