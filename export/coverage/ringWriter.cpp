@@ -8,7 +8,8 @@
 namespace kestrin::coverage {
 namespace {
 
-const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
+constexpr int kAcresWidth = 10;
+const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', kAcresWidth, 2}}};
 
 }  // namespace
 
@@ -26,7 +27,9 @@ void RingWriter::Write(Ring ring) {
                  [&](const geo::GeoPoint& point) { set_->AddVertex(point); });
   attributes_.Clear();
   attributes_.Add(shapefile::IntegerText(set_->RecordCount()).View(), shapefile::Keep::kRight);
-  attributes_.Add(shapefile::RoundedText(AcresIn(ring), 2).View(), shapefile::Keep::kLeft);
+  const shapefile::NumberText acres = shapefile::RoundedText(AcresIn(ring), 2);
+  attributes_.Add(acres.View(), shapefile::Keep::kLeft);
+  acres_ += shapefile::NumberIn(acres.View(), kAcresWidth);
   set_->EndRecord(attributes_.Bytes());
 }
 

@@ -24,12 +24,16 @@ class RingWriter {
   /// Completes the set; false when there is none.
   bool Finish();
 
+  /// Of the rings written, added up as the records show them.
+  double Acres() const { return acres_; }
+
  private:
   const std::string& basePath_;
   const geo::WorkingPlane& plane_;
   exports::ExportRun& run_;
   std::optional<shapefile::ShapefileSet> set_;
   shapefile::AttributeRecord attributes_;
+  double acres_ = 0;
 };
 
 }  // namespace kestrin::coverage
