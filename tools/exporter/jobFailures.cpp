@@ -21,6 +21,7 @@ void JobFailures::Finish() {
 
 void JobFailures::TellAsOne(const std::vector<Kind>& held) {
   std::vector<std::string_view> names;
+  names.reserve(held.size());
   for (const Kind& kind : held) names.push_back(kind.name);
   report_.Fail({jobPath_, false, names, held[0].texts[0]});
 }

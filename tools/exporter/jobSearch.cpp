@@ -41,7 +41,8 @@ class Search {
   Search(bool recursive, FoundJobs& found) : recursive_(recursive), found_(found) {}
 
   void Named(const std::string& folder) {
-    const std::size_t jobs = found_.paths.size(), failures = found_.failures.size();
+    const std::size_t jobs = found_.paths.size();
+    const std::size_t failures = found_.failures.size();
     seen_.clear();
     Walk(folder, true);
     if (found_.paths.size() > jobs || found_.failures.size() > failures) return;

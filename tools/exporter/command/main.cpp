@@ -16,6 +16,7 @@ namespace {
 
 /// By the convention of no-color.org, as far as it goes without an option.
 bool ColourIsWanted() {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet.
   const char* const refused = std::getenv("NO_COLOR");
   return refused == nullptr || *refused == '\0';
 }
