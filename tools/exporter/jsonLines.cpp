@@ -1,5 +1,6 @@
 #include "tools/exporter/jsonLines.h"
 
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "export/setNames.h"
@@ -18,6 +19,11 @@ void AddJob(Json& line, const std::string& path) {
   line["name"] = exports::JobNameOf(path).name;
 }
 
+/// JSON has no infinity, which the ground of a forged job can come to.
+void AddFigure(Json& line, std::string_view name, double value) {
+  if (std::isfinite(value)) line[std::string(name)] = value;
+}
+
 std::string Line(const Json& line) {
   return line.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
@@ -32,7 +38,7 @@ std::string JsonLine(const MadeSet& set) {
   line["epochs"] = set.outcome.epochs;
   line["complete"] = set.outcome.lastStep == jobstore::kDone;
   for (const exports::Figure& figure : set.outcome.figures) {
-    line[std::string(figure.name)] = figure.value;
+    AddFigure(line, figure.name, figure.value);
   }
   return Line(line);
 }
@@ -46,8 +52,8 @@ std::string JsonLine(const JobSummary& summary) {
   }
   line["epochs"] = summary.epochs;
   line["complete"] = summary.complete;
-  if (summary.metres) line["meters"] = *summary.metres;
-  if (summary.acres) line["acres"] = *summary.acres;
+  if (summary.metres) AddFigure(line, "meters", *summary.metres);
+  if (summary.acres) AddFigure(line, "acres", *summary.acres);
   line["format"] = summary.format;
   line["products"] = summary.products;
   return Line(line);
