@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "tests/support/tempFolder.h"
+
 namespace kestrin::exporter {
 namespace {
 
@@ -18,7 +20,9 @@ class FailuresOfAJob : public testing::Test {
     return text;
   }
 
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> errors_{std::tmpfile(), std::fclose};
+  test::TempFolder folder_;
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> errors_{
+      std::fopen((folder_ / "told").c_str(), "w+b"), std::fclose};
   Console console_{errors_.get(), errors_.get(), {}};
   Report report_{console_, {}};
   JobFailures failures_{report_, "job", 3};
