@@ -8,8 +8,7 @@
 namespace kestrin::coverage {
 namespace {
 
-constexpr int kAcresWidth = 10;
-const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', kAcresWidth, 2}}};
+const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
 
 }  // namespace
 
@@ -29,7 +28,7 @@ void RingWriter::Write(Ring ring) {
   attributes_.Add(shapefile::IntegerText(set_->RecordCount()).View(), shapefile::Keep::kRight);
   const shapefile::NumberText acres = shapefile::RoundedText(AcresIn(ring), 2);
   attributes_.Add(acres.View(), shapefile::Keep::kLeft);
-  acres_ += shapefile::NumberIn(acres.View(), kAcresWidth);
+  acres_ += shapefile::NumberIn(acres.View(), kFields[1].width);
   set_->EndRecord(attributes_.Bytes());
 }
 

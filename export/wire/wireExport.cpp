@@ -13,9 +13,7 @@
 namespace kestrin::wire {
 namespace {
 
-constexpr int kMetersWidth = 10;
-const std::array<shapefile::Field, 2> kFields{
-    {{"ID", 'N', 8, 0}, {"METERS", 'N', kMetersWidth, 2}}};
+const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}}};
 
 /// The open record: its length so far and where its last point lies.
 struct Stretch {
@@ -57,7 +55,7 @@ class WireWriter {
     record_.Add(shapefile::IntegerText(set_.RecordCount()).View(), shapefile::Keep::kRight);
     const shapefile::NumberText metres = shapefile::RoundedText(open_->metres, 2);
     record_.Add(metres.View(), shapefile::Keep::kLeft);
-    metres_ += shapefile::NumberIn(metres.View(), kMetersWidth);
+    metres_ += shapefile::NumberIn(metres.View(), kFields[1].width);
     set_.EndRecord(record_.Bytes());
   }
 
