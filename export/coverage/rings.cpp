@@ -140,14 +140,14 @@ Ring RingMaker::Repaired(const Edges& edges) {
   const geo::UtmPoint origin = OriginNear(ring);
   const std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
   const ground::Sweep sweep(booms);
-  if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
+  if (sweep.total <= kThinnest * sweep.length) return ring;
   const bool whole = booms.size() == edges.left.size();
   return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
   const double saved = std::min(saved_, kMostOfOne);
-  double mayBeWrong = kMayBeWrong * sweep.Net() + saved - ground::SquareMetresOf(sweep.Hidden());
+  double mayBeWrong = kMayBeWrong * sweep.net + saved - sweep.hiddenGround;
   if (mayBeWrong <= 0) return false;
   ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
   if (ring_.size() < 4 || !IsFit()) return false;
@@ -171,7 +171,7 @@ bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     });
   };
   const auto ofSweep = [&] {
-    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.Net(), host_));
+    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.net, host_));
   };
   // The library may fail. A ring never gets lost.
   return Succeeds(ofSweep) || Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
