@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/crew.h"
 #include "base/fileSystem.h"
 #include "base/runHost.h"
 #include "jobstore/sqliteDefs.h"
@@ -18,6 +19,8 @@ struct ExportRun {
   shapefile::SetOptions options;
   /// Of the net set: count the implement's full width, whatever the sections' switches say.
   bool allSections = false;
+  /// Who works on rows beside the caller's thread; the sets are the same without.
+  base::Crew* crew = nullptr;
 };
 
 /// How an export ended. Failures of the job were shown through the host; file
