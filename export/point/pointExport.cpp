@@ -76,8 +76,9 @@ struct Batch : base::Crew::Task {
     }
   }
   std::string_view TextOf(std::size_t row) const {
-    const std::size_t size = texts.size() / rows.size();
-    return std::string_view(texts).substr(row * size, size);
+    const std::string_view all = texts;
+    const std::size_t size = all.size() / rows.size();
+    return all.substr(row * size, size);
   }
 
   static constexpr std::size_t kRows = 256;
