@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/crew.h"
 #include "base/fileSystem.h"
 #include "base/runHost.h"
 #include "jobstore/sqliteDefs.h"
@@ -20,6 +21,8 @@ struct ExportRun {
   shapefile::SetOptions options;
   /// Of the net set: count the implement's full width, whatever the sections' switches say.
   bool allSections = false;
+  /// Who works on rows beside the caller's thread; the sets are the same without.
+  base::Crew* crew = nullptr;
 };
 
 /// A number that a set says of its whole job, by the name a machine is told it under.
