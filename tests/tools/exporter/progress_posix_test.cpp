@@ -1,5 +1,3 @@
-#include <regex>
-
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {
@@ -23,14 +21,6 @@ TEST_F(ProgressBar, IsNotDrawnWhenQuiet) {
   EXPECT_EQ(test::RunOnTerminal({KESTRIN_EXPORT, "--quiet", "--kind", "wire", job},
                                 folder_.Path().string()),
             "");
-}
-
-TEST_F(ProgressBar, TellsPaceAndTimeLeftOfARunThatTakesLonger) {
-  const std::string job = Sample("North.sqlite", 500000);
-  const std::string drawn =
-      test::RunOnTerminal({KESTRIN_EXPORT, "--summary", job}, folder_.Path().string());
-  EXPECT_TRUE(std::regex_search(drawn, std::regex(" rows, [0-9]+ rows/s, [0-9:]+ left  ")))
-      << drawn;
 }
 
 TEST_F(ProgressBar, FailuresAreRedUnlessColourIsRefused) {

@@ -2,8 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+#include <regex>
 #include <stdexcept>
+#include <thread>
 
+#include "tests/support/tempFolder.h"
+#include "tools/exporter/console.h"
 #include "tools/exporter/progressBar.h"
 #include "tools/exporter/workers.h"
 
@@ -49,6 +56,29 @@ TEST(ProgressLine, IsCutToTheTerminalBetweenLetters) {
   EXPECT_EQ(line, "[############............] 1 of 2 rows  wire ää");
   EXPECT_EQ(ProgressLine({{"wire", "ää", 1, 2}}, {}, 46),
             "[############............] 1 of 2 rows  wire ä");
+}
+
+TEST(ConsoleBar, TellsTheTimeThatAllSetsToComeWillTake) {
+  const test::TempFolder folder;
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> drawn{
+      std::fopen((folder / "drawn").c_str(), "wb"), std::fclose};
+  Console console(drawn.get(), drawn.get(), {.bar = true});
+  console.Expect(5000);
+  // Ends after a few of its rows: the others are not waited for.
+  const std::size_t first = console.BeginSet("wire", "a", 1000);
+  console.ShowProgress(first, 100);
+  console.EndSet(first);
+  const std::size_t second = console.BeginSet("poly", "a", 1000);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  console.ShowProgress(second, 500);
+  const std::string line = test::FileBytes(folder / "drawn");
+  std::smatch told;
+  ASSERT_TRUE(std::regex_search(
+      line, told, std::regex("500 of 1000 rows, ([0-9]+) rows/s, 0:([0-9]+) left  poly a")))
+      << line;
+  EXPECT_LE(std::stoi(told[1]), 600 / 1.1);
+  EXPECT_NEAR(std::stoi(told[2]), 3500 / std::stod(told[1]), 1);
+  console.EndSet(second);
 }
 
 TEST(WorkOff, DoesEverythingOnceWhateverTheNumberOfWorkers) {
