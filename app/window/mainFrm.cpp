@@ -47,8 +47,6 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
                    [this] { hook_.Hook(static_cast<std::uintptr_t>(winId())); });
 }
 
-MainFrm::~MainFrm() = default;
-
 template <class Type>
 Type* MainFrm::Find(const QString& name) const {
   auto* found = findChild<Type*>(name);
@@ -95,11 +93,11 @@ void MainFrm::Run(Procedure procedure) {
   try {
     procedure();
   } catch (const base::RunCancelled&) {
-    closing_ = true;
+    // Only closing the window cancels.
   }
   SetBusy(false);
   running_ = false;
-  if (closing_) close();
+  if (events_.IsCancelled()) close();
 }
 
 void MainFrm::SetBusy(bool busy) {
@@ -134,7 +132,6 @@ void MainFrm::FillScreen() {
 
 void MainFrm::closeEvent(QCloseEvent* event) {
   if (running_) {
-    closing_ = true;
     events_.Cancel();
     event->ignore();
     return;
