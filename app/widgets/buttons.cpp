@@ -58,8 +58,6 @@ QColor GraphicalButton::ShownText() const {
   return isEnabled() ? lively : Faint(lively, face);
 }
 
-QSize GraphicalButton::sizeHint() const { return {105, 41}; }
-
 void GraphicalButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

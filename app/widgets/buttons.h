@@ -40,8 +40,6 @@ class GraphicalButton : public QAbstractButton {
   QColor ShownBackground() const;
   QColor ShownText() const;
 
-  QSize sizeHint() const override;
-
  signals:
   /// A click that counts.
   void Chosen();
