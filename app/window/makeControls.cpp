@@ -79,7 +79,7 @@ void MakeControl(const ControlSpec& spec, QWidget& window) {
   QWidget* widget = MakeWidget(spec, parent);
   widget->setObjectName(spec.name);
   widget->setGeometry(widgets::ToPixels(spec.place));
-  widget->setFont(widgets::WindowFont(spec.font));
+  widget->setFont(widgets::DesignFont(spec.font));
   if (qobject_cast<widgets::Caption*>(widget) == nullptr) widget->setAccessibleName(spec.words);
   widget->setVisible(spec.visible);
 }
