@@ -46,8 +46,6 @@ class MainFrm : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  template <class Type>
-  Type* Find(const QString& name) const;
   void Connect();
   template <class Button, class Procedure>
   void OnChosen(const QString& name, Procedure procedure);

@@ -8,17 +8,11 @@
 
 #include "app/flow/layout.h"
 #include "app/widgets/frame.h"
+#include "app/window/makeControls.h"
 
 namespace kestrin::window {
 
 namespace {
-
-template <class Type>
-Type& Child(const QWidget& window, const char* name) {
-  auto* found = window.findChild<Type*>(name);
-  Q_ASSERT(found != nullptr);
-  return *found;
-}
 
 void Place(QScrollBar& bar, const flow::BarLayout& as) {
   const bool upright = bar.orientation() == Qt::Vertical;
@@ -65,10 +59,10 @@ void ShowStretch(QScrollBar& bar, int begin, int end, int view) {
 
 Scrolling::Scrolling(QWidget& window)
     : window_(window),
-      content_(Child<QWidget>(window, "Picture2")),
-      vertical_(Child<QScrollBar>(window, "VScroll1")),
-      horizontal_(Child<QScrollBar>(window, "HScroll1")),
-      corner_(Child<QWidget>(window, "Frame3")) {
+      content_(Find<QWidget>(window, "Picture2")),
+      vertical_(Find<QScrollBar>(window, "VScroll1")),
+      horizontal_(Find<QScrollBar>(window, "HScroll1")),
+      corner_(Find<QWidget>(window, "Frame3")) {
   QObject::connect(&horizontal_, &QScrollBar::valueChanged, &content_,
                    [this](int value) { content_.move(-value, content_.y()); });
   QObject::connect(&vertical_, &QScrollBar::valueChanged, &content_,
