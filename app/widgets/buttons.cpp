@@ -92,14 +92,10 @@ OptionButton::OptionButton(const QString& caption, QWidget* parent)
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (guard_.Accepts()) emit Chosen();
   });
-  connect(this, &QAbstractButton::toggled, this, [this](bool checked) {
-    if (checked && InputReaches(*this)) PutTabStop(parentWidget());
-  });
 }
 
-void OptionButton::PutTabStop(const QWidget* group) {
-  if (group == nullptr) return;
-  const auto options = group->findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
+void OptionButton::PutTabStop(const QWidget& group) {
+  const auto options = group.findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
   const auto checked = std::find_if(options.begin(), options.end(),
                                     [](const OptionButton* each) { return each->isChecked(); });
   if (checked == options.end()) return;
@@ -115,7 +111,7 @@ void OptionButton::nextCheckState() {
 void OptionButton::focusInEvent(QFocusEvent* event) {
   QRadioButton::focusInEvent(event);
   // Qt has put the stop where the focus is.
-  PutTabStop(parentWidget());
+  PutTabStop(*parentWidget());
 }
 
 void OptionButton::initStyleOption(QStyleOptionButton* option) const {

@@ -60,9 +60,9 @@ class OptionButton : public QRadioButton {
   OptionButton(const QString& caption, QWidget* parent);
 
   /// Makes Tab enter the options in `group`, if any, at the checked one, where there is
-  /// one: from any other the arrow keys choose nothing. They see to it themselves, but for
-  /// focus policies set from outside.
-  static void PutTabStop(const QWidget* group);
+  /// one: from any other the arrow keys choose nothing. They see to it themselves when one
+  /// takes the focus; whoever checks one or sets focus policies otherwise sees to it then.
+  static void PutTabStop(const QWidget& group);
 
  signals:
   /// A click that counts.

@@ -58,6 +58,14 @@ TEST_F(ScrollingTest, TheOptionThatAnArrowKeyGoesToComesIntoView) {
   }
 }
 
+TEST_F(ScrollingTest, TheControlThatAnAssistiveToolGoesToComesIntoView) {
+  Resize(250, 200);
+  for (const char* name : {"Command2", "Command3", "Command1_3"}) {
+    window_.Button(name).setFocus();
+    EXPECT_TRUE(IsInView(window_.Button(name))) << name;
+  }
+}
+
 TEST_F(ScrollingTest, AControlThatIsInViewMovesNothing) {
   Resize(600, 400);
   V().setValue(20);
