@@ -49,13 +49,8 @@ int BringTogether(const fs::path& job, const std::string& to) {
   if (opened.result != SQLITE_OK) return opened.result;
   if (opened.unreadable != SQLITE_OK) return opened.unreadable;
   sqlite3* database = nullptr;
-  int code = sqlite3_open(to.c_str(), &database);
+  const int code = sqlite3_open(to.c_str(), &database);
   const DatabasePtr target(database);
-  if (code == SQLITE_OK) {
-    // The file is thrown away unless all went well.
-    code = sqlite3_exec(database, "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF", nullptr,
-                        nullptr, nullptr);
-  }
   if (code != SQLITE_OK) return code;
   return Backup(opened.database.get(), database).Run(SizeOfAll(job) / kSmallestPage);
 }
