@@ -21,10 +21,7 @@ class AccessibleButton : public QAccessibleWidget {
     state.checkable = button_->isCheckable();
     state.checked = button_->isChecked();
     state.pressed = button_->isDown();
-    if (!InputReaches(*button_)) {
-      state.disabled = true;
-      state.focusable = false;
-    }
+    if (!InputReaches(*button_)) state.disabled = true;
     return state;
   }
 
@@ -34,7 +31,6 @@ class AccessibleButton : public QAccessibleWidget {
   }
 
   void doAction(const QString& action) override {
-    if (state().disabled) return;
     if (action == pressAction() || action == toggleAction())
       button_->click();
     else

@@ -13,8 +13,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
-#include <chrono>
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
