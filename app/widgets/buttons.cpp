@@ -22,11 +22,11 @@ ClickGuard::ClickGuard(QAbstractButton& button) : button_(button) {
 bool ClickGuard::Accepts() const { return pressedInReach_ && InputReaches(button_); }
 
 bool ClickGuard::eventFilter(QObject*, QEvent* event) {
-  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
-  auto& key = *static_cast<QKeyEvent*>(event);
-  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  const auto* key = dynamic_cast<QKeyEvent*>(event);
+  if (key == nullptr || key->type() == QEvent::ShortcutOverride) return false;
+  if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
   // A key that is held then chooses once, and nothing in a dialog that it opened.
-  QKeyEvent space(key.type(), Qt::Key_Space, key.modifiers(), " ", key.isAutoRepeat());
+  QKeyEvent space(key->type(), Qt::Key_Space, key->modifiers(), " ", key->isAutoRepeat());
   QCoreApplication::sendEvent(&button_, &space);
   event->setAccepted(space.isAccepted());
   return true;
