@@ -22,6 +22,10 @@ struct ExportOptions {
   bool prj = false;
   bool allSections = false;  ///< of the net set
   bool quiet = false;
+  bool json = false;
+  bool summary = false;
+  bool recursive = false;
+  /// Job files and folders.
   std::vector<std::string> jobPaths;
 };
 

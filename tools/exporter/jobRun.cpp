@@ -6,94 +6,79 @@
 #include "export/outcomeTexts.h"
 #include "export/setNames.h"
 #include "jobstore/sqliteDefs.h"
-#include "tools/exporter/interruption.h"
+#include "tools/exporter/jobFailures.h"
+#include "tools/exporter/setHost.h"
 
 namespace kestrin::exporter {
 namespace {
 
-/// The terminal's side of one set being made.
-class SetHost : public base::RunHost {
- public:
-  SetHost(Console& console, const exports::ExportKind& kind, const JobPlan& plan)
-      : console_(console),
-        front_(plan.jobPath + ": " + std::string(kind.name) + ": "),
-        set_(console.BeginSet(std::string(kind.name), exports::JobNameOf(plan.jobPath).name,
-                              plan.rows)) {}
-  ~SetHost() override { console_.EndSet(set_); }
-  SetHost(const SetHost&) = delete;
-  SetHost& operator=(const SetHost&) = delete;
-
-  void CountRow() override {
-    if ((++rows_ & kRowsBetweenShows) == 0) console_.ShowProgress(set_, rows_);
-  }
-  void Yield() override {
-    if (StopSignal() != 0) throw base::RunCancelled();
-  }
-  void ShowMessage(const std::string& text) override { Complain(text); }
-
-  void Complain(const std::string& text) {
-    complained_ = true;
-    console_.Complain(front_ + text);
-  }
-  bool Complained() const { return complained_; }
-
- private:
-  static constexpr std::int64_t kRowsBetweenShows = 1023;  // a mask
-
-  Console& console_;
-  std::string front_;
-  std::size_t set_;
-  std::int64_t rows_ = 0;
-  bool complained_ = false;
-};
-
-void Report(const exports::ExportOutcome& outcome, const std::string& setBase, const JobPlan& plan,
-            SetHost& host, Console& console) {
-  if (outcome.made) {
-    console.Result(setBase + std::string(exports::kShapeExtension) + ": " +
-                   std::to_string(outcome.epochs) + " epochs" +
-                   (outcome.summary.empty() ? "" : ", " + outcome.summary));
-  }
-  if (outcome.lastStep != jobstore::kDone) {
-    host.Complain(exports::NotReadToEndText(outcome, plan.rows));
-  } else if (!outcome.made && !host.Complained()) {
-    host.Complain(exports::kNothingToExport + outcome.summary);
-  }
-}
-
 void MakeSet(const exports::ExportKind& kind, const JobPlan& plan, const ExportOptions& options,
-             base::FileSystem& files, SetHost& host, Console& console) {
+             base::FileSystem& files, SetHost& host, Report& report) {
   const std::string setBase = plan.basePath + std::string(kind.suffix);
   exports::ExportRun run{host, files, {.withProjection = options.prj}, options.allSections};
   const std::string folder = base::SplitAtLastSeparator(setBase).folder;
   if (!folder.empty()) base::MakePath(files, folder);
-  Report(kind.procedure(setBase, plan.jobPath, run), setBase, plan, host, console);
+  const exports::ExportOutcome outcome = kind.procedure(setBase, plan.jobPath, run);
+  if (outcome.made) {
+    report.Made(
+        {plan.jobPath, kind.name, setBase + std::string(exports::kShapeExtension), outcome});
+  }
+  if (outcome.lastStep != jobstore::kDone) {
+    host.ShowMessage(exports::NotReadToEndText(outcome, plan.rows));
+  } else if (!outcome.made && host.Texts().empty()) {
+    host.ShowMessage(exports::kNothingToExport + outcome.summary);
+  }
+}
+
+/// The same, with an error that ends it said by the host. Only a stop passes through.
+void TryToMakeSet(const exports::ExportKind& kind, const JobPlan& plan,
+                  const ExportOptions& options, base::FileSystem& files, SetHost& host,
+                  Report& report) {
+  try {
+    host.Yield();
+    if (!plan.obstacle.empty()) return host.ShowMessage(plan.obstacle);
+    MakeSet(kind, plan, options, files, host, report);
+  } catch (const base::RunCancelled&) {
+    throw;
+  } catch (const base::FileError& error) {
+    host.ShowMessage(exports::NotWrittenText(error));
+  } catch (const std::exception& error) {
+    host.ShowMessage(exports::NotMadeText(kind.name, error));
+  }
 }
 
 }  // namespace
 
 bool RunJob(const JobPlan& plan, const ExportOptions& options, base::FileSystem& files,
-            Console& console) {
-  bool complete = true;
+            Console& console, Report& report) {
+  JobFailures failures(report, plan.jobPath, options.kinds.size());
   for (const exports::ExportKind* kind : options.kinds) {
-    SetHost host(console, *kind, plan);
-    host.Yield();
+    SetHost host(console, kind->name, plan.jobPath, plan.rows);
     try {
-      if (plan.obstacle.empty()) {
-        MakeSet(*kind, plan, options, files, host, console);
-      } else {
-        host.Complain(plan.obstacle);
-      }
+      TryToMakeSet(*kind, plan, options, files, host, report);
     } catch (const base::RunCancelled&) {
+      failures.Add(kind->name, host.Texts());
+      failures.Finish();
       throw;
-    } catch (const base::FileError& error) {
-      host.Complain(exports::NotWrittenText(error));
-    } catch (const std::exception& error) {
-      host.Complain(exports::NotMadeText(kind->name, error));
     }
-    complete = complete && !host.Complained();
+    failures.Add(kind->name, host.Texts());
   }
-  return complete;
+  failures.Finish();
+  return !failures.Any();
+}
+
+bool SumUpJob(const JobPlan& plan, const DateRules& dates, Console& console, Report& report) {
+  SetHost host(console, "summary", plan.jobPath, plan.rows * kSummaryWalks);
+  try {
+    host.Yield();
+    if (const auto summary = Summarise(plan.jobPath, dates, host)) report.Summed(*summary);
+  } catch (const base::RunCancelled&) {
+    throw;
+  } catch (const std::exception& error) {
+    host.ShowMessage(error.what());
+  }
+  for (const std::string& text : host.Texts()) report.Fail({plan.jobPath, false, {}, text});
+  return host.Texts().empty();
 }
 
 }  // namespace kestrin::exporter

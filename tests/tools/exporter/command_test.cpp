@@ -171,7 +171,21 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"--base", "", "a.sqlite"},
                       std::vector<std::string>{"--out", "", "a.sqlite"},
                       std::vector<std::string>{"--all-sections", "a.sqlite"},
+                      std::vector<std::string>{"-"}, std::vector<std::string>{"-/", "a.sqlite"},
+                      std::vector<std::string>{"--out", "-", "a.sqlite"},
+                      std::vector<std::string>{"--base=-", "a.sqlite"},
+                      std::vector<std::string>{"--base", "x", "."},
+                      std::vector<std::string>{"--summary", "--base", "x", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--out", "x", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--kind", "all", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--prj", "a.sqlite"},
                       std::vector<std::string>{"--verbose", "a.sqlite"}));
+
+TEST_F(ExportCommand, ADashIsRefusedAndSaysHowAFileOfThatNameIsMeant) {
+  EXPECT_EQ(Run({"--out", "-", "a.sqlite"}).err,
+            "--out: is \"-\", but neither jobs nor sets come by a stream; a file or folder of that "
+            "name is \"./-\"\nRun with --help for more information.\n");
+}
 
 }  // namespace
 }  // namespace kestrin::exporter
