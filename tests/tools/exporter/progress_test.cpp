@@ -1,11 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <stdexcept>
-
 #include "tools/exporter/progressBar.h"
-#include "tools/exporter/workers.h"
 
 namespace kestrin::exporter {
 namespace {
@@ -49,25 +45,6 @@ TEST(ProgressLine, IsCutToTheTerminalBetweenLetters) {
   EXPECT_EQ(line, "[############............] 1 of 2 rows  wire ää");
   EXPECT_EQ(ProgressLine({{"wire", "ää", 1, 2}}, {}, 46),
             "[############............] 1 of 2 rows  wire ä");
-}
-
-TEST(WorkOff, DoesEverythingOnceWhateverTheNumberOfWorkers) {
-  for (const unsigned workers : {1U, 3U, 50U}) {
-    std::vector<std::atomic<int>> done(20);
-    WorkOff(done.size(), workers, [&](std::size_t i) { ++done[i]; });
-    for (const auto& count : done) EXPECT_EQ(count, 1);
-  }
-  WorkOff(0, 4, [](std::size_t) { FAIL(); });
-}
-
-TEST(WorkOff, ThrowsTheFirstFailureAndStartsNothingMore) {
-  std::atomic<int> started{0};
-  const auto work = [&](std::size_t i) {
-    ++started;
-    if (i == 2) throw std::runtime_error("third");
-  };
-  EXPECT_THROW(WorkOff(100, 1, work), std::runtime_error);
-  EXPECT_EQ(started, 3);
 }
 
 }  // namespace
