@@ -8,7 +8,8 @@
 namespace kestrin::coverage {
 namespace {
 
-const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
+constexpr int kAcresWidth = 10;
+const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', kAcresWidth, 2}}};
 
 }  // namespace
 
@@ -59,10 +60,12 @@ void RingWriter::Put(const Batch& batch) {
   }
 }
 
-void RingWriter::EndRecord(double acres) {
+void RingWriter::EndRecord(double ofRing) {
   attributes_.Clear();
   attributes_.Add(shapefile::IntegerText(set_->RecordCount()).View(), shapefile::Keep::kRight);
-  attributes_.Add(shapefile::RoundedText(acres, 2).View(), shapefile::Keep::kLeft);
+  const shapefile::NumberText acres = shapefile::RoundedText(ofRing, 2);
+  attributes_.Add(acres.View(), shapefile::Keep::kLeft);
+  acres_ += shapefile::NumberIn(acres.View(), kAcresWidth);
   set_->EndRecord(attributes_.Bytes());
   last_.reset();
 }

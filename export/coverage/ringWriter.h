@@ -28,6 +28,9 @@ class RingWriter {
   /// Completes the set; false when there is none.
   bool Finish();
 
+  /// Of the rings written, added up as the records show them.
+  double Acres() const { return acres_; }
+
  private:
   /// Points of rings on their way from the plane to degrees. A long ring is in several.
   struct Batch : base::Crew::Task {
@@ -52,13 +55,14 @@ class RingWriter {
   };
 
   void Put(const Batch& batch);
-  void EndRecord(double acres);
+  void EndRecord(double ofRing);
 
   const std::string& basePath_;
   exports::ExportRun& run_;
   std::optional<shapefile::ShapefileSet> set_;
   shapefile::AttributeRecord attributes_;
   std::optional<geo::GeoPoint> last_;  // of the open record
+  double acres_ = 0;
   exports::InOrder<Batch> batches_;
 };
 

@@ -71,6 +71,7 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
   const Totals totals = Sum(pieces, runs.SweptSquareMetres());
   WriteNetSet(basePath, pieces, totals, offsets.Plane(), run);
   outcome.made = true;
+  outcome.figures = totals.Figures();
   outcome.summary.insert(0, totals.InWords());
   return outcome;
 }

@@ -51,6 +51,12 @@ std::string Totals::InWords() const {
          Tenths(gross * kAcresPerSquareMetre) + ", overlap " + Tenths(OverlapPerCent()) + " %";
 }
 
+std::vector<exports::Figure> Totals::Figures() const {
+  return {{"acres", shapefile::RoundTo(net * kAcresPerSquareMetre, 2)},
+          {"gross_acres", shapefile::RoundTo(gross * kAcresPerSquareMetre, 2)},
+          {"overlap_percent", shapefile::RoundTo(OverlapPerCent(), 2)}};
+}
+
 void WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pieces,
                  const Totals& totals, const geo::WorkingPlane& plane, exports::ExportRun& run) {
   shapefile::ShapefileSet set(run.files, basePath, shapefile::ShapeType::kPolygon, kFields,

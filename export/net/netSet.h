@@ -17,6 +17,9 @@ struct Totals {
   double OverlapPerCent() const;
   /// "net 98.1 acres (39.7 ha), swept 123.4, overlap 20.5 %".
   std::string InWords() const;
+  /// The same for machines, as the set's table shows them: "acres", "gross_acres",
+  /// "overlap_percent".
+  std::vector<exports::Figure> Figures() const;
 };
 
 /// Writes the pieces as a polygon set in degrees, each line valid there too. Yields in between.

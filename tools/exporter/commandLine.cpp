@@ -2,15 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <thread>
 
 #include "base/utf8Path.h"
 #include "export/exportKinds.h"
 #include "tools/exporter/exitCode.h"
+#include "tools/exporter/folderListing.h"
 
 namespace kestrin::exporter {
 namespace {
 
 constexpr const char* kEveryKind = "all";
+constexpr unsigned kMostThreads = 256;
 
 std::vector<std::string> KindNames() {
   std::vector<std::string> names;
@@ -30,6 +33,16 @@ std::vector<const exports::ExportKind*> KindsNamed(const std::vector<std::string
   }
   if (asked(exports::kNetKind.name)) kinds.push_back(&exports::kNetKind);
   return kinds;
+}
+
+/// Elsewhere "-" is a stream; taken for a name here it would leave files of that name behind.
+void RefuseDash(const std::string& option, const std::string& path) {
+  const std::size_t last = path.find_last_not_of("/\\");
+  if (last == 0 && path.front() == '-') {
+    throw CLI::ValidationError(option,
+                               "is \"-\", but neither jobs nor sets come by a stream; a "
+                               "file or folder of that name is \"./-\"");
+  }
 }
 
 }  // namespace
@@ -57,12 +70,26 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
   app.add_option("--jobs", options.jobs, "Work on so many jobs at once")
       ->capture_default_str()
       ->check(CLI::Range(1U, 256U));
+  options.threads = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+  app.add_option("--threads", options.threads,
+                 "Share the work among so many threads; default: as many as the machine has")
+      ->check(CLI::Range(1U, kMostThreads));
   app.add_flag("--all-sections", options.allSections,
                "For net: count the implement's full width, whatever sections were on");
   app.add_flag("--prj", options.prj, R"(Add ".prj" (NAD83) and ".cpg" to each set)");
+  app.add_flag("--summary", options.summary,
+               "Say of each job its dates, epochs, metres, acres, format and products; make no set")
+      ->excludes("--kind", "--out", "--base", "--prj");
+  app.add_flag("--recursive", options.recursive, "Look for job files in all folders below as well");
+  app.add_flag("--json", options.json, "A line of JSON on stdout per set, failure or summary");
   app.add_flag("--quiet", options.quiet, "No progress bar, no result lines");
-  app.add_option("JOB", options.jobPaths, "Job files")->required();
+  app.add_option("JOB", options.jobPaths,
+                 "Job files, and folders with job files (*.sqlite) in them")
+      ->required();
   app.callback([&] {
+    RefuseDash("--out", options.out);
+    RefuseDash("--base", options.base);
+    for (const std::string& path : options.jobPaths) RefuseDash("JOB", path);
     if (options.out.empty()) throw CLI::ValidationError("--out", "is empty");
     if (options.allSections && std::ranges::find(kinds, exports::kNetKind.name) == kinds.end()) {
       throw CLI::ValidationError("--all-sections", "goes with --kind net");
@@ -70,6 +97,9 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
     if (base->count() == 0) return;
     if (options.base.empty()) throw CLI::ValidationError("--base", "is empty");
     if (options.jobPaths.size() > 1) throw CLI::ValidationError("--base", "takes one JOB only");
+    if (IsFolder(base::WithOwnSeparators(options.jobPaths.front()))) {
+      throw CLI::ValidationError("--base", "takes a job file, not a folder");
+    }
   });
   try {
     app.parse(argc, argv);
