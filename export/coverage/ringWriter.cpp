@@ -59,12 +59,12 @@ void RingWriter::Put(const Batch& batch) {
   }
 }
 
-void RingWriter::EndRecord(double acres) {
+void RingWriter::EndRecord(double ofRing) {
   attributes_.Clear();
   attributes_.Add(shapefile::IntegerText(set_->RecordCount()).View(), shapefile::Keep::kRight);
-  const shapefile::NumberText text = shapefile::RoundedText(acres, 2);
-  attributes_.Add(text.View(), shapefile::Keep::kLeft);
-  acres_ += shapefile::NumberIn(text.View(), kFields[1].width);
+  const shapefile::NumberText acres = shapefile::RoundedText(ofRing, 2);
+  attributes_.Add(acres.View(), shapefile::Keep::kLeft);
+  acres_ += shapefile::NumberIn(acres.View(), kFields[1].width);
   set_->EndRecord(attributes_.Bytes());
   last_.reset();
 }

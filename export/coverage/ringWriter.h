@@ -55,14 +55,14 @@ class RingWriter {
   };
 
   void Put(const Batch& batch);
-  void EndRecord(double acres);
+  void EndRecord(double ofRing);
 
   const std::string& basePath_;
   exports::ExportRun& run_;
   std::optional<shapefile::ShapefileSet> set_;
   shapefile::AttributeRecord attributes_;
-  double acres_ = 0;
   std::optional<geo::GeoPoint> last_;  // of the open record
+  double acres_ = 0;
   exports::InOrder<Batch> batches_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <thread>
 
 #include "base/utf8Path.h"
 #include "export/exportKinds.h"
@@ -12,6 +13,7 @@ namespace kestrin::exporter {
 namespace {
 
 constexpr const char* kEveryKind = "all";
+constexpr unsigned kMostThreads = 256;
 
 std::vector<std::string> KindNames() {
   std::vector<std::string> names;
@@ -68,6 +70,10 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
   app.add_option("--jobs", options.jobs, "Work on so many jobs at once")
       ->capture_default_str()
       ->check(CLI::Range(1U, 256U));
+  options.threads = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+  app.add_option("--threads", options.threads,
+                 "Share the work among so many threads; default: as many as the machine has")
+      ->check(CLI::Range(1U, kMostThreads));
   app.add_flag("--all-sections", options.allSections,
                "For net: count the implement's full width, whatever sections were on");
   app.add_flag("--prj", options.prj, R"(Add ".prj" (NAD83) and ".cpg" to each set)");

@@ -68,9 +68,9 @@ bool ReadTimes(jobstore::Job& job, const DateRules& dates, SetHost& host, JobSum
 
 /// What the set of a kind would come to, without making it.
 std::optional<double> FigureOf(const exports::ExportKind& kind, const std::string& jobPath,
-                               SetHost& host) {
+                               SetHost& host, base::Crew& crew) {
   NoFiles files;
-  exports::ExportRun run{host, files, {}};
+  exports::ExportRun run{host, files, {}, false, &crew};
   try {
     // Any name will do, but none would be no set.
     const exports::ExportOutcome outcome = kind.procedure("summary", jobPath, run);
@@ -92,7 +92,7 @@ std::string Days(const JobSummary& summary) {
 }  // namespace
 
 std::optional<JobSummary> Summarise(const std::string& jobPath, const DateRules& dates,
-                                    SetHost& host) {
+                                    SetHost& host, base::Crew& crew) {
   JobSummary summary;
   summary.jobPath = jobPath;
   {
@@ -104,8 +104,8 @@ std::optional<JobSummary> Summarise(const std::string& jobPath, const DateRules&
     if (!ReadTimes(job, dates, host, summary)) return std::nullopt;
     summary.format = jobstore::RecordedFormat(job);
   }
-  summary.metres = FigureOf(exports::kExportKinds[0], jobPath, host);
-  summary.acres = FigureOf(exports::kExportKinds[2], jobPath, host);
+  summary.metres = FigureOf(exports::kExportKinds[0], jobPath, host, crew);
+  summary.acres = FigureOf(exports::kExportKinds[2], jobPath, host, crew);
   return summary;
 }
 

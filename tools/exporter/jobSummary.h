@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/crew.h"
 #include "tools/exporter/jobPlan.h"
 
 namespace kestrin::exporter {
@@ -41,7 +42,7 @@ inline constexpr int kSummaryWalks = 3;
 /// the host. Throws RunCancelled when the process is asked to stop.
 /// Failure: nothing, where the job cannot be opened or its GPS rows cannot be queried.
 std::optional<JobSummary> Summarise(const std::string& jobPath, const DateRules& dates,
-                                    SetHost& host);
+                                    SetHost& host, base::Crew& crew);
 
 /// "north.sqlite: 2025Jun3, 600 epochs, 834.2 meters, 1.5 acres, format 3.2.8-1, products Corn".
 std::string InWords(const JobSummary& summary);

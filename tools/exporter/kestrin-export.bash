@@ -15,12 +15,12 @@ _kestrin_export() {
   local -a wanted=()
   case $option in
     --kind) wanted=(-W 'wire boom poly point net all') ;;
-    --jobs) wanted=(-W '1 2 4 8 16') ;;
+    --jobs | --threads) wanted=(-W '1 2 4 8 16') ;;
     --out) wanted=(-d) ;;
     --base) wanted=(-f) ;;
     *)
       if [[ $word == -* ]]; then
-        wanted=(-W '--kind --out --base --jobs --all-sections --prj --summary --recursive --json
+        wanted=(-W '--kind --out --base --jobs --threads --all-sections --prj --summary --recursive --json
                     --quiet --help --version')
       fi
       ;;

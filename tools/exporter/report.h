@@ -12,7 +12,7 @@ struct MadeSet {
   std::string jobPath;
   std::string_view kind;
   std::string path;  ///< of its .shp
-  const exports::ExportOutcome& outcome;
+  exports::ExportOutcome outcome;
 };
 
 /// Tells what comes of a run: on stdout in words or, for machines, as a line of JSON each; what

@@ -1,5 +1,6 @@
 #include <regex>
 
+#include "tests/support/database.h"
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {
@@ -110,7 +111,8 @@ TEST_F(ExportCommand, ProjectionFilesComeOnlyWhenAskedFor) {
 }
 
 TEST_F(ExportCommand, SeveralJobsAtOnceMakeTheSameSets) {
-  std::vector<std::string> one{"--out", "one"}, four{"--jobs", "4", "--out", "four"};
+  std::vector<std::string> one{"--threads", "1", "--out", "one"};
+  std::vector<std::string> four{"--jobs", "4", "--threads", "3", "--out", "four"};
   for (const char* name : {"a", "b", "c", "d", "e"}) {
     Sample(name + std::string(".sqlite"), 900);
     one.push_back(name + std::string(".sqlite"));
@@ -127,6 +129,19 @@ TEST_F(ExportCommand, SeveralJobsAtOnceMakeTheSameSets) {
     const auto other = folder_.Path() / "four" / entry.path().lexically_relative(folder_ / "one");
     EXPECT_TRUE(FileBytes(base::Utf8Of(entry.path())) == FileBytes(base::Utf8Of(other))) << other;
   }
+}
+
+TEST_F(ExportCommand, KindsMadeSideBySideAreToldInTheirOrder) {
+  Sample("a.sqlite", 3000);
+  // Without its targets the boom set has something to say.
+  test::Database(Sample("b.sqlite", 3000)).Execute("DROP TABLE AsAppliedDesRateChangeTable");
+  const CommandResult alone = Run({"--threads", "1", "--out", "x", "a.sqlite", "b.sqlite"});
+  const CommandResult together = Run({"--threads", "8", "--out", "x", "a.sqlite", "b.sqlite"});
+  EXPECT_THAT(alone.out, HasSubstr("_WIRE.shp"));
+  EXPECT_THAT(alone.err, HasSubstr("b.sqlite: boom: "));
+  EXPECT_EQ(together.out, alone.out);
+  EXPECT_EQ(together.err, alone.err);
+  EXPECT_EQ(together.code, alone.code);
 }
 
 TEST_F(ExportCommand, LeavesJobAndItsFolderAsTheyAre) {
@@ -166,6 +181,7 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"--kind"},
                       std::vector<std::string>{"--jobs", "0", "a.sqlite"},
                       std::vector<std::string>{"--jobs", "many", "a.sqlite"},
+                      std::vector<std::string>{"--threads", "0", "a.sqlite"},
                       std::vector<std::string>{"--base", "x", "a.sqlite", "b.sqlite"},
                       std::vector<std::string>{"--base", "x", "--out", "y", "a.sqlite"},
                       std::vector<std::string>{"--base", "", "a.sqlite"},

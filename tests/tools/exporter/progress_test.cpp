@@ -1,18 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <memory>
 #include <regex>
-#include <stdexcept>
 #include <thread>
 
 #include "tests/support/tempFolder.h"
 #include "tools/exporter/console.h"
 #include "tools/exporter/progressBar.h"
-#include "tools/exporter/workers.h"
 
 namespace kestrin::exporter {
 namespace {
@@ -79,25 +76,6 @@ TEST(ConsoleBar, TellsTheTimeThatAllSetsToComeWillTake) {
   EXPECT_LE(std::stoi(told[1]), 600 / 1.1);
   EXPECT_NEAR(std::stoi(told[2]), 3500 / std::stod(told[1]), 1);
   console.EndSet(second);
-}
-
-TEST(WorkOff, DoesEverythingOnceWhateverTheNumberOfWorkers) {
-  for (const unsigned workers : {1U, 3U, 50U}) {
-    std::vector<std::atomic<int>> done(20);
-    WorkOff(done.size(), workers, [&](std::size_t i) { ++done[i]; });
-    for (const auto& count : done) EXPECT_EQ(count, 1);
-  }
-  WorkOff(0, 4, [](std::size_t) { FAIL(); });
-}
-
-TEST(WorkOff, ThrowsTheFirstFailureAndStartsNothingMore) {
-  std::atomic<int> started{0};
-  const auto work = [&](std::size_t i) {
-    ++started;
-    if (i == 2) throw std::runtime_error("third");
-  };
-  EXPECT_THROW(WorkOff(100, 1, work), std::runtime_error);
-  EXPECT_EQ(started, 3);
 }
 
 }  // namespace
