@@ -14,13 +14,24 @@ namespace {
 
 constexpr const char* kEveryKind = "all";
 constexpr unsigned kMostThreads = 256;
+/// The kind that --all-sections is of.
+constexpr const char* kNet = "net";
 
 std::vector<std::string> KindNames() {
   std::vector<std::string> names;
   for (const exports::ExportKind& kind : exports::kExportKinds) names.emplace_back(kind.name);
-  names.emplace_back(exports::kNetKind.name);
+  for (const exports::ExportKind& kind : exports::kNamedKinds) names.emplace_back(kind.name);
   names.emplace_back(kEveryKind);
   return names;
+}
+
+std::string KindHelp() {
+  std::string help =
+      "Kind of set, any number of times; default: all, which is wire, boom, poly and point";
+  for (const exports::ExportKind& kind : exports::kNamedKinds) {
+    help.append(". ").append(kind.name).append(" is ").append(kind.purpose);
+  }
+  return help;
 }
 
 std::vector<const exports::ExportKind*> KindsNamed(const std::vector<std::string>& names) {
@@ -31,7 +42,9 @@ std::vector<const exports::ExportKind*> KindsNamed(const std::vector<std::string
   for (const exports::ExportKind& kind : exports::kExportKinds) {
     if (names.empty() || asked(kEveryKind) || asked(kind.name)) kinds.push_back(&kind);
   }
-  if (asked(exports::kNetKind.name)) kinds.push_back(&exports::kNetKind);
+  for (const exports::ExportKind& kind : exports::kNamedKinds) {
+    if (asked(kind.name)) kinds.push_back(&kind);
+  }
   return kinds;
 }
 
@@ -49,14 +62,9 @@ void RefuseDash(const std::string& option, const std::string& path) {
 
 std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOptions& options) {
   std::vector<std::string> kinds;
-  CLI::App app("Writes the shapefile sets of job files: wire, boom, poly and point, and net.",
-               "kestrin-export");
+  CLI::App app("Writes the shapefile sets of job files.", "kestrin-export");
   app.set_version_flag("--version", "kestrin-export " KESTRIN_VERSION);
-  app.add_option("--kind", kinds,
-                 "Kind of set, any number of times; default: all, which is "
-                 "wire, boom, poly and point. net is the ground really covered, overlap counted "
-                 "once, under the sections that were on; its width is the implement row's own, "
-                 "where that of poly adds up")
+  app.add_option("--kind", kinds, KindHelp())
       ->allow_extra_args(false)
       ->check(CLI::IsMember(KindNames()));
   CLI::Option* out =
@@ -91,7 +99,7 @@ std::optional<int> ParseCommandLine(int argc, const char* const* argv, ExportOpt
     RefuseDash("--base", options.base);
     for (const std::string& path : options.jobPaths) RefuseDash("JOB", path);
     if (options.out.empty()) throw CLI::ValidationError("--out", "is empty");
-    if (options.allSections && std::ranges::find(kinds, exports::kNetKind.name) == kinds.end()) {
+    if (options.allSections && std::ranges::find(kinds, kNet) == kinds.end()) {
       throw CLI::ValidationError("--all-sections", "goes with --kind net");
     }
     if (base->count() == 0) return;

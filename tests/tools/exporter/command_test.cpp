@@ -1,5 +1,6 @@
 #include <regex>
 
+#include "export/exportKinds.h"
 #include "tests/support/database.h"
 #include "tests/tools/exporter/exportFixture.h"
 
@@ -55,6 +56,15 @@ TEST_F(ExportCommand, NetIsMadeWhenNamedBehindTheOthersAndSaysItsFiguresInWords)
   EXPECT_EQ(run.code, 0);
   EXPECT_TRUE(HasSet("x_NET"));
   EXPECT_EQ(FilesBelow("."), 7);
+}
+
+TEST_F(ExportCommand, HelpSaysWhatEachKindIsThatIsMadeByNameOnly) {
+  const std::string help = Run({"--help"}).out;
+  EXPECT_FALSE(exports::kNamedKinds.empty());
+  for (const exports::ExportKind& kind : exports::kNamedKinds) {
+    EXPECT_THAT(help, HasSubstr(std::string(kind.name).append(" is ").append(kind.purpose)));
+    EXPECT_THAT(help, HasSubstr(std::string(",").append(kind.name).append(",")));
+  }
 }
 
 TEST_F(ExportCommand, AllSectionsMakesAnotherNet) {
