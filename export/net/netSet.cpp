@@ -26,17 +26,17 @@ std::string Tenths(double value) {
   return {text.data(), end.ptr};
 }
 
-void WriteLine(shapefile::ShapefileSet& set, const DegreeLine& line) {
-  for (const geo::GeoPoint& point : line) set.AddVertex(point);
+void WriteLine(shapefile::ShapefileSet& set, const ground::Line& degrees) {
+  for (const geo::UtmPoint& point : degrees) set.AddVertex({point.easting, point.northing});
 }
 
-void WritePiece(shapefile::ShapefileSet& set, const DegreePiece& piece,
+void WritePiece(shapefile::ShapefileSet& set, const ground::Piece& degrees,
                 std::string_view attributes) {
-  set.BeginRecord(piece.lines.size());
-  WriteLine(set, piece.lines.front());
-  for (std::size_t hole = 1; hole < piece.lines.size(); ++hole) {
+  set.BeginRecord(1 + degrees.holes.size());
+  WriteLine(set, degrees.shell);
+  for (const ground::Line& hole : degrees.holes) {
     set.BeginPart();
-    WriteLine(set, piece.lines[hole]);
+    WriteLine(set, hole);
   }
   set.EndRecord(attributes);
 }
@@ -58,14 +58,14 @@ void WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& piece
   shapefile::AttributeRecord attributes(kFields);
   DegreePieces degrees(plane);
   for (const NetPiece& piece : pieces) {
-    for (const DegreePiece& written : degrees.Of(piece, run.host)) {
+    for (const NetPiece& written : degrees.Of(piece, run.host)) {
       attributes.Clear();
       attributes.Add(shapefile::IntegerText(set.RecordCount()).View(), shapefile::Keep::kRight);
       for (const double value : {written.squareMetres * kAcresPerSquareMetre,
                                  totals.gross * kAcresPerSquareMetre, totals.OverlapPerCent()}) {
         attributes.Add(shapefile::RoundedText(value, 2).View(), shapefile::Keep::kLeft);
       }
-      WritePiece(set, written, attributes.Bytes());
+      WritePiece(set, written.outline, attributes.Bytes());
     }
   }
   set.Commit();
