@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #include "bench/floors.h"
@@ -74,6 +75,23 @@ std::vector<Geos::Area> QuadsOf(const std::string& path, Geos& geos) {
   return quads;
 }
 
+/// A sample job in a folder of its own, and what exporting it needs.
+struct Trial {
+  Trial(const char* profile, std::int64_t rows) {
+    sample::MakeSampleJob(job, {.profile = profile, .rows = rows});
+  }
+
+  double SecondsOfNet() {
+    return SecondsOf([&] { net::ExportNetShape(folder / "job_NET", job, run); });
+  }
+
+  bench::ScratchFolder folder;
+  std::string job = folder / "job.sqlite";
+  bench::SilentHost host;
+  std::unique_ptr<base::FileSystem> files = base::NativeFileSystem();
+  exports::ExportRun run{host, *files, {}};
+};
+
 /// The ground that the export writes, in metres.
 Geos::Area NetGroundOf(const std::string& path, Geos& geos) {
   bench::SilentHost host;
@@ -82,27 +100,23 @@ Geos::Area NetGroundOf(const std::string& path, Geos& geos) {
   net::Track track(setups, false);
   for (const Row& row : RowsOf(job)) track.Add(row.at, row.yaw, 0, row.on, row.begins);
   std::vector<Geos::Area> areas;
-  for (const ground::Piece& piece : net::NetGround(net::Runs(track, host), host)) {
+  for (const ground::Piece& piece : net::NetGround(track, host).pieces) {
     areas.push_back(geos.Inside(piece));
   }
   return geos.Union(std::move(areas));
 }
 
 void NetExport(benchmark::State& state, const char* profile) {
-  const bench::ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  sample::MakeSampleJob(job, {.profile = profile, .rows = state.range(0)});
-  bench::SilentHost host;
-  const auto files = base::NativeFileSystem();
-  exports::ExportRun run{host, *files, {}};
+  Trial trial(profile, state.range(0));
   double whole = 0;
   double poly = 0;
   double peak = 0;
   for (auto iteration : state) {
-    poly += SecondsOf([&] { coverage::ExportPolyShape(folder / "job_POLY", job, run); });
+    poly += SecondsOf(
+        [&] { coverage::ExportPolyShape(trial.folder / "job_POLY", trial.job, trial.run); });
     bench::ResetPeakMemory();
     const double before = bench::PeakMemory();
-    const double seconds = SecondsOf([&] { net::ExportNetShape(folder / "job_NET", job, run); });
+    const double seconds = trial.SecondsOfNet();
     peak = bench::PeakMemory() - before;
     state.SetIterationTime(seconds);
     whole += seconds;
@@ -113,24 +127,19 @@ void NetExport(benchmark::State& state, const char* profile) {
 }
 
 void NetAgainstGeos(benchmark::State& state, const char* profile) {
-  const bench::ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  sample::MakeSampleJob(job, {.profile = profile, .rows = state.range(0)});
-  bench::SilentHost host;
-  const auto files = base::NativeFileSystem();
-  exports::ExportRun run{host, *files, {}};
+  Trial trial(profile, state.range(0));
   Geos geos;
   double ours = 0;
   double theirs = 0;
   double differing = 0;
   for (auto iteration : state) {
-    const double seconds = SecondsOf([&] { net::ExportNetShape(folder / "job_NET", job, run); });
+    const double seconds = trial.SecondsOfNet();
     state.SetIterationTime(seconds);
     ours += seconds;
-    std::vector<Geos::Area> quads = QuadsOf(job, geos);
+    std::vector<Geos::Area> quads = QuadsOf(trial.job, geos);
     Geos::Area all;
     theirs += SecondsOf([&] { all = geos.Union(std::move(quads)); });
-    const Geos::Area ground = NetGroundOf(job, geos);
+    const Geos::Area ground = NetGroundOf(trial.job, geos);
     const Geos::Area other = geos.Own(GEOSSymDifference_r(geos.Handle(), all.get(), ground.get()));
     differing = geos.SquareMetres(other) / geos.SquareMetres(all);
   }

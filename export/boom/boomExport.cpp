@@ -90,11 +90,7 @@ class BoomLayer {
 
   void LayAll() {
     for (std::size_t entry = 0; entry < timeline_.Entries().size(); ++entry) {
-      if (periods_.Prepared()) {
-        ReadPeriod(entry);
-      } else {
-        host_.ShowMessage(exports::NotPreparedText(periods_.Result()));
-      }
+      if (exports::IsPreparedOrTold(periods_, host_)) ReadPeriod(entry);
     }
     batches_.Finish();
   }
@@ -183,10 +179,7 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
   shapefile::RemoveSet(run.files, basePath);
 
   jobstore::Job job(jobPath, run.host);
-  if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
-    return outcome;
-  }
+  if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   std::vector<jobstore::ReferenceRow> references;
   exports::ForEachRow<jobstore::References>(
       job, run.host, [&](const jobstore::ReferenceRow& row) { references.push_back(row); });

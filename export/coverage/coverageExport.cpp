@@ -3,6 +3,7 @@
 #include "export/coverage/polygonBuilder.h"
 #include "export/coverage/ringWriter.h"
 #include "export/coverage/widths.h"
+#include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
@@ -16,17 +17,14 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   exports::ExportOutcome outcome;
   shapefile::RemoveSet(run.files, basePath);
   jobstore::Job job(jobPath, run.host);
-  if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
-    return outcome;
-  }
+  if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
-  if (!offsets.Prepared()) run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
+  exports::IsPreparedOrTold(offsets, run.host);
   if (!offsets.HasReference()) return outcome;
 
   WidthTimeline widths = ReadWidths(job, run.host);
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
-  if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
+  exports::IsPreparedOrTold(epochs, run.host);
 
   RingMaker rings(offsets.Plane(), run.host);
   RingWriter writer(basePath, offsets.Plane(), run);

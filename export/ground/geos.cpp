@@ -130,8 +130,26 @@ Geos::Area Geos::Difference(const Area& from, const Area& what) {
   return Own(GEOSDifferencePrec_r(handle_, from.get(), what.get(), kGrid));
 }
 
+Geos::Area Geos::Way(std::span<const geo::UtmPoint> line) {
+  return Own(GEOSGeom_createLineString_r(handle_, PointsOf(line)));
+}
+
+Geos::Area Geos::Enclosed(const std::vector<Area>& ways) {
+  std::vector<const GEOSGeometry*> given;
+  given.reserve(ways.size());
+  for (const Area& way : ways) given.push_back(way.get());
+  return Own(GEOSPolygonize_valid_r(handle_, given.data(), static_cast<unsigned>(given.size())));
+}
+
+bool Geos::AreWithin(const Area& one, const Area& other, double metres) {
+  const Prepared prepared = Prepare(one);
+  const char answer = GEOSPreparedDistanceWithin_r(handle_, prepared.get(), other.get(), metres);
+  if (answer > 1) throw GeometryError(words_);
+  return answer == 1;
+}
+
 Geos::Area Geos::HullOf(const Line& points, double around) {
-  const Area line = Own(GEOSGeom_createLineString_r(handle_, PointsOf(points)));
+  const Area line = Way(points);
   const Area hull = Own(GEOSConvexHull_r(handle_, line.get()));
   return Own(GEOSBuffer_r(handle_, hull.get(), around, 1));
 }
@@ -140,14 +158,15 @@ Geos::Area Geos::OnGrid(const Area& area, double metres) {
   return Own(GEOSGeom_setPrecision_r(handle_, area.get(), metres, 0));
 }
 
+Geos::Prepared Geos::Prepare(const Area& area) {
+  Prepared prepared(GEOSPrepare_r(handle_, area.get()), DestroyPrepared{handle_});
+  if (!prepared) throw GeometryError(words_);
+  return prepared;
+}
+
 std::vector<std::array<geo::UtmPoint, 2>> Geos::WaysTo(const Area& area,
                                                        std::span<const Area> others) {
-  const auto destroy = [this](const GEOSPreparedGeometry* prepared) {
-    GEOSPreparedGeom_destroy_r(handle_, prepared);
-  };
-  const std::unique_ptr<const GEOSPreparedGeometry, decltype(destroy)> prepared(
-      GEOSPrepare_r(handle_, area.get()), destroy);
-  if (!prepared) throw GeometryError(words_);
+  const Prepared prepared = Prepare(area);
   std::vector<std::array<geo::UtmPoint, 2>> ways(others.size());
   for (std::size_t i = 0; i < others.size(); ++i) {
     GEOSCoordSequence* points =

@@ -38,6 +38,13 @@ class Geos {
     GEOSContextHandle_t handle;
     void operator()(GEOSGeometry* geometry) const { GEOSGeom_destroy_r(handle, geometry); }
   };
+  struct DestroyPrepared {
+    GEOSContextHandle_t handle;
+    void operator()(const GEOSPreparedGeometry* prepared) const {
+      GEOSPreparedGeom_destroy_r(handle, prepared);
+    }
+  };
+  using Prepared = std::unique_ptr<const GEOSPreparedGeometry, DestroyPrepared>;
 
  public:
   /// Any area: none, one piece or several. Empty (null) ones may only be overwritten.
@@ -65,6 +72,14 @@ class Geos {
   Area Collection(std::vector<Area> areas);
   Area Difference(const Area& from, const Area& what);
 
+  /// An open line of at least two points, and what lines enclose that meet at their ends only:
+  /// areas from the outside in, by turns with and without.
+  Area Way(std::span<const geo::UtmPoint> line);
+  Area Enclosed(const std::vector<Area>& ways);
+
+  /// Whether two areas are so many metres apart, or less.
+  bool AreWithin(const Area& one, const Area& other, double metres);
+
   /// The convex hull of points, with so many metres around it.
   Area HullOf(const Line& points, double around);
 
@@ -89,6 +104,7 @@ class Geos {
   Area Own(GEOSGeometry* geometry);
 
  private:
+  Prepared Prepare(const Area& area);
   bool IsClockwise(const GEOSCoordSequence* points);
   GEOSCoordSequence* PointsOf(std::span<const geo::UtmPoint> line);
   GEOSGeometry* RingOf(std::span<const geo::UtmPoint> line);

@@ -38,28 +38,8 @@ Geos::Area GridAreas::Clipped(const Geos::Area& area, const geo::Box& box) {
       GEOSClipByRect_r(geos_.Handle(), area.get(), box.xMin, box.yMin, box.xMax, box.yMax));
 }
 
-Geos::Area GridAreas::Less(const Geos::Area& area, const Geos::Area& other) {
-  return geos_.Own(GEOSDifferencePrec_r(geos_.Handle(), area.get(), other.get(), 1 / perMetre_));
-}
-
-std::vector<Geos::Area> GridAreas::Pieces(const Geos::Area& area) {
-  std::vector<Geos::Area> pieces;
-  const int count = GEOSGetNumGeometries_r(geos_.Handle(), area.get());
-  for (int i = 0; i < count; ++i) {
-    const GEOSGeometry* part = GEOSGetGeometryN_r(geos_.Handle(), area.get(), i);
-    if (GEOSGeomTypeId_r(geos_.Handle(), part) != GEOS_POLYGON) continue;
-    if (GEOSisEmpty_r(geos_.Handle(), part) != 0) continue;
-    pieces.push_back(geos_.Own(GEOSGeom_clone_r(geos_.Handle(), part)));
-  }
-  return pieces;
-}
-
-geo::UtmPoint GridAreas::PointWithin(const Geos::Area& piece) {
-  const Geos::Area point = geos_.Own(GEOSPointOnSurface_r(geos_.Handle(), piece.get()));
-  geo::UtmPoint at;
-  GEOSGeomGetX_r(geos_.Handle(), point.get(), &at.easting);
-  GEOSGeomGetY_r(geos_.Handle(), point.get(), &at.northing);
-  return at;
+Geos::Area GridAreas::Common(const Geos::Area& area, const Geos::Area& other) {
+  return geos_.Own(GEOSIntersectionPrec_r(geos_.Handle(), area.get(), other.get(), 1 / perMetre_));
 }
 
 }  // namespace kestrin::ground

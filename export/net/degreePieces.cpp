@@ -15,20 +15,6 @@ namespace {
 using ground::Line;
 using ground::Piece;
 
-void AddLine(const Line& line, DegreePiece& piece) {
-  DegreeLine& degrees = piece.lines.emplace_back();
-  degrees.reserve(line.size());
-  for (const geo::UtmPoint& point : line) degrees.push_back({point.easting, point.northing});
-}
-
-DegreePiece WithLinesOf(const Piece& outline, double squareMetres) {
-  DegreePiece piece;
-  AddLine(outline.shell, piece);
-  for (const Line& hole : outline.holes) AddLine(hole, piece);
-  piece.squareMetres = squareMetres;
-  return piece;
-}
-
 /// A line of this many metres is bent by less than half of the grid's millimetre.
 constexpr double kLongestLine = 90;
 
@@ -78,20 +64,19 @@ Line DegreePieces::Projected(const Line& line, base::RunHost& host) const {
   return degrees;
 }
 
-std::vector<DegreePiece> DegreePieces::Of(const NetPiece& piece, base::RunHost& host) {
-  Piece degrees{Projected(piece.outline.shell, host), {}};
-  for (const Line& hole : piece.outline.holes) degrees.holes.push_back(Projected(hole, host));
-  if (PointsOf(piece.outline) > kFew) return {WithLinesOf(degrees, piece.squareMetres)};
-  const ground::Geos::Area area = geos_.Inside(degrees);
-  if (geos_.IsValid(area)) return {WithLinesOf(degrees, piece.squareMetres)};
-
-  std::vector<DegreePiece> parts;
-  double sum = 0;
-  for (const NetPiece& part : InOrder(geos_.Pieces(geos_.Mended(area)))) {
-    parts.push_back(WithLinesOf(part.outline, part.squareMetres));
-    sum += part.squareMetres;
+std::vector<NetPiece> DegreePieces::Of(const NetPiece& piece, base::RunHost& host) {
+  NetPiece degrees{{Projected(piece.outline.shell, host), {}}, piece.squareMetres};
+  for (const Line& hole : piece.outline.holes) {
+    degrees.outline.holes.push_back(Projected(hole, host));
   }
-  for (DegreePiece& part : parts) part.squareMetres *= piece.squareMetres / sum;
+  if (PointsOf(piece.outline) > kFew) return {degrees};
+  const ground::Geos::Area area = geos_.Inside(degrees.outline);
+  if (geos_.IsValid(area)) return {degrees};
+
+  std::vector<NetPiece> parts = InOrder(geos_.Pieces(geos_.Mended(area)));
+  double sum = 0;
+  for (const NetPiece& part : parts) sum += part.squareMetres;
+  for (NetPiece& part : parts) part.squareMetres *= piece.squareMetres / sum;
   return parts;
 }
 

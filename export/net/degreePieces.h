@@ -10,16 +10,7 @@
 
 namespace kestrin::net {
 
-/// A closed line in degrees.
-using DegreeLine = std::vector<geo::GeoPoint>;
-
-/// A piece as it is written: its outer line, clockwise, then those of its holes.
-struct DegreePiece {
-  std::vector<DegreeLine> lines;
-  double squareMetres = 0;  ///< in the plane
-};
-
-/// Turns pieces of ground into degrees.
+/// Turns pieces of ground into degrees: eastings into longitudes, northings into latitudes.
 ///
 /// What is valid in metres need not be valid in degrees: straight lines of the plane are bent
 /// there. Long ones get points in between, so that none rises by more than half of what the grid
@@ -31,7 +22,7 @@ class DegreePieces {
   explicit DegreePieces(const geo::WorkingPlane& plane) : plane_(plane) {}
 
   /// Yields in between.
-  std::vector<DegreePiece> Of(const NetPiece& piece, base::RunHost& host);
+  std::vector<NetPiece> Of(const NetPiece& piece, base::RunHost& host);
 
  private:
   ground::Line Projected(const ground::Line& line, base::RunHost& host) const;

@@ -4,9 +4,9 @@
 
 #include "export/net/netGround.h"
 #include "export/net/netSet.h"
-#include "export/net/runs.h"
 #include "export/net/setups.h"
 #include "export/net/track.h"
+#include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/epochs.h"
@@ -44,17 +44,14 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
   exports::ExportOutcome outcome;
   shapefile::RemoveSet(run.files, basePath);
   jobstore::Job job(jobPath, run.host);
-  if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
-    return outcome;
-  }
+  if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
-  if (!offsets.Prepared()) run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
+  exports::IsPreparedOrTold(offsets, run.host);
   if (!offsets.HasReference()) return outcome;
 
   Setups setups = ReadSetups(job, run.host);
   jobstore::Query<jobstore::BoomEpochs> epochs(job);
-  if (!epochs.Prepared()) run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
+  exports::IsPreparedOrTold(epochs, run.host);
 
   Track track(setups, run.allSections);
   outcome.epochs =
@@ -65,10 +62,10 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
   outcome.lastStep = epochs.LastStep();
 
   outcome.summary = InWords(track.Missing());
-  const Runs runs(track, run.host);
-  const std::vector<NetPiece> pieces = InOrder(NetGround(runs, run.host));
+  Ground ground = NetGround(track, run.host);
+  const std::vector<NetPiece> pieces = InOrder(std::move(ground.pieces));
   if (pieces.empty() || basePath.empty()) return outcome;
-  const Totals totals = Sum(pieces, runs.SweptSquareMetres());
+  const Totals totals = Sum(pieces, ground.sweptSquareMetres);
   outcome.figures = totals.Figures(WriteNetSet(basePath, pieces, totals, offsets.Plane(), run));
   outcome.made = true;
   outcome.summary.insert(0, totals.InWords());

@@ -17,7 +17,7 @@ namespace kestrin::net {
 ///
 /// The outcome's summary says the figures, and what was left out because it cannot be true. A
 /// job without ground makes no set. The set's old files go first, in every case. Memory grows
-/// with the rows: about 200 bytes each with 16 sections.
+/// with the rows: 300 to 600 bytes each with 16 sections.
 /// Failure: a job that cannot be opened is told to the host, and no set is made. A table that
 /// cannot be queried is told and left out. A file that cannot be written throws base::FileError.
 exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::string& jobPath,

@@ -26,17 +26,17 @@ std::string Tenths(double value) {
   return {text.data(), end.ptr};
 }
 
-void WriteLine(shapefile::ShapefileSet& set, const DegreeLine& line) {
-  for (const geo::GeoPoint& point : line) set.AddVertex(point);
+void WriteLine(shapefile::ShapefileSet& set, const ground::Line& degrees) {
+  for (const geo::UtmPoint& point : degrees) set.AddVertex({point.easting, point.northing});
 }
 
-void WritePiece(shapefile::ShapefileSet& set, const DegreePiece& piece,
+void WritePiece(shapefile::ShapefileSet& set, const ground::Piece& degrees,
                 std::string_view attributes) {
-  set.BeginRecord(piece.lines.size());
-  WriteLine(set, piece.lines.front());
-  for (std::size_t hole = 1; hole < piece.lines.size(); ++hole) {
+  set.BeginRecord(1 + degrees.holes.size());
+  WriteLine(set, degrees.shell);
+  for (const ground::Line& hole : degrees.holes) {
     set.BeginPart();
-    WriteLine(set, piece.lines[hole]);
+    WriteLine(set, hole);
   }
   set.EndRecord(attributes);
 }
@@ -65,7 +65,7 @@ double WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pie
   DegreePieces degrees(plane);
   double acres = 0;
   for (const NetPiece& piece : pieces) {
-    for (const DegreePiece& written : degrees.Of(piece, run.host)) {
+    for (const NetPiece& written : degrees.Of(piece, run.host)) {
       attributes.Clear();
       attributes.Add(shapefile::IntegerText(set.RecordCount()).View(), shapefile::Keep::kRight);
       for (const double value : {written.squareMetres * kAcresPerSquareMetre,
@@ -75,7 +75,7 @@ double WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pie
       acres += shapefile::NumberIn(
           shapefile::RoundedText(written.squareMetres * kAcresPerSquareMetre, 2).View(),
           kFields[1].width);
-      WritePiece(set, written, attributes.Bytes());
+      WritePiece(set, written.outline, attributes.Bytes());
     }
   }
   set.Commit();

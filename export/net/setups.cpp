@@ -57,13 +57,13 @@ void Setup::FindNeighbours() {
            std::fabs(other.left - one.right) <= kJoint &&
            std::fabs(other.ahead - one.ahead) <= kJoint;
   };
-  next_.fill(kNone);
-  std::array<bool, kWhole> taken{};
+  left_.fill(kNone);
+  right_.fill(kNone);
   for (std::uint8_t one = 0; one < kWhole; ++one) {
-    for (std::uint8_t other = 0; other < kWhole && next_[one] == kNone; ++other) {
-      if (taken[other] || !touch(sections_[one], sections_[other])) continue;
-      next_[one] = other;
-      taken[other] = true;
+    for (std::uint8_t other = 0; other < kWhole && right_[one] == kNone; ++other) {
+      if (left_[other] != kNone || !touch(sections_[one], sections_[other])) continue;
+      right_[one] = other;
+      left_[other] = one;
     }
   }
 }

@@ -41,8 +41,10 @@ class Setup {
 
   const Section& operator[](std::uint8_t section) const { return sections_[section]; }
 
-  /// The section that begins, to the millimetres of its offsets, where this one ends; or kNone.
-  std::uint8_t NextTo(std::uint8_t section) const { return next_[section]; }
+  /// The section that begins, to the millimetres of its offsets, where this one ends, and the
+  /// one that ends where this one begins; or kNone.
+  std::uint8_t RightOf(std::uint8_t section) const { return right_[section]; }
+  std::uint8_t LeftOf(std::uint8_t section) const { return left_[section]; }
 
   /// Whether all of it lies within a kilometre of the antenna. No machine is larger; what
   /// is, or is no number, was recorded wrongly.
@@ -52,7 +54,8 @@ class Setup {
   void FindNeighbours();
 
   std::array<Section, jobstore::kSectionSlots + 1> sections_;
-  std::array<std::uint8_t, jobstore::kSectionSlots> next_{};
+  std::array<std::uint8_t, jobstore::kSectionSlots + 1> left_{};
+  std::array<std::uint8_t, jobstore::kSectionSlots + 1> right_{};
 };
 
 /// A job's setups over GPS time.

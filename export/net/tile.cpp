@@ -1,127 +1,111 @@
 #include "export/net/tile.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
-
-#include "export/net/apart.h"
-#include "export/net/quad.h"
 
 namespace kestrin::net {
 namespace {
 
+using ground::Clearance;
 using ground::Geos;
-using ground::GridAreas;
 
-/// Longer outlines are seldom simple, and no cheaper to join.
-constexpr std::uint32_t kMostStepsTogether = 256;
+/// Wider than what the grid moves points by.
+constexpr double kGap = 0.002;
+constexpr double kStep = 0.001;
+
+/// To compare each with each of more would take longer than to unite them.
+constexpr std::size_t kMostCompared = 256;
 
 }  // namespace
 
-Tile::Tile(const Runs& runs, std::span<const std::uint32_t> members, const geo::Box& box)
-    : runs_(runs), members_(members), box_(box), cover_(runs, members, box) {}
-
-bool Tile::ShapesOutline(const Run& run) const {
-  Boom before = runs_.At(run.first, run.span);
-  if (!run.goesOnBefore && !cover_.Hides(before.left, before.right)) return true;
-  for (std::uint32_t step = run.first + 1; step <= run.last; ++step) {
-    const Boom boom = runs_.At(step, run.span);
-    if (!cover_.Hides(before.left, boom.left) || !cover_.Hides(before.right, boom.right))
-      return true;
-    before = boom;
-  }
-  return !run.goesOnAfter && !cover_.Hides(before.left, before.right);
+geo::UtmPoint Tile::BesideBorder(geo::UtmPoint point) const {
+  geo::UtmPoint at = grid_.OnGrid(point);
+  if (at.easting == box_.xMin || at.easting == box_.xMax) at.easting += kStep;
+  if (at.northing == box_.yMin || at.northing == box_.yMax) at.northing += kStep;
+  return at;
 }
 
-void Tile::AddGround(GridAreas& grid, Span span, std::uint32_t first, std::uint32_t last,
-                     std::vector<Geos::Area>& parts) const {
-  const auto add = [&](std::span<const geo::UtmPoint> corners, ground::Clearance least) {
-    Geos::Area area = grid.Inside(corners, least);
-    if (!area) return false;
-    parts.push_back(std::move(area));
-    return true;
-  };
-  std::vector<geo::UtmPoint> outline;
-  for (std::uint32_t step = first; step <= last; ++step) {
-    outline.push_back(runs_.At(step, span).left);
-  }
-  for (std::uint32_t step = last + 1; step-- > first;) {
-    outline.push_back(runs_.At(step, span).right);
-  }
-  if (add(outline, ground::Clearance::kWide)) return;
-  if (last - first > 1) {
+ground::Line Tile::BesideBorder(std::span<const geo::UtmPoint> points) const {
+  ground::Line line;
+  line.reserve(points.size());
+  for (const geo::UtmPoint& point : points) line.push_back(BesideBorder(point));
+  return line;
+}
+
+void Tile::Lay(Span span, std::uint32_t first, std::uint32_t last) {
+  ground::Line outline;
+  for (std::uint32_t row = first; row <= last; ++row) outline.push_back(track_.At(row, span).left);
+  for (std::uint32_t row = last + 1; row-- > first;) outline.push_back(track_.At(row, span).right);
+  if (const Geos::Area whole = grid_.Inside(BesideBorder(outline), Clearance::kWide)) {
+    Clip(whole);
+  } else if (last - first > 1) {
     const std::uint32_t middle = (first + last) / 2;
-    AddGround(grid, span, first, middle, parts);
-    AddGround(grid, span, middle, last, parts);
-    return;
+    Lay(span, first, middle);
+    Lay(span, middle, last);
+  } else {
+    LayStep(track_.At(first, span), track_.At(last, span));
   }
-  const ground::Strip strip(runs_.At(first, span), runs_.At(last, span));
+}
+
+void Tile::LayStep(const Boom& from, const Boom& to) {
+  const ground::Strip strip(from, to);
   for (const ground::Patch& patch : strip.Patches()) {
-    add(patch.Line(), ground::Clearance::kTight);
+    const ground::Line line = BesideBorder(patch.Line());
+    Geos::Area whole = grid_.Inside(line, Clearance::kTight);
+    // Where a corner all but lies on a line, the grid can make lines cross.
+    if (!whole) whole = geos_.Mended(geos_.Inside(line));
+    Clip(whole);
   }
 }
 
-Geos::Area Tile::Square(GridAreas& grid) const {
-  return grid.Inside(std::array<geo::UtmPoint, 4>{{{box_.xMin, box_.yMin},
-                                                   {box_.xMin, box_.yMax},
-                                                   {box_.xMax, box_.yMax},
-                                                   {box_.xMax, box_.yMin}}},
-                     ground::Clearance::kTight);
+void Tile::Clip(const Geos::Area& area) {
+  for (const ground::Piece& piece : geos_.Pieces(grid_.Clipped(area, box_))) {
+    geo::Box bounds;
+    for (const geo::UtmPoint& point : piece.shell) bounds.Widen(point);
+    Geos::Area onGrid = grid_.Inside(piece.shell, Clearance::kWide);
+    const bool isSimple = onGrid != nullptr;
+    parts_.push_back({isSimple ? std::move(onGrid) : geos_.Inside(piece), bounds, !isSimple});
+  }
 }
 
-bool Tile::IsPassedBy(geo::UtmPoint point, std::size_t member) const {
-  const Run& run = runs_.All()[members_[member]];
-  if (!run.box.Holds(point)) return false;
-  for (std::uint32_t step = run.first; step < run.last; ++step) {
-    if (Quad(runs_.At(step, run.span), runs_.At(step + 1, run.span)).Holds(point)) return true;
-  }
-  return false;
-}
-
-std::vector<ground::Piece> Tile::Ground(Geos& geos, GridAreas& grid) const {
-  std::vector<bool> shaping(members_.size());
-  for (std::size_t i = 0; i < members_.size(); ++i) {
-    shaping[i] = ShapesOutline(runs_.All()[members_[i]]);
-  }
-  std::vector<Geos::Area> parts = ShapingGround(grid, shaping);
-  if (std::ranges::find(shaping, false) == shaping.end()) {
-    const auto apart = GroundOfApart(runs_, members_, box_, parts, geos, grid);
-    if (apart) return *apart;
-  }
-  const Geos::Area square = Square(grid);
-  // What the shaping runs leave of the tile ...
-  const Geos::Area open = grid.Less(square, grid.Union(std::move(parts)));
-  std::vector<Geos::Area> bare;
-  for (Geos::Area& face : grid.Pieces(open)) {
-    if (!IsPassed(grid.PointWithin(face), shaping)) bare.push_back(std::move(face));
-  }
-  // ... and no other run passes is not ground.
-  return geos.Pieces(grid.Less(square, geos.Collection(std::move(bare))));
-}
-
-bool Tile::IsPassed(geo::UtmPoint point, const std::vector<bool>& shaping) const {
-  for (std::size_t i = 0; i < members_.size(); ++i) {
-    if (!shaping[i] && IsPassedBy(point, i)) return true;
-  }
-  return false;
-}
-
-std::vector<Geos::Area> Tile::ShapingGround(GridAreas& grid,
-                                            const std::vector<bool>& shaping) const {
-  std::vector<Geos::Area> parts;
-  for (std::size_t i = 0; i < members_.size();) {
-    const Run& run = runs_.All()[members_[i]];
-    std::uint32_t last = run.last;
-    if (!shaping[i++]) continue;
-    // Those that go on from one another are laid as one.
-    for (; i < members_.size() && shaping[i] && members_[i] == members_[i - 1] + 1; ++i) {
-      const Run& next = runs_.All()[members_[i]];
-      if (!next.goesOnBefore || next.last - run.first > kMostStepsTogether) break;
-      last = next.last;
+void Tile::FindClose() {
+  for (std::size_t i = 0; i < parts_.size(); ++i) {
+    Part& part = parts_[i];
+    if (parts_.size() > kMostCompared) part.isClose = true;
+    const geo::Box around = part.box.Grown(kGap);
+    for (std::size_t j = 0; j < i; ++j) {
+      Part& other = parts_[j];
+      if ((part.isClose && other.isClose) || !around.Overlaps(other.box)) continue;
+      if (geos_.AreWithin(part.area, other.area, kGap)) part.isClose = other.isClose = true;
     }
-    AddGround(grid, run.span, run.first, last, parts);
   }
-  return parts;
+}
+
+Geos::Area Tile::Square() const {
+  const ground::Line corners{{box_.xMin, box_.yMin},
+                             {box_.xMin, box_.yMax},
+                             {box_.xMax, box_.yMax},
+                             {box_.xMax, box_.yMin},
+                             {box_.xMin, box_.yMin}};
+  return geos_.Inside(corners);
+}
+
+std::vector<ground::Piece> Tile::Ground(std::span<const Stretch> stretches) {
+  for (const Stretch& stretch : stretches) Lay(stretch.span, stretch.first, stretch.last);
+  FindClose();
+  std::vector<Geos::Area> united;
+  std::vector<ground::Piece> pieces;
+  const auto take = [&](const Geos::Area& area) {
+    std::ranges::move(geos_.Pieces(area), std::back_inserter(pieces));
+  };
+  for (Part& part : parts_) {
+    if (part.isClose) {
+      united.push_back(std::move(part.area));
+    } else {
+      take(part.area);
+    }
+  }
+  if (!united.empty()) take(grid_.Common(grid_.Union(std::move(united)), Square()));
+  return pieces;
 }
 
 }  // namespace kestrin::net

@@ -11,25 +11,6 @@ constexpr double kLongestStep = 1000;
 /// millimetres.
 constexpr double kLargestCoordinate = 1e8;
 
-/// Lets each section that works take in those that work next to it, to its right.
-void JoinNeighbours(const Setup& setup, Spans& spans) {
-  const auto works = [&](std::uint8_t section) {
-    return section != Setup::kNone && spans[section] != Setup::kNone;
-  };
-  std::array<bool, Setup::kWhole> taken{};
-  for (std::uint8_t section = 0; section < Setup::kWhole; ++section) {
-    if (works(section) && works(setup.NextTo(section))) taken[setup.NextTo(section)] = true;
-  }
-  Spans joined;
-  joined.fill(Setup::kNone);
-  for (std::uint8_t section = 0; section < Setup::kWhole; ++section) {
-    if (!works(section) || taken[section]) continue;
-    joined[section] = section;
-    while (works(setup.NextTo(joined[section]))) joined[section] = setup.NextTo(joined[section]);
-  }
-  spans = joined;
-}
-
 }  // namespace
 
 void Track::Add(geo::UtmPoint antenna, double yaw, std::uint32_t setup, std::int32_t sectionsOn,
@@ -57,16 +38,22 @@ bool Track::IsOn(const Row& row, std::uint8_t section) const {
   return setups_[row.setup][section].HasWidth();
 }
 
-Spans Track::WorkingUpTo(std::size_t row) const {
-  Spans spans;
-  spans.fill(Setup::kNone);
+std::vector<Span> Track::WorkingUpTo(std::size_t row) const {
   const Row& from = rows_[row - 1];
   const Row& to = rows_[row];
+  const Setup& setup = setups_[to.setup];
+  const bool joins = from.setup == to.setup && BySection();
+  const auto works = [&](std::uint8_t section) {
+    return section != Setup::kNone && IsOn(from, section) && IsOn(to, section);
+  };
+  std::vector<Span> spans;
   if (to.begins) return spans;
   for (std::uint8_t section = 0; section <= Setup::kWhole; ++section) {
-    if (IsOn(from, section) && IsOn(to, section)) spans[section] = section;
+    if (!works(section) || (joins && works(setup.LeftOf(section)))) continue;
+    Span span{section, section};
+    while (joins && works(setup.RightOf(span.to))) span.to = setup.RightOf(span.to);
+    spans.push_back(span);
   }
-  if (from.setup == to.setup && BySection()) JoinNeighbours(setups_[to.setup], spans);
   return spans;
 }
 
@@ -78,7 +65,7 @@ bool Track::GoesOnAsBefore(std::size_t row) const {
          same(rows_[row - 2], rows_[row - 1]) && same(rows_[row - 1], rows_[row]);
 }
 
-Boom Track::At(std::size_t row, Span span) const {
+Boom Track::At(std::uint32_t row, Span span) const {
   const Row& at = rows_[row];
   const Setup& setup = setups_[at.setup];
   const geo::UtmPoint middle = at.heading.AheadOf(at.antenna, setup[span.from].ahead);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "base/runHost.h"
 #include "export/ground/strip.h"
 #include "export/net/setups.h"
 #include "geo/heading.h"
@@ -22,9 +22,6 @@ struct Span {
 
   friend bool operator==(const Span&, const Span&) = default;
 };
-
-/// For each section the last one of the span that begins with it, or Setup::kNone.
-using Spans = std::array<std::uint8_t, Setup::kWhole + 1>;
 
 /// What a track did not take, for it cannot be true.
 struct LeftOut {
@@ -47,16 +44,22 @@ class Track {
   void Add(geo::UtmPoint antenna, double yaw, std::uint32_t setup, std::int32_t sectionsOn,
            bool begins);
 
-  std::size_t Rows() const { return rows_.size(); }
   const LeftOut& Missing() const { return missing_; }
 
-  /// What works from the row before up to this one, which is not the first. Sections are
-  /// joined to spans where both rows have the same setup.
-  Spans WorkingUpTo(std::size_t row) const;
-  /// Whether the same works up to this row as up to the one before.
-  bool GoesOnAsBefore(std::size_t row) const;
+  /// Calls `take(row, span)`, row by row, for each span that works from the row before up to
+  /// `row`. Sections are joined to spans where both rows have the same setup. Yields in between.
+  template <class Take>
+  void ForEachStep(base::RunHost& host, Take take) const {
+    constexpr std::uint32_t kRowsBetweenYields = 1024;
+    std::vector<Span> spans;
+    for (std::uint32_t row = 1; row < rows_.size(); ++row) {
+      if (row % kRowsBetweenYields == 0) host.Yield();
+      if (!GoesOnAsBefore(row)) spans = WorkingUpTo(row);
+      for (const Span& span : spans) take(row, span);
+    }
+  }
 
-  Boom At(std::size_t row, Span span) const;
+  Boom At(std::uint32_t row, Span span) const;
 
  private:
   struct Row {
@@ -69,6 +72,8 @@ class Track {
 
   bool BySection() const { return sectionsRecorded_ && !allSections_; }
   bool IsOn(const Row& row, std::uint8_t section) const;
+  bool GoesOnAsBefore(std::size_t row) const;
+  std::vector<Span> WorkingUpTo(std::size_t row) const;
 
   const Setups& setups_;
   bool allSections_;

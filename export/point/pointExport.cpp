@@ -10,6 +10,7 @@
 #include "export/inOrder.h"
 #include "export/point/record.h"
 #include "export/point/table.h"
+#include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/changeCursor.h"
@@ -99,25 +100,16 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   if (basePath.empty() || jobPath.empty()) return outcome;
 
   jobstore::Job job(jobPath, run.host);
-  if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
-    return outcome;
-  }
+  if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::ReferencesWithAltitude> offsets(job);
-  if (!offsets.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
-    return outcome;
-  }
+  if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
   if (!offsets.HasReference()) return outcome;
 
   const Groups groups = CountGroups(job);
   Record record(groups);
   Equipment equipment(job, record);
   jobstore::Query<jobstore::PointEpochs> epochs(job);
-  if (!epochs.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(epochs.Result()));
-    return outcome;
-  }
+  if (!exports::IsPreparedOrTold(epochs, run.host)) return outcome;
 
   std::optional<shapefile::ShapefileSet> set;
   const auto write = [&](const Batch& batch) {

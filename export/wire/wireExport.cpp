@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
@@ -74,15 +75,9 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
   if (basePath.empty() || jobPath.empty()) return outcome;
 
   jobstore::Job job(jobPath, run.host);
-  if (!job.IsOpen()) {
-    run.host.ShowMessage(exports::NotOpenedText(job.Result()));
-    return outcome;
-  }
+  if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
-  if (!offsets.Prepared()) {
-    run.host.ShowMessage(exports::NotPreparedText(offsets.Result()));
-    return outcome;
-  }
+  if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
   if (!offsets.HasReference()) return outcome;
 
   jobstore::Query<jobstore::WireEpochs> epochs(job);

@@ -18,6 +18,7 @@ struct GroundCase {
   const char* profile;
   std::uint64_t seed;
   bool allSections;
+  std::int64_t rows = 2500;
 };
 
 class NetGroundOfSamples : public testing::TestWithParam<GroundCase> {};
@@ -25,8 +26,8 @@ class NetGroundOfSamples : public testing::TestWithParam<GroundCase> {};
 TEST_P(NetGroundOfSamples, IsTheUnionOfAllQuadrilateralsInValidRings) {
   const test::TempFolder folder;
   const std::string job = folder / "job.sqlite";
-  sample::MakeSampleJob(job,
-                        {.profile = GetParam().profile, .rows = 2500, .seed = GetParam().seed});
+  sample::MakeSampleJob(
+      job, {.profile = GetParam().profile, .rows = GetParam().rows, .seed = GetParam().seed});
   test::RecordingHost host;
   const auto files = base::NativeFileSystem();
   exports::ExportRun run{host, *files, {}, GetParam().allSections};
@@ -76,16 +77,29 @@ TEST(NetGround, OfWildWaysIsTheUnionOfAllQuadrilateralsToo) {
 /// The literal ground of a job takes seconds, so these are few: long booms and short ones,
 /// overlap, turns, gaps and changes of the implement.
 std::vector<GroundCase> GroundCases() {
-  return {{"planter", 1, false},      {"planter", 2, true},        {"sprayer", 1, false},
-          {"combine", 2, true},       {"headland-only", 1, false}, {"dropouts", 1, false},
-          {"two-implements", 2, true}};
+  return {{"planter", 1, false},
+          {"planter", 2, true},
+          {"sprayer", 1, false},
+          {"combine", 2, true},
+          {"headland-only", 1, false},
+          {"dropouts", 1, false},
+          {"two-implements", 2, true},
+          {"planter", 1, false, 1000},
+          {"refill", 1, false, 1000},
+          {"rollover", 1, false, 1000},
+          {"headland-only", 1, false, 1000},
+          {"two-implements", 1, false, 1000},
+          {"dropouts", 1, false, 1000},
+          {"combine", 1, true, 1000},
+          {"jitter", 1, false, 1000}};
 }
 
 INSTANTIATE_TEST_SUITE_P(NetGround, NetGroundOfSamples, testing::ValuesIn(GroundCases()),
                          [](const auto& at) {
                            std::string name = at.param.profile;
                            std::erase(name, '-');
-                           return name + (at.param.allSections ? "Whole" : "BySection");
+                           return name + (at.param.allSections ? "Whole" : "BySection") +
+                                  std::to_string(at.param.rows);
                          });
 
 }  // namespace
