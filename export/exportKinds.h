@@ -3,8 +3,10 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "export/exportRun.h"
+#include "shapefile/attributeTable.h"
 
 namespace kestrin::exports {
 
@@ -14,6 +16,9 @@ struct ExportKind {
   std::string_view suffix;  ///< what it adds to a base path
   ExportOutcome (*procedure)(const std::string& basePath, const std::string& jobPath,
                              ExportRun& run);
+  /// The fields of a job's set, in their order. Only those of a point set hang on the job, whose
+  /// rows are then looked at; one that cannot be read has each group once.
+  std::vector<shapefile::Field> (*fields)(const std::string& jobPath);
 };
 
 inline constexpr int kKindCount = 4;

@@ -1,16 +1,11 @@
 #include "export/coverage/ringWriter.h"
 
-#include <array>
-
 #include "export/coverage/ringDegrees.h"
 #include "shapefile/numberText.h"
 
 namespace kestrin::coverage {
-namespace {
 
 const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
-
-}  // namespace
 
 RingWriter::RingWriter(const std::string& basePath, const geo::WorkingPlane& plane,
                        exports::ExportRun& run)

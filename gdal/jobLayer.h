@@ -1,0 +1,53 @@
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <atomic>
+#include <mutex>
+
+#include "gdal/layerDefinition.h"
+#include "gdal/madeSet.h"
+
+namespace kestrin::gdal {
+
+/// The set of a kind as a layer: features, order, values, IDs, count and extent are the set's. It
+/// is made once, when the first of them is asked for; what there is to say is said then (MakeSet),
+/// and without a set the layer is empty. One thread at a time may use a layer while others use
+/// other layers.
+class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobLayer> {
+ public:
+  /// `kind` must outlive the layer. A line of a layer of `geometry` wkbMultiLineString becomes
+  /// one of one part, so that all features are of the layer's type.
+  JobLayer(const exports::ExportKind& kind, OGRwkbGeometryType geometry, const JobSource& job);
+  ~JobLayer() override;
+  JobLayer(const JobLayer&) = delete;
+  JobLayer& operator=(const JobLayer&) = delete;
+
+  OGRFeatureDefn* GetLayerDefn() override { return definition_; }
+  void ResetReading() override;
+  DEFINE_GET_NEXT_FEATURE_THROUGH_RAW(JobLayer)
+  OGRErr SetNextByIndex(GIntBig index) override;
+  OGRFeature* GetFeature(GIntBig id) override;
+  int TestCapability(const char* capability) override;
+
+  /// Not known, unless forced, before there is a set.
+  GIntBig GetFeatureCount(int force) override;
+  OGRErr GetExtent(OGREnvelope* extent, int force) override;
+  using OGRLayer::GetExtent;
+
+ private:
+  OGRLayer* Set();
+  void Make();
+  bool Filtered() const { return m_poFilterGeom != nullptr || m_poAttrQuery != nullptr; }
+  OGRFeature* GetNextRawFeature();
+  OGRFeature* AsOurs(OGRFeatureUniquePtr feature) const;
+
+  const exports::ExportKind& kind_;
+  JobSource job_;
+  LayerDefinition* definition_;  // counted: features may outlive their layer
+  std::once_flag making_;
+  std::atomic<bool> made_{false};
+  GDALDatasetUniquePtr set_;
+};
+
+}  // namespace kestrin::gdal
