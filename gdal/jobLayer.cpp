@@ -2,8 +2,11 @@
 
 #include <cpl_string.h>
 
-#include <algorithm>
+#include <exception>
 #include <memory>
+#include <utility>
+
+#include "export/outcomeTexts.h"
 
 namespace kestrin::gdal {
 namespace {
@@ -36,47 +39,50 @@ JobLayer::JobLayer(const exports::ExportKind& kind, OGRwkbGeometryType geometry,
 
 JobLayer::~JobLayer() { definition_->Release(); }
 
-OGRLayer* JobLayer::Set() {
-  std::call_once(making_, [this] { Make(); });
-  return set_ ? set_->GetLayer(0) : nullptr;
+SharedSet* JobLayer::Set() {
+  try {
+    if (!std::exchange(asked_, true)) FindSet();
+  } catch (const std::exception& error) {
+    CPLError(CE_Failure, CPLE_AppDefined, "%s", exports::NotMadeText(kind_.name, error).c_str());
+  }
+  return set_.get();
 }
 
-void JobLayer::Make() {
-  set_ = MakeSet(kind_, job_);
-  // A job that is being recorded may have got a product since its fields were told.
-  if (set_ && !SameFields(*definition_, *set_->GetLayer(0)->GetLayerDefn())) {
+void JobLayer::FindSet() {
+  set_ = SharedSet::Of(kind_, job_);
+  if (!set_->Make()) {
+    set_.reset();
+  } else if (!SameFields(*definition_, set_->Definition())) {
+    // A job that is being recorded may have got a product since its fields were told.
     CPLError(CE_Failure, CPLE_AppDefined, "The job has changed since it was opened: %s",
              job_.path.c_str());
     set_.reset();
   }
-  made_ = true;
-}
-
-void JobLayer::ResetReading() {
-  if (made_ && set_) set_->GetLayer(0)->ResetReading();
 }
 
 OGRFeature* JobLayer::GetNextRawFeature() {
-  OGRLayer* set = Set();
-  return set != nullptr ? AsOurs(OGRFeatureUniquePtr(set->GetNextFeature())) : nullptr;
+  SharedSet* set = Set();
+  return set != nullptr ? AsOurs(set->Feature(next_++)) : nullptr;
 }
 
 OGRErr JobLayer::SetNextByIndex(GIntBig index) {
   if (Filtered()) return OGRLayer::SetNextByIndex(index);
-  OGRLayer* set = Set();
-  return set != nullptr ? set->SetNextByIndex(index) : OGRERR_FAILURE;
+  const SharedSet* set = Set();
+  if (set == nullptr || index < 0 || index >= set->Count()) return OGRERR_FAILURE;
+  next_ = index;
+  return OGRERR_NONE;
 }
 
 OGRFeature* JobLayer::GetFeature(GIntBig id) {
-  OGRLayer* set = Set();
-  return set != nullptr ? AsOurs(OGRFeatureUniquePtr(set->GetFeature(id))) : nullptr;
+  SharedSet* set = Set();
+  return set != nullptr ? AsOurs(set->Feature(id)) : nullptr;
 }
 
 int JobLayer::TestCapability(const char* capability) {
   if (EQUAL(capability, OLCStringsAsUTF8)) return TRUE;
   if (EQUAL(capability, OLCRandomRead)) return TRUE;
-  if (EQUAL(capability, OLCFastGetExtent)) return made_ ? TRUE : FALSE;
-  const bool counted = made_ && !Filtered();
+  if (EQUAL(capability, OLCFastGetExtent)) return asked_ ? TRUE : FALSE;
+  const bool counted = asked_ && !Filtered();
   return counted && (EQUAL(capability, OLCFastFeatureCount) ||
                      EQUAL(capability, OLCFastSetNextByIndex))
              ? TRUE
@@ -84,17 +90,15 @@ int JobLayer::TestCapability(const char* capability) {
 }
 
 GIntBig JobLayer::GetFeatureCount(int force) {
-  if (force == FALSE && !made_) return -1;
+  if (force == FALSE && !asked_) return -1;
   if (Filtered()) return OGRLayer::GetFeatureCount(force);
-  OGRLayer* set = Set();
-  return set != nullptr ? set->GetFeatureCount(TRUE) : 0;
+  const SharedSet* set = Set();
+  return set != nullptr ? set->Count() : 0;
 }
 
 OGRErr JobLayer::GetExtent(OGREnvelope* extent, int force) {
-  OGRLayer* set = force != FALSE || made_ ? Set() : nullptr;
-  // A set without a record has an extent all the same, in the sea off Africa.
-  const bool any = set != nullptr && set->GetFeatureCount(TRUE) > 0;
-  return any ? set->GetExtent(extent, TRUE) : OGRERR_FAILURE;
+  SharedSet* set = force != FALSE || asked_ ? Set() : nullptr;
+  return set != nullptr && set->HasExtent(*extent) ? OGRERR_NONE : OGRERR_FAILURE;
 }
 
 OGRFeature* JobLayer::AsOurs(OGRFeatureUniquePtr feature) const {

@@ -2,18 +2,17 @@
 
 #include <ogrsf_frmts.h>
 
-#include <atomic>
-#include <mutex>
+#include <memory>
 
 #include "gdal/layerDefinition.h"
-#include "gdal/madeSet.h"
+#include "gdal/sharedSet.h"
 
 namespace kestrin::gdal {
 
 /// The set of a kind as a layer: features, order, values, IDs, count and extent are the set's. It
-/// is made once, when the first of them is asked for; what there is to say is said then (MakeSet),
-/// and without a set the layer is empty. One thread at a time may use a layer while others use
-/// other layers.
+/// is made when the first of them is asked for; what there is to say is said then, once
+/// (SharedSet), and without a set the layer is empty. One thread at a time may use a layer while
+/// others use other layers.
 class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobLayer> {
  public:
   /// `kind` must outlive the layer. A line of a layer of `geometry` wkbMultiLineString becomes
@@ -24,7 +23,7 @@ class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobL
   JobLayer& operator=(const JobLayer&) = delete;
 
   OGRFeatureDefn* GetLayerDefn() override { return definition_; }
-  void ResetReading() override;
+  void ResetReading() override { next_ = 0; }
   DEFINE_GET_NEXT_FEATURE_THROUGH_RAW(JobLayer)
   OGRErr SetNextByIndex(GIntBig index) override;
   OGRFeature* GetFeature(GIntBig id) override;
@@ -36,8 +35,8 @@ class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobL
   using OGRLayer::GetExtent;
 
  private:
-  OGRLayer* Set();
-  void Make();
+  SharedSet* Set();
+  void FindSet();
   bool Filtered() const { return m_poFilterGeom != nullptr || m_poAttrQuery != nullptr; }
   OGRFeature* GetNextRawFeature();
   OGRFeature* AsOurs(OGRFeatureUniquePtr feature) const;
@@ -45,9 +44,9 @@ class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobL
   const exports::ExportKind& kind_;
   JobSource job_;
   LayerDefinition* definition_;  // counted: features may outlive their layer
-  std::once_flag making_;
-  std::atomic<bool> made_{false};
-  GDALDatasetUniquePtr set_;
+  bool asked_ = false;           // for the set
+  std::shared_ptr<SharedSet> set_;
+  GIntBig next_ = 0;
 };
 
 }  // namespace kestrin::gdal

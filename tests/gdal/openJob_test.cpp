@@ -201,6 +201,61 @@ TEST_F(OpenJob, SaysThatThereIsNoTemporaryFolder) {
               ElementsAre(MatchesRegex("failure: Error writing: the temporary folder: .+")));
 }
 
+/// A GIS opens a file anew for nearly everything it does.
+class OpenTwice : public OpenJob {
+ protected:
+  GIntBig PointsOf(GDALDataset& opened) const {
+    return opened.GetLayerByName("point")->GetFeatureCount();
+  }
+
+  std::string job_ = Sample("job.sqlite");
+  GDALDatasetUniquePtr one_ = GdalFixture::OpenJob(job_);
+  GDALDatasetUniquePtr other_ = GdalFixture::OpenJob(job_);
+};
+
+TEST_F(OpenTwice, MakesEachSetOnce) {
+  EXPECT_EQ(PointsOf(*one_), 400);
+  const test::Setting none("TMPDIR", folder_ / "none");
+  EXPECT_EQ(PointsOf(*other_), 400);
+  one_.reset();
+  EXPECT_THAT(test::FeaturesOf(*other_->GetLayerByName("point")), testing::SizeIs(400));
+}
+
+TEST_F(OpenTwice, ReadsOneSetAtTwoPlaces) {
+  OGRLayer* one = one_->GetLayerByName("point");
+  OGRLayer* other = other_->GetLayerByName("point");
+  for (const GIntBig at : {0, 1, 2}) {
+    EXPECT_EQ(OGRFeatureUniquePtr(one->GetNextFeature())->GetFID(), at);
+    if (at == 1) other->SetNextByIndex(300);
+    EXPECT_EQ(OGRFeatureUniquePtr(other->GetNextFeature())->GetFID(), at == 0 ? 0 : at + 299);
+  }
+}
+
+TEST_F(OpenTwice, MakesTheSetOfAJobThatHasChangedAnew) {
+  EXPECT_EQ(PointsOf(*one_), 400);
+  test::Database(job_).Execute("UPDATE GpsDataTable SET type = 0 WHERE rowid % 2");
+  EXPECT_LT(PointsOf(*other_), 300);
+  EXPECT_THAT(test::FeaturesOf(*one_->GetLayerByName("point")), testing::SizeIs(400));
+}
+
+TEST_F(OpenTwice, SaysAgainWhatIsMissing) {
+  test::Database(job_).Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
+  test::DamageIndexPage(job_);
+  const test::ToldErrors errors;
+  EXPECT_EQ(PointsOf(*one_), PointsOf(*other_));
+  EXPECT_THAT(errors.Texts(), testing::SizeIs(2));
+}
+
+TEST_F(OpenTwice, GivesTheSpaceBackWithTheLast) {
+  EXPECT_EQ(PointsOf(*one_), PointsOf(*other_));
+  one_.reset();
+  other_.reset();
+  const auto again = GdalFixture::OpenJob(job_);
+  const test::Setting none("TMPDIR", folder_ / "none");
+  const test::ToldErrors errors;
+  EXPECT_EQ(PointsOf(*again), 0);
+}
+
 TEST_F(OpenJob, TakesAnyNameAFileCanHave) {
   const std::string job = Sample("job.sqlite");
   for (const char* name :
