@@ -28,6 +28,18 @@ void MendEncoding(OGRFeature& feature, int field) {
   feature.SetField(field, mended.get());
 }
 
+/// A shape of the layer's type that every host takes, in the place of the set's.
+OGRGeometry* Mended(OGRGeometry* shape, OGRwkbGeometryType type) {
+  if (shape == nullptr) return nullptr;
+  if (wkbFlatten(shape->getGeometryType()) == wkbLineString) {
+    // The stretch of a single row. Hosts that work with GEOS know no line of one point.
+    OGRLineString* line = shape->toLineString();
+    if (line->getNumPoints() == 1) line->addPoint(line->getX(0), line->getY(0));
+  }
+  const bool single = OGR_GT_GetCollection(shape->getGeometryType()) == type;
+  return single ? OGRGeometryFactory::forceTo(shape, type) : shape;
+}
+
 }  // namespace
 
 JobLayer::JobLayer(const exports::ExportKind& kind, OGRwkbGeometryType geometry,
@@ -109,11 +121,7 @@ OGRFeature* JobLayer::AsOurs(OGRFeatureUniquePtr feature) const {
     ours->SetField(i, feature->GetRawFieldRef(i));
     if (definition_->GetFieldDefn(i)->GetType() == OFTString) MendEncoding(*ours, i);
   }
-  if (OGRGeometry* shape = feature->StealGeometry()) {
-    const OGRwkbGeometryType type = definition_->GetGeomType();
-    if (OGR_GT_GetCollection(shape->getGeometryType()) == type) {
-      shape = OGRGeometryFactory::forceTo(shape, type);
-    }
+  if (OGRGeometry* shape = Mended(feature->StealGeometry(), definition_->GetGeomType())) {
     shape->assignSpatialReference(definition_->GetGeomFieldDefn(0)->GetSpatialRef());
     ours->SetGeometryDirectly(shape);
   }

@@ -15,8 +15,8 @@ namespace kestrin::gdal {
 /// others use other layers.
 class JobLayer final : public OGRLayer, private OGRGetNextFeatureThroughRaw<JobLayer> {
  public:
-  /// `kind` must outlive the layer. A line of a layer of `geometry` wkbMultiLineString becomes
-  /// one of one part, so that all features are of the layer's type.
+  /// `kind` must outlive the layer. Where `geometry` is wkbMultiLineString, a line becomes one of
+  /// one part, so that all features are of the layer's type; a line of one point has it twice.
   JobLayer(const exports::ExportKind& kind, OGRwkbGeometryType geometry, const JobSource& job);
   ~JobLayer() override;
   JobLayer(const JobLayer&) = delete;

@@ -104,6 +104,11 @@ std::string InWords(OGRFeature& feature, OGRwkbGeometryType multi) {
     words += feature.IsFieldSetAndNotNull(i) ? feature.GetFieldAsString(i) : "nothing";
   }
   if (OGRGeometry* shape = feature.GetGeometryRef()) {
+    if (shape->getGeometryType() == wkbLineString && shape->toLineString()->getNumPoints() == 1) {
+      OGRPoint only;
+      shape->toLineString()->StartPoint(&only);
+      shape->toLineString()->addPoint(&only);
+    }
     if (multi != wkbUnknown && OGR_GT_GetCollection(shape->getGeometryType()) == multi) {
       feature.SetGeometryDirectly(OGRGeometryFactory::forceTo(feature.StealGeometry(), multi));
       shape = feature.GetGeometryRef();

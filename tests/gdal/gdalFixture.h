@@ -66,8 +66,8 @@ GDALDatasetUniquePtr Translated(GDALDataset& from, const std::string& to,
 /// The kinds with net last.
 std::vector<const exports::ExportKind*> AllKinds();
 
-/// A feature in words: ID, fields with their values, geometry to the bit. A geometry of the set
-/// that is to be one of the type `multi` becomes that first.
+/// A feature in words: ID, fields with their values, geometry to the bit. A line of one point has
+/// it twice, and a geometry of a set that is to be one of the type `multi` becomes that first.
 std::string InWords(OGRFeature& feature, OGRwkbGeometryType multi = wkbUnknown);
 
 /// All features that a layer gives from where it stands.

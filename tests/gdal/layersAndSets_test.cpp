@@ -6,6 +6,7 @@
 
 #include "tests/gdal/gdalFixture.h"
 #include "tests/support/database.h"
+#include "tests/support/jobBuilder.h"
 
 namespace kestrin::gdal {
 namespace {
@@ -96,6 +97,23 @@ TEST_F(LayersAndSets, OfRecordedJobsAreEqual) {
     ExpectLayersLikeSets(base::Utf8Of(entry.path()));
   }
   EXPECT_GT(jobs, 0) << "no job in " << folder;
+}
+
+TEST_F(LayersAndSets, GiveTheStretchOfOneRowAsALineThatEveryHostTakes) {
+  const std::string job = test::JobBuilder(folder_ / "job.sqlite")
+                              .Reference({1345, 0}, 45, -93)
+                              .Epoch({1345, 1}, 0, 0, 0, true)
+                              .Epoch({1345, 2}, 5, 0, 0, true)
+                              .Epoch({1345, 3}, 6, 0)
+                              .Finish();
+  const auto opened = OpenJob(job);
+  const OGRFeatureUniquePtr feature(opened->GetLayerByName("wire")->GetNextFeature());
+  const OGRLineString* line = feature->GetGeometryRef()->toLineString();
+  ASSERT_EQ(line->getNumPoints(), 2);
+  EXPECT_EQ(line->getX(0), line->getX(1));
+  EXPECT_EQ(line->getY(0), line->getY(1));
+  EXPECT_EQ(feature->GetFieldAsDouble("METERS"), 0);
+  EXPECT_EQ(opened->GetLayerByName("wire")->GetFeatureCount(), 2);
 }
 
 TEST_F(LayersAndSets, CountAllSectionsOfTheNetWhereAsked) {
