@@ -9,6 +9,7 @@ namespace {
 /// In the order of the kinds. A record of the boom set has a line per section and epoch.
 constexpr std::array<OGRwkbGeometryType, exports::kKindCount> kGeometries{
     wkbLineString, wkbMultiLineString, wkbPolygon, wkbPoint};
+static_assert(kGeometries.back() != wkbUnknown, "a kind without a type of geometry");
 
 }  // namespace
 
