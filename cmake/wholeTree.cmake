@@ -8,6 +8,9 @@
 #                  build proves those; each other is compiled by itself here.
 
 set(without_qt base jobstore geo shapefile export preview tools app/flow app/platform)
+if(KESTRIN_GDAL)
+  list(APPEND without_qt gdal)
+endif()
 set(with_qt app/window app/widgets app/print app/session)
 
 # kestrin_files(variable pattern folder...): what lies below, for this system.
@@ -36,7 +39,8 @@ endfunction()
 find_package(GTest REQUIRED)
 find_package(Qt6 REQUIRED COMPONENTS Test)
 find_package(benchmark REQUIRED)
-set(libraries kestrin_app kestrin_preview kestrin_exporter kestrin_sample_jobs)
+set(libraries kestrin_app kestrin_preview kestrin_exporter kestrin_sample_jobs
+              $<TARGET_NAME_IF_EXISTS:GDAL::GDAL>)
 
 kestrin_files(sources *.cpp ${without_qt} tests/support)
 kestrin_together(kestrin-together ${sources})

@@ -22,6 +22,18 @@ inline constexpr int kProductSlots = 3;
 
 // ---------------------------------------------------------------- selection
 
+/// How many of the two tables there are that every job has, whatever its version, and hardly
+/// any other database. Reads none of their rows.
+struct JobTables {
+  using Row = std::int32_t;
+  static constexpr Row kAll = 2;
+  static constexpr std::string_view Text() {
+    return "Select Count(*) From sqlite_master WHERE type='table' AND name In "
+           "('GpsDataTable', 'ReferenceLocationChangeTable')";
+  }
+  static void Read(const Statement& columns, Row& count) { count = columns.linx_getInt(0); }
+};
+
 struct VersionTableCount {
   using Row = std::int32_t;
   static constexpr std::string_view Text() {

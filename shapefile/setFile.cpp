@@ -72,10 +72,10 @@ void SetFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
   About(target_, [&] { file_->WriteAt(offset, bytes); });
 }
 
-void SetFile::Finish() {
+void SetFile::Finish(bool synced) {
   Flush();
   About(target_, [&] {
-    file_->Sync();
+    if (synced) file_->Sync();
     file_->Close();
   });
   file_.reset();

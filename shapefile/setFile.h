@@ -45,8 +45,8 @@ class SetFile {
   /// Bytes so far.
   std::uint64_t Size() const { return flushed_ + filled_; }
 
-  /// Writes what is left, brings the file to the medium and closes it.
-  void Finish();
+  /// Writes what is left, brings the file to the medium if `synced`, and closes it.
+  void Finish(bool synced);
 
   /// Gives the finished file its name.
   void Publish();

@@ -83,6 +83,7 @@ ShapefileSet::ShapefileSet(base::FileSystem& files, std::string basePath, ShapeT
       basePath_(std::move(basePath)),
       type_(type),
       withProjection_(options.withProjection),
+      lasting_(options.lasting),
       attributesSize_(RecordLength(fields)),
       dbf_(files, basePath_ + kDbf, kLargeBuffer),
       shx_(files, basePath_ + kShx, kIndexBuffer),
@@ -195,11 +196,11 @@ std::vector<SetFile*> ShapefileSet::InOrderOfNaming() {
 void ShapefileSet::Commit() {
   CompleteFiles();
   const std::vector<SetFile*> all = InOrderOfNaming();
-  for (SetFile* file : all) file->Finish();
+  for (SetFile* file : all) file->Finish(lasting_);
   // One that came up meanwhile must not stand beside an index of another set.
   files_.Remove(basePath_ + kShp);
   for (SetFile* file : all) file->Publish();
-  files_.SyncFolderOf(basePath_ + kShp);
+  if (lasting_) files_.SyncFolderOf(basePath_ + kShp);
   for (SetFile* file : all) file->Keep();
 }
 

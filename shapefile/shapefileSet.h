@@ -24,6 +24,9 @@ struct SetOptions {
   CalendarDate date = Today();
   /// Also write ".prj" (NAD83) and ".cpg" (UTF-8).
   bool withProjection = false;
+  /// Wait until the files have reached the medium: a set is to outlive a power cut, unless nobody
+  /// looks for it after one.
+  bool lasting = true;
 };
 
 /// Deletes the ".shp", ".shx" and ".dbf" of a base path where they exist.
@@ -72,7 +75,8 @@ class ShapefileSet {
   /// Records so far, without one that has only begun: the ID of the next.
   std::int32_t RecordCount() const { return static_cast<std::int32_t>(recordCount_); }
 
-  /// Completes the files, brings them to the medium and gives them their names.
+  /// Completes the files, brings them to the medium, where they are lasting, and gives them their
+  /// names.
   void Commit();
 
  private:
@@ -86,6 +90,7 @@ class ShapefileSet {
   std::string basePath_;
   ShapeType type_;
   bool withProjection_;
+  bool lasting_;
   std::size_t attributesSize_;
 
   geo::Box box_;

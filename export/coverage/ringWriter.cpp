@@ -1,16 +1,12 @@
 #include "export/coverage/ringWriter.h"
 
-#include <array>
 #include <memory>
 
 #include "shapefile/numberText.h"
 
 namespace kestrin::coverage {
-namespace {
 
 const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}};
-
-}  // namespace
 
 void RingWriter::Batch::Clear() {
   points.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +14,8 @@
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::coverage {
+
+extern const std::array<shapefile::Field, 2> kFields;
 
 /// Writes the rings of a job as a polygon set, record by record, projected to degrees. Makes no
 /// files before the first ring to write.

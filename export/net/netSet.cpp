@@ -5,15 +5,15 @@
 #include <charconv>
 
 #include "export/net/degreePieces.h"
-#include "shapefile/attributeTable.h"
 #include "shapefile/numberText.h"
 #include "shapefile/shapefileSet.h"
 
 namespace kestrin::net {
-namespace {
 
 const std::array<shapefile::Field, 4> kFields{
     {{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}, {"GROSS", 'N', 10, 2}, {"OVERLAP", 'N', 10, 2}}};
+
+namespace {
 
 constexpr double kAcresPerSquareMetre = 0.000247105381;
 constexpr double kHectaresPerSquareMetre = 0.0001;

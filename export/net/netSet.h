@@ -1,13 +1,17 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 #include "export/exportRun.h"
 #include "export/net/pieces.h"
 #include "geo/workingPlane.h"
+#include "shapefile/attributeTable.h"
 
 namespace kestrin::net {
+
+extern const std::array<shapefile::Field, 4> kFields;
 
 /// What a job's ground comes to, in square metres.
 struct Totals {

@@ -1,6 +1,5 @@
 #include "export/wire/wireExport.h"
 
-#include <array>
 #include <cmath>
 #include <optional>
 
@@ -12,9 +11,10 @@
 #include "shapefile/numberText.h"
 
 namespace kestrin::wire {
-namespace {
 
 const std::array<shapefile::Field, 2> kFields{{{"ID", 'N', 8, 0}, {"METERS", 'N', 10, 2}}};
+
+namespace {
 
 /// The open record: its length so far and where its last point lies.
 struct Stretch {

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "export/exportRun.h"
+#include "shapefile/attributeTable.h"
 
 namespace kestrin::wire {
+
+extern const std::array<shapefile::Field, 2> kFields;
 
 /// Writes the driven path of a job as a polyline set: a record per stretch, its length in
 /// metres of the UTM plane as METERS. A stretch begins at each row whose `type` has the value

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <array>
+#include <cstdio>
 #include <initializer_list>
 
 namespace kestrin::opening {
@@ -28,10 +30,9 @@ int RefuseDelete(sqlite3_vfs*, const char*, int) { return SQLITE_READONLY; }
 
 /// A layer over `under`, all else unchanged. Only xOpen reads pAppData, and the one
 /// below gets its own.
-sqlite3_vfs Over(sqlite3_vfs* under, const char* name) {
+sqlite3_vfs Over(sqlite3_vfs* under) {
   sqlite3_vfs vfs = *under;
   vfs.pNext = nullptr;
-  vfs.zName = name;
   vfs.pAppData = under;
   vfs.xOpen = OpenForReading;
   vfs.xDelete = RefuseDelete;
@@ -39,13 +40,18 @@ sqlite3_vfs Over(sqlite3_vfs* under, const char* name) {
 }
 
 struct Registered {
-  Registered(sqlite3_vfs* under, const char* name) {
+  explicit Registered(sqlite3_vfs* under) {
     if (under == nullptr) return;
-    vfs = Over(under, name);
+    vfs = Over(under);
+    std::snprintf(name.data(), name.size(), "kestrin-job-%p", static_cast<void*>(this));
+    vfs.zName = name.data();
     usable = sqlite3_vfs_register(&vfs, 0) == SQLITE_OK;
   }
   const char* Name() const { return usable ? vfs.zName : nullptr; }
 
+  // A process may hold this code twice, in a program and in a driver that it loads, and no two
+  // layers may have one name. It stays where it is to the very end, as the layer does.
+  std::array<char, 40> name{};
   sqlite3_vfs vfs{};
   bool usable = false;
 };
@@ -63,11 +69,10 @@ sqlite3_vfs* FirstOf(std::initializer_list<const char*> names) {
 const char* ReadOnlyVfs(FileLocks locks) {
   // The usual layer of Windows cuts paths at 1,040 bytes.
   if (locks == FileLocks::kShared) {
-    static Registered shared(FirstOf({"win32-longpath", nullptr}), "kestrin-job");
+    static Registered shared(FirstOf({"win32-longpath", nullptr}));
     return shared.Name();
   }
-  static Registered none(FirstOf({"unix-none", "win32-longpath-none", "win32-none"}),
-                         "kestrin-job-unlocked");
+  static Registered none(FirstOf({"unix-none", "win32-longpath-none", "win32-none"}));
   return none.Name();
 }
 

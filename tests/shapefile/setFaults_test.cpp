@@ -23,8 +23,9 @@ constexpr int kVertices = 70'000;
 
 class SetFaults : public testing::TestWithParam<bool> {
  protected:
-  void WriteSet(const std::string& base) {
-    ShapefileSet set(faulty_, base, ShapeType::kPolyline, kFields, {{2006, 1, 2}, GetParam()});
+  void WriteSet(const std::string& base, bool lasting = true) {
+    ShapefileSet set(faulty_, base, ShapeType::kPolyline, kFields,
+                     {{2006, 1, 2}, GetParam(), lasting});
     set.BeginRecord();
     for (int i = 0; i < kVertices; ++i) set.AddVertex({1.0 * i, -1.0 * i});
     set.EndRecord("        0");
@@ -87,6 +88,13 @@ TEST_P(SetFaults, NothingIsLeftWhicheverOperationFails) {
     EXPECT_EQ(test::ReadShapeSet(base_).records.size(), 1U);
     for (const std::string& name : Entries()) files_->Remove(folder_ / name);
   }
+}
+
+TEST_P(SetFaults, SetThatNeedNotLastIsWrittenWithoutASync) {
+  const auto failed = FailEveryOperation(
+      Lasts::kOnce, [&] { RemoveSet(faulty_, base_); }, [&] { WriteSet(base_, false); }, [] {});
+  EXPECT_EQ(failed.count("sync") + failed.count("sync folder"), 0U);
+  EXPECT_EQ(test::ReadShapeSet(base_).records.size(), 1U);
 }
 
 TEST_P(SetFaults, OldSetIsWholeOrGoneWhicheverOperationFails) {
