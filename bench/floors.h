@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/runHost.h"
+#include "bench/silentHost.h"
 
 /// What the exports and previews are measured against: the same rows through SQLite
 /// and as many points through PROJ, each by the shortest way there is.
@@ -74,13 +74,5 @@ inline void ProjectPoints(std::int64_t points) {
   proj_destroy(utm);
   proj_context_destroy(context);
 }
-
-/// A host that nobody watches; a benchmark whose export has something to say is void.
-class SilentHost : public base::RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
 
 }  // namespace kestrin::bench
