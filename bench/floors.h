@@ -6,10 +6,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "bench/silentHost.h"
 
@@ -36,7 +36,7 @@ class Database {
 
   /// Reads every column of a query's rows, or of its first row: the time key and the
   /// columns named as integers, the others as doubles.
-  void Scan(std::string_view text, std::initializer_list<int> integers = {},
+  void Scan(std::string_view text, const std::vector<int>& integers = {},
             bool firstRowOnly = false) {
     sqlite3_stmt* rows = nullptr;
     Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
