@@ -23,8 +23,6 @@ struct ExportCase {
   std::vector<int> integers;
   /// Points that it converts for each row; 0: as many as the set holds.
   std::int64_t pointsARow = 0;
-  /// Whether to measure five times the rows too.
-  bool grows = true;
   /// Makes much the same with another program, from a job, in a folder.
   std::function<void(const std::string& job, const ScratchFolder& folder)> peer{};
 };
@@ -52,7 +50,7 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   const std::string grownJob = folder / "grown.sqlite";
   const std::string base = folder / "job";
   what.makeJob(job, rows);
-  if (what.grows) what.makeJob(grownJob, 5 * rows);
+  what.makeJob(grownJob, 5 * rows);
   base::Crew crew(std::thread::hardware_concurrency());
   const auto all = [&] { MakeSet(what.kind, base, job, &crew); };
   const double peak = PeakOf(all);
@@ -71,8 +69,8 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   std::vector<Side> sides{{"floor", floor},
                           {"one", [&] { MakeSet(what.kind, base, job, nullptr); }},
                           {"all", all},
+                          {"grown", [&] { MakeSet(what.kind, base, grownJob, &crew); }},
                           {"dump", dump}};
-  if (what.grows) sides.push_back({"grown", [&] { MakeSet(what.kind, base, grownJob, &crew); }});
   if (what.peer) sides.push_back({"peer", [&] { what.peer(job, folder); }, true});
   SideBySide(state, sides);
   state.counters["peak_MiB"] = peak;

@@ -42,7 +42,6 @@ void Points(benchmark::State& state, int sections) {
                         std::string(jobstore::PointEpochs::Text()),
                         {9, 10},
                         1,
-                        true,
                         MakeWithOgr2ogr});
 }
 BENCHMARK_CAPTURE(Points, 1, 1)->Name("points, 1 section")->Apply(Sizes);

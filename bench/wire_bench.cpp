@@ -10,7 +10,7 @@ namespace {
 void MakeJob(const std::string& path, std::int64_t rows) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(kestrin::sample::JobSchema());
+  job.Execute(sample::JobSchema());
   job.Execute(
       "INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, altitude) "
       "VALUES (1000, 0, 0.79, -1.63, 300)");
@@ -37,7 +37,6 @@ void Path(benchmark::State& state) {
                         std::string(jobstore::WireEpochs::Text()),
                         {4},
                         1,
-                        true,
                         JoinWithOgr2ogr});
 }
 BENCHMARK(Path)->Name("path")->Apply(Sizes);
