@@ -6,12 +6,12 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "base/runHost.h"
+#include "bench/silentHost.h"
 
 /// What the exports and previews are measured against: the same rows through SQLite
 /// and as many points through PROJ, each by the shortest way there is.
@@ -36,7 +36,7 @@ class Database {
 
   /// Reads every column of a query's rows, or of its first row: the time key and the
   /// columns named as integers, the others as doubles.
-  void Scan(std::string_view text, std::initializer_list<int> integers = {},
+  void Scan(std::string_view text, const std::vector<int>& integers = {},
             bool firstRowOnly = false) {
     sqlite3_stmt* rows = nullptr;
     Check(sqlite3_prepare_v2(database_, text.data(), static_cast<int>(text.size()), &rows,
@@ -74,13 +74,5 @@ inline void ProjectPoints(std::int64_t points) {
   proj_destroy(utm);
   proj_context_destroy(context);
 }
-
-/// A host that nobody watches; a benchmark whose export has something to say is void.
-class SilentHost : public base::RunHost {
- public:
-  void CountRow() override {}
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-};
 
 }  // namespace kestrin::bench

@@ -5,18 +5,16 @@
 #include <vector>
 
 #include "base/angles.h"
-#include "bench/measures.h"
+#include "bench/sideBySide.h"
 #include "geo/modProj4.h"
 #include "geo/utmProjection.h"
 
-/// What a conversion costs beside PROJ's own part of it: the same points through proj_trans
-/// alone, turn and turn about in one run, are the floor ("times_proj").
+/// What a conversion costs beside PROJ's own part of it: the same points through proj_trans alone.
 
 namespace kestrin::bench {
 namespace {
 
 constexpr std::int16_t kZone = 14;
-constexpr std::size_t kPoints = 100'000;
 
 /// PROJ by itself.
 class Projection {
@@ -49,33 +47,19 @@ class Projection {
 };
 
 /// Points of a field, so that no result can be foretold.
-std::vector<geo::UtmPoint> FieldInMetres() {
+std::vector<geo::UtmPoint> FieldInMetres(std::int64_t count) {
   std::vector<geo::UtmPoint> points;
-  for (std::size_t i = 0; i < kPoints; ++i) {
+  for (std::int64_t i = 0; i < count; ++i) {
     points.push_back({627000 + static_cast<double>(i % 1024), 4439000});
   }
   return points;
 }
-std::vector<geo::GeoPoint> FieldInDegrees() {
+std::vector<geo::GeoPoint> FieldInDegrees(std::int64_t count) {
   std::vector<geo::GeoPoint> points;
-  for (std::size_t i = 0; i < kPoints; ++i) {
+  for (std::int64_t i = 0; i < count; ++i) {
     points.push_back({-97.5 + static_cast<double>(i % 1024) * 1e-5, 40.1});
   }
   return points;
-}
-
-/// Times `ours` against `floor`, both over all points of the field.
-template <class Ours, class Floor>
-void Compare(benchmark::State& state, Ours ours, Floor floor) {
-  double oursSeconds = 0;
-  double floorSeconds = 0;
-  for ([[maybe_unused]] const auto iteration : state) {
-    floorSeconds += SecondsOf(floor);
-    oursSeconds += SecondsOf(ours);
-  }
-  state.counters["ns_a_point"] =
-      oursSeconds / static_cast<double>(state.iterations()) / kPoints * 1e9;
-  state.counters["times_proj"] = oursSeconds / floorSeconds;
 }
 
 template <class From, class To, class Convert>
@@ -88,39 +72,35 @@ void Each(const std::vector<From>& from, std::vector<To>& to, Convert convert) {
 void ToGeo(benchmark::State& state) {
   const Projection proj;
   const geo::UtmProjection held(kZone);
-  const auto from = FieldInMetres();
-  std::vector<geo::GeoPoint> to(kPoints);
-  Compare(
-      state, [&] { Each(from, to, [&](geo::UtmPoint point) { return held.ToGeo(point); }); },
-      [&] { Each(from, to, [&](geo::UtmPoint point) { return proj.ToGeo(point); }); });
+  const auto from = FieldInMetres(state.range(0));
+  std::vector<geo::GeoPoint> to(from.size());
+  SideBySide(state,
+             {{"floor", [&] { Each(from, to, [&](geo::UtmPoint at) { return proj.ToGeo(at); }); }},
+              {"one", [&] { Each(from, to, [&](geo::UtmPoint at) { return held.ToGeo(at); }); }}});
 }
-BENCHMARK(ToGeo)->Iterations(40);
+BENCHMARK(ToGeo)->Name("part: to degrees")->Apply(Sizes);
 
 void ToGeoRange(benchmark::State& state) {
   const Projection proj;
   const geo::UtmProjection held(kZone);
-  const auto from = FieldInMetres();
-  std::vector<geo::GeoPoint> to(kPoints);
-  Compare(
-      state,
-      [&] {
-        held.ToGeo(from, to);
-        benchmark::ClobberMemory();
-      },
-      [&] { Each(from, to, [&](geo::UtmPoint point) { return proj.ToGeo(point); }); });
+  const auto from = FieldInMetres(state.range(0));
+  std::vector<geo::GeoPoint> to(from.size());
+  SideBySide(state,
+             {{"floor", [&] { Each(from, to, [&](geo::UtmPoint at) { return proj.ToGeo(at); }); }},
+              {"one", [&] { held.ToGeo(from, to); }}});
 }
-BENCHMARK(ToGeoRange)->Iterations(40);
+BENCHMARK(ToGeoRange)->Name("part: to degrees, at once")->Apply(Sizes);
 
 void ToUtm(benchmark::State& state) {
   const Projection proj;
   const geo::UtmProjection held(kZone);
-  const auto from = FieldInDegrees();
-  std::vector<geo::UtmPoint> to(kPoints);
-  Compare(
-      state, [&] { Each(from, to, [&](geo::GeoPoint point) { return held.ToUtm(point); }); },
-      [&] { Each(from, to, [&](geo::GeoPoint point) { return proj.ToUtm(point); }); });
+  const auto from = FieldInDegrees(state.range(0));
+  std::vector<geo::UtmPoint> to(from.size());
+  SideBySide(state,
+             {{"floor", [&] { Each(from, to, [&](geo::GeoPoint at) { return proj.ToUtm(at); }); }},
+              {"one", [&] { Each(from, to, [&](geo::GeoPoint at) { return held.ToUtm(at); }); }}});
 }
-BENCHMARK(ToUtm)->Iterations(40);
+BENCHMARK(ToUtm)->Name("part: to metres")->Apply(Sizes);
 
 /// One conversion on its own, which makes and frees its handles.
 void UtmToGeoPoint(benchmark::State& state) {

@@ -1,29 +1,16 @@
-#include <benchmark/benchmark.h>
-#include <proj.h>
-#include <sqlite3.h>
-
 #include <cmath>
-#include <ctime>
 #include <numbers>
 
-#include "bench/floors.h"
-#include "bench/measures.h"
-#include "export/coverage/coverageExport.h"
+#include "bench/exportSides.h"
+#include "bench/geosUnion.h"
 #include "jobstore/queries.h"
 #include "tools/sample/jobSchema.h"
 #include "tools/sample/randomness.h"
 
-/// The whole polygon export of a job that is one polygon, against the sum of its
-/// floors: the same rows through SQLite, two points a row through PROJ and the same
-/// bytes to the disk, each by the shortest way there is.
+/// The coverage of jobs that are one polygon, or many.
 
-namespace kestrin {
+namespace kestrin::bench {
 namespace {
-
-using bench::Database;
-using bench::ProjectPoints;
-using bench::SecondsOf;
-using bench::SilentHost;
 
 class Statement {
  public:
@@ -101,15 +88,15 @@ Place Jitter(std::int64_t row) {
 void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int64_t)) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(kestrin::sample::JobSchema());
+  job.Execute(sample::JobSchema());
   job.Execute(
       "BEGIN; INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, "
       "altitude) VALUES (1000, 0, 0.79, -1.63, 300);"
       "INSERT INTO ImplChangeTable (gpsWeek, gpsMsec, implName, implNumber, width0) "
       "VALUES (1000, 0, 'planter', 1, 9)");
   Statement insert(job.Handle(),
-                   "INSERT INTO GpsDataTable (gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type) "
-                   "VALUES (?, ?, ?, ?, ?, 8192)");
+                   "INSERT INTO GpsDataTable (gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, "
+                   "boomStatusBitfield) VALUES (?, ?, ?, ?, ?, 8192, 1)");
   for (std::int64_t row = 0; row < rows; ++row) {
     const Place at = place(row);
     sqlite3_bind_int64(insert.Handle(), 1, 1000 + row / 6000000);
@@ -123,75 +110,34 @@ void MakeJob(const std::string& path, std::int64_t rows, Place (*place)(std::int
   job.Execute("COMMIT");
 }
 
-/// Processor seconds an action takes in this thread, whatever else the machine does.
-template <class Action>
-double CpuSecondsOf(Action action) {
-  const auto now = [] {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+using Way = Place (*)(std::int64_t);
+
+void Coverage(benchmark::State& state, Way place) {
+  const auto makeJob = [=](const std::string& path, std::int64_t rows) {
+    MakeJob(path, rows, place);
   };
-  const double start = now();
-  action();
-  return now() - start;
+  MeasureExport(
+      state,
+      {exports::kExportKinds[2], makeJob, std::string(jobstore::PolyEpochs::Text()), {5}, 2});
 }
+BENCHMARK_CAPTURE(Coverage, Passes, Passes)->Name("coverage, passes")->Apply(Sizes);
+BENCHMARK_CAPTURE(Coverage, Jitter, Jitter)->Name("coverage, jitter")->Apply(Sizes);
+BENCHMARK_CAPTURE(Coverage, Wavering, Wavering)->Name("coverage, wavering")->Apply(Sizes);
+BENCHMARK_CAPTURE(Coverage, Spiral, Spiral)->Name("coverage, spiral")->Apply(Sizes);
+// The dearest there is, in a twentieth of the rows.
+BENCHMARK_CAPTURE(Coverage, SparseSpiral, SparseSpiral)
+    ->Name("coverage, arms that cross")
+    ->Apply(Size<50'000>);
 
-void PolyExport(benchmark::State& state, Place (*place)(std::int64_t)) {
-  const bench::ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  const std::string base = folder / "job_POLY";
-  MakeJob(job, state.range(0), place);
-  SilentHost host;
-  const auto files = kestrin::base::NativeFileSystem();
-  kestrin::exports::ExportRun run{host, *files, {}};
-  double whole = 0;
-  double scan = 0;
-  double projection = 0;
-  double bytes = 0;
-  double peak = 0;
-  double wholeCpu = 0;
-  double floorsCpu = 0;
-  for (auto iteration : state) {
-    bench::ResetPeakMemory();
-    const double before = bench::PeakMemory();
-    const double seconds = SecondsOf([&] {
-      wholeCpu += CpuSecondsOf([&] { kestrin::coverage::ExportPolyShape(base, job, run); });
-    });
-    peak = bench::PeakMemory() - before;
-    state.SetIterationTime(seconds);
-    whole += seconds;
-    floorsCpu += CpuSecondsOf([&] {
-      scan += SecondsOf([&] { Database(job).Scan(kestrin::jobstore::PolyEpochs::Text(), {5}); });
-      projection += SecondsOf([&] { ProjectPoints(2 * state.range(0)); });
-      bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
-    });
-  }
-  const auto average = [](double seconds) {
-    return benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
-  };
-  state.counters["scan_s"] = average(scan);
-  state.counters["proj_s"] = average(projection);
-  state.counters["bytes_s"] = average(bytes);
-  state.counters["times_floors"] = whole / (scan + projection + bytes);
-  state.counters["cpu_times_floors"] = wholeCpu / floorsCpu;
-  state.counters["records"] =
-      static_cast<double>((std::filesystem::file_size(base + ".shx") - 100) / 8);
-  state.counters["peak_MiB"] = peak;
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+void CoverageBesideGeos(benchmark::State& state) {
+  const ScratchFolder folder;
+  MakeJob(folder / "job.sqlite", state.range(0), Passes);
+  ground::Geos geos;
+  BesideGeos(state, exports::kExportKinds[2], folder, geos);
 }
-
-void Sizes(benchmark::internal::Benchmark* bench) {
-  bench->RangeMultiplier(10)->Range(10'000, 1'000'000);
-  bench->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK_CAPTURE(PolyExport, Passes, Passes)->Apply(Sizes);
-BENCHMARK_CAPTURE(PolyExport, Spiral, Spiral)->Apply(Sizes);
-BENCHMARK_CAPTURE(PolyExport, SparseSpiral, SparseSpiral)->Apply(Sizes);
-BENCHMARK_CAPTURE(PolyExport, Jitter, Jitter)->Apply(Sizes);
-BENCHMARK_CAPTURE(PolyExport, Wavering, Wavering)->Apply(Sizes);
+BENCHMARK(CoverageBesideGeos)->Name("coverage, passes, beside GEOS")->Apply(Size<50'000>);
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::bench
 
 BENCHMARK_MAIN();

@@ -1,37 +1,28 @@
-#include <benchmark/benchmark.h>
-
-#include <stdexcept>
-#include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
+#include "bench/blankPicture.h"
 #include "bench/floors.h"
-#include "bench/measures.h"
+#include "bench/sideBySide.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "preview/previewExtent.h"
 #include "preview/renderers.h"
 #include "tools/sample/jobSchema.h"
 
-/// What selecting a job and drawing its preview cost, against the same scans of the
-/// job by SQLite alone: rows counted, newest row, extent, drawing. The picture takes
-/// the calls and paints nothing.
+/// Selecting a job (rows counted, newest row, extent) and drawing it, without painting, beside
+/// the same scans of the job by SQLite alone.
 
-namespace kestrin {
+namespace kestrin::bench {
 namespace {
-
-using bench::Database;
-using bench::SecondsOf;
 
 /// A job driven to and fro at 10 Hz with 16 sections.
 void MakeJob(const std::string& path, std::int64_t rows) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(kestrin::sample::JobSchema());
+  job.Execute(sample::JobSchema());
   job.Execute("INSERT INTO ReferenceLocationChangeTable VALUES (1000, 0, 0.79, -1.63, 300)");
   std::string sections;
-  for (int slot = 0; slot < kestrin::jobstore::kSectionSlots; ++slot) {
+  for (int slot = 0; slot < jobstore::kSectionSlots; ++slot) {
     sections += ", 0.762, " + std::to_string(0.762 * slot) + ", 0, 0";
   }
   job.Execute("INSERT INTO ImplChangeTable VALUES (1000, 0, 'Planter', 1" + sections + ")");
@@ -42,103 +33,75 @@ void MakeJob(const std::string& path, std::int64_t rows) {
               "0, 0, 3.1, 8192 + (i % 1000 = 0) * 16384, 7 FROM n");
 }
 
-/// Counts the calls.
-class BlankPicture : public preview::Picture {
- public:
-  double Width() const override { return 504; }
-  double Height() const override { return 504; }
-  void Clear() override {}
-  void Polyline(std::span<const preview::PicturePoint> points, preview::Bgr) override {
-    Count(points.data());
-  }
-  void Polygon(std::span<const preview::PicturePoint> points, preview::Bgr, preview::Bgr) override {
-    Count(points.data());
-  }
-  void Line(preview::PicturePoint from, preview::PicturePoint to, preview::Bgr) override {
-    benchmark::DoNotOptimize(to);
-    Count(from);
-  }
-  void Circle(preview::PicturePoint centre, std::int32_t, preview::Bgr) override { Count(centre); }
-  void Refresh() override {}
-
-  std::int64_t calls = 0;
-
- private:
-  template <class What>
-  void Count(What what) {
-    benchmark::DoNotOptimize(what);
-    ++calls;
-  }
-};
-
-class CountingHost : public kestrin::base::RunHost {
- public:
-  void CountRow() override { ++rows; }
-  void Yield() override {}
-  void ShowMessage(const std::string& text) override { throw std::runtime_error(text); }
-
-  std::int64_t rows = 0;
-};
-
-struct KindScan {
-  std::string_view text;
-  int integerAt;
-};
-constexpr KindScan kScans[]{{kestrin::jobstore::PreviewWireEpochs::Text(), 4},
-                            {kestrin::jobstore::PreviewBoomEpochs::Text(), -1},
-                            {kestrin::jobstore::PreviewPolyEpochs::Text(), 4},
-                            {kestrin::jobstore::PreviewPointEpochs::Text(), -1}};
-
-void SelectAndPreview(const std::string& path, int kind, BlankPicture& picture) {
+void Select(const std::string& path, preview::PreviewState& state) {
   {
-    kestrin::jobstore::Job job(path);
+    jobstore::Job job(path);
     std::int32_t count = 0;
-    kestrin::jobstore::GpsKey newest;
-    kestrin::jobstore::ReadFirst<kestrin::jobstore::EpochCount>(job, count);
-    kestrin::jobstore::ReadFirst<kestrin::jobstore::NewestEpoch>(job, newest);
+    jobstore::GpsKey newest;
+    jobstore::ReadFirst<jobstore::EpochCount>(job, count);
+    jobstore::ReadFirst<jobstore::NewestEpoch>(job, newest);
     benchmark::DoNotOptimize(newest);
   }
-  CountingHost host;
-  kestrin::preview::PreviewState state;
-  kestrin::preview::FindPreviewExtent(path, state, picture, host);
-  kestrin::preview::DrawPreview(kind, state, picture, host);
-}
-
-void ScanAlone(const std::string& path, const KindScan& scan) {
-  Database job(path);
-  job.Scan(kestrin::jobstore::EpochCount::Text(), {}, true);
-  job.Scan(kestrin::jobstore::NewestEpoch::Text(), {}, true);
-  job.Scan(kestrin::jobstore::PreviewBoomEpochs::Text());
-  job.Scan(scan.text, {scan.integerAt});
-}
-
-void Preview(benchmark::State& state) {
-  const bench::ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  const int kind = static_cast<int>(state.range(1));
-  MakeJob(job, state.range(0));
-  double whole = 0;
-  double scans = 0;
+  SilentHost host;
   BlankPicture picture;
-  for (auto iteration : state) {
-    picture.calls = 0;
-    const double seconds = SecondsOf([&] { SelectAndPreview(job, kind, picture); });
-    state.SetIterationTime(seconds);
-    whole += seconds;
-    scans += SecondsOf([&] { ScanAlone(job, kScans[kind]); });
-  }
-  state.counters["scans_s"] = benchmark::Counter(scans, benchmark::Counter::kAvgIterations);
-  state.counters["times_scans"] = whole / scans;
-  state.counters["calls"] = static_cast<double>(picture.calls);
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+  preview::FindPreviewExtent(path, state, picture, host);
 }
-BENCHMARK(Preview)
-    ->ArgNames({"rows", "kind"})
-    ->ArgsProduct({{10'000, 100'000, 1'000'000}, {0, 1, 2, 3}})
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+
+void ScanAsSelecting(const std::string& path) {
+  Database job(path);
+  job.Scan(jobstore::EpochCount::Text(), {}, true);
+  job.Scan(jobstore::NewestEpoch::Text(), {}, true);
+  job.Scan(jobstore::PreviewBoomEpochs::Text());
+}
+
+void Selecting(benchmark::State& state) {
+  const ScratchFolder folder;
+  const std::string job = folder / "job.sqlite";
+  const std::string grown = folder / "grown.sqlite";
+  MakeJob(job, state.range(0));
+  MakeJob(grown, 5 * state.range(0));
+  preview::PreviewState selected;
+  const double peak = PeakOf([&] { Select(job, selected); });
+  SideBySide(state, {{"floor", [&] { ScanAsSelecting(job); }},
+                     {"one", [&] { Select(job, selected); }},
+                     {"grown", [&] { Select(grown, selected); }}});
+  state.counters["peak_MiB"] = peak;
+}
+BENCHMARK(Selecting)->Name("selecting, extent")->Apply(Sizes);
+
+void Drawing(benchmark::State& state, int kind, std::string_view query, int integerAt) {
+  const ScratchFolder folder;
+  const std::string job = folder / "job.sqlite";
+  const std::string grown = folder / "grown.sqlite";
+  MakeJob(job, state.range(0));
+  MakeJob(grown, 5 * state.range(0));
+  preview::PreviewState selected;
+  preview::PreviewState selectedGrown;
+  Select(job, selected);
+  Select(grown, selectedGrown);
+  SilentHost host;
+  BlankPicture picture;
+  const auto draw = [&] { preview::DrawPreview(kind, selected, picture, host); };
+  const double peak = PeakOf(draw);
+  SideBySide(state, {{"floor", [&] { Database(job).Scan(query, {integerAt}); }},
+                     {"one", draw},
+                     {"grown", [&] { preview::DrawPreview(kind, selectedGrown, picture, host); }}});
+  state.counters["peak_MiB"] = peak;
+}
+BENCHMARK_CAPTURE(Drawing, wire, 0, jobstore::PreviewWireEpochs::Text(), 4)
+    ->Name("preview, path")
+    ->Apply(Sizes);
+BENCHMARK_CAPTURE(Drawing, boom, 1, jobstore::PreviewBoomEpochs::Text(), -1)
+    ->Name("preview, boom")
+    ->Apply(Sizes);
+BENCHMARK_CAPTURE(Drawing, poly, 2, jobstore::PreviewPolyEpochs::Text(), 4)
+    ->Name("preview, coverage")
+    ->Apply(Sizes);
+BENCHMARK_CAPTURE(Drawing, point, 3, jobstore::PreviewPointEpochs::Text(), -1)
+    ->Name("preview, points")
+    ->Apply(Sizes);
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::bench
 
 BENCHMARK_MAIN();

@@ -1,30 +1,16 @@
-#include <benchmark/benchmark.h>
-#include <proj.h>
-#include <sqlite3.h>
-
-#include "bench/floors.h"
-#include "bench/measures.h"
-#include "export/wire/wireExport.h"
-#include "jobstore/queries.h"
+#include "bench/ogr2ogr.h"
 #include "tools/sample/jobSchema.h"
 
-/// The whole wire export against the sum of its floors: the same rows through
-/// SQLite, as many points through PROJ and the same bytes to the disk, each by the
-/// shortest way there is.
+/// The driven path; beside it ogr2ogr joining the points of each stretch to a line.
 
-namespace kestrin {
+namespace kestrin::bench {
 namespace {
-
-using bench::Database;
-using bench::ProjectPoints;
-using bench::SecondsOf;
-using bench::SilentHost;
 
 /// A job driven to and fro at 10 Hz in stretches of 500 epochs.
 void MakeJob(const std::string& path, std::int64_t rows) {
   Database job(path);
   job.Execute("PRAGMA synchronous=OFF");
-  job.Execute(kestrin::sample::JobSchema());
+  job.Execute(sample::JobSchema());
   job.Execute(
       "INSERT INTO ReferenceLocationChangeTable (gpsWeek, gpsMsec, latitude, longitude, altitude) "
       "VALUES (1000, 0, 0.79, -1.63, 300)");
@@ -37,47 +23,25 @@ void MakeJob(const std::string& path, std::int64_t rows) {
       "8192 + CASE WHEN i % 500 = 0 THEN 16384 ELSE 0 END, 7 FROM n");
 }
 
-void WireExport(benchmark::State& state) {
-  const bench::ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  const std::string base = folder / "job_WIRE";
-  MakeJob(job, state.range(0));
-  SilentHost host;
-  const auto files = kestrin::base::NativeFileSystem();
-  kestrin::exports::ExportRun run{host, *files, {}};
-  double whole = 0;
-  double scan = 0;
-  double projection = 0;
-  double bytes = 0;
-  double peak = 0;
-  for (auto iteration : state) {
-    bench::ResetPeakMemory();
-    const double before = bench::PeakMemory();
-    const double seconds = SecondsOf([&] { kestrin::wire::ExportWireShape(base, job, run); });
-    peak = bench::PeakMemory() - before;
-    state.SetIterationTime(seconds);
-    whole += seconds;
-    scan += SecondsOf([&] { Database(job).Scan(kestrin::jobstore::WireEpochs::Text(), {4}); });
-    projection += SecondsOf([&] { ProjectPoints(state.range(0)); });
-    bytes += SecondsOf([&] { bench::WriteSetPlainly(base, folder / "plain"); });
-  }
-  const auto average = [](double seconds) {
-    return benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
-  };
-  state.counters["scan_s"] = average(scan);
-  state.counters["proj_s"] = average(projection);
-  state.counters["bytes_s"] = average(bytes);
-  state.counters["times_floors"] = whole / (scan + projection + bytes);
-  state.counters["peak_MiB"] = peak;
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+void JoinWithOgr2ogr(const std::string& job, const ScratchFolder& folder) {
+  DescribePoints(folder / "points.vrt", job,
+                 "Sum(type &amp; 16384) Over (Order By gpsWeek, gpsMsec) As stretch");
+  RunOgr2ogr(folder / "points.vrt", folder / "ogr.shp",
+             "-dialect SQLite -sql 'Select stretch, MakeLine(geometry) From points "
+             "Group By stretch'");
 }
-BENCHMARK(WireExport)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+
+void Path(benchmark::State& state) {
+  MeasureExport(state, {exports::kExportKinds[0],
+                        MakeJob,
+                        std::string(jobstore::WireEpochs::Text()),
+                        {4},
+                        1,
+                        JoinWithOgr2ogr});
+}
+BENCHMARK(Path)->Name("path")->Apply(Sizes);
 
 }  // namespace
-}  // namespace kestrin
+}  // namespace kestrin::bench
 
 BENCHMARK_MAIN();
