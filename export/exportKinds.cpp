@@ -15,6 +15,16 @@ const ExportKinds kExportKinds{{
     {"point", "_POINT", point::ExportPointShape},
 }};
 
-const ExportKind kNetKind{"net", "_NET", net::ExportNetShape};
+namespace {
+
+constexpr ExportKind kNamed[] = {
+    {"net", "_NET", net::ExportNetShape,
+     "the ground really covered, overlap counted once, under the sections that were on; its "
+     "width is the implement row's own, where that of poly adds up"},
+};
+
+}  // namespace
+
+constinit const std::span<const ExportKind> kNamedKinds(kNamed);
 
 }  // namespace kestrin::exports

@@ -3,7 +3,10 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "base/crew.h"
 #include "base/fileSystem.h"
 #include "base/runHost.h"
 #include "jobstore/sqliteDefs.h"
@@ -18,6 +21,14 @@ struct ExportRun {
   shapefile::SetOptions options;
   /// Of the net set: count the implement's full width, whatever the sections' switches say.
   bool allSections = false;
+  /// Who works on rows beside the caller's thread; the sets are the same without.
+  base::Crew* crew = nullptr;
+};
+
+/// A number that a set says of its whole job, by the name a machine is told it under.
+struct Figure {
+  std::string_view name;
+  double value = 0;
 };
 
 /// How an export ended. Failures of the job were shown through the host; file
@@ -33,6 +44,9 @@ struct ExportOutcome {
   /// What else there is to say of a set that was made, or of there being none; mostly
   /// nothing.
   std::string summary{};
+  /// Of a set that was made, what its table comes to: "meters" of a path, "acres" of ground as
+  /// the records show them, added up.
+  std::vector<Figure> figures{};
 };
 
 /// An index outside an array: the run-time error that ends an export. It says why in words for
@@ -45,11 +59,13 @@ class SubscriptError : public std::runtime_error {
 
 /// What the user is told of a job that cannot be opened, or a query of it that cannot
 /// be prepared, with the number of the result.
+inline constexpr std::string_view kNotOpened = "Error opening: ";
+inline constexpr std::string_view kNotPrepared = "Error creating statement: ";
 inline std::string NotOpenedText(std::int32_t result) {
-  return "Error opening: " + std::to_string(result);
+  return std::string(kNotOpened) + std::to_string(result);
 }
 inline std::string NotPreparedText(std::int32_t result) {
-  return "Error creating statement: " + std::to_string(result);
+  return std::string(kNotPrepared) + std::to_string(result);
 }
 
 }  // namespace kestrin::exports

@@ -20,8 +20,7 @@ std::string NotReadToEndText(const ExportOutcome& outcome, std::int64_t total) {
     held = "the set holds " + std::to_string(outcome.epochs) +
            (known ? " of " + std::to_string(total) + " epochs" : " epochs of an unknown number");
   }
-  return "The job could not be read to its end: " + held + ", code " +
-         std::to_string(outcome.lastStep);
+  return std::string(kNotReadToEnd) + held + ", code " + std::to_string(outcome.lastStep);
 }
 
 }  // namespace kestrin::exports

@@ -22,6 +22,9 @@ std::string NotMadeText(std::string_view kind, const std::exception& error);
 /// Of a file of a set or a folder that could not be written.
 std::string NotWrittenText(const base::FileError& error);
 
+/// How the next one begins.
+inline constexpr std::string_view kNotReadToEnd = "The job could not be read to its end: ";
+
 /// Of rows that ended with the library's error code instead of their end. `total` is how many
 /// rows the job has; 0 when it could not be told, as a job that is damaged cannot be counted
 /// either.

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 
+#include "base/nameKey.h"
 #include "base/text.h"
 
 namespace kestrin::exports {
+
+bool IsJobFile(const std::string& fileName) {
+  return base::NameKey(fileName).ends_with(base::NameKey(std::string(kJobExtension)));
+}
 
 base::SplitPath JobNameOf(std::string_view jobPath) {
   return base::SplitAtLastSeparator(base::Without(jobPath, kJobExtension));

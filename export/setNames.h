@@ -13,6 +13,10 @@ inline constexpr std::string_view kJobExtension = ".sqlite";
 inline constexpr std::string_view kShapeExtension = ".shp";
 inline constexpr std::string_view kDataFolderName = "TrevaskData";
 
+/// Whether a file is a job by its name, as the window's SELECT dialog filters them. Letters'
+/// case counts where it does in names.
+bool IsJobFile(const std::string& fileName);
+
 /// A job's folder and name from the path of its file: every ".sqlite" taken out.
 base::SplitPath JobNameOf(std::string_view jobPath);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 
 #include "geo/modProj4.h"
@@ -15,9 +16,12 @@ namespace kestrin::geo {
 class WorkingPlane {
  public:
   explicit WorkingPlane(const jobstore::ReferenceRow& first)
-      : projection_(UtmZoneOf(first.latitude, first.longitude)) {
+      : zone_(UtmZoneOf(first.latitude, first.longitude)), projection_(zone_) {
     MoveOrigin(first);
   }
+
+  /// Its UTM zone, for another projection to the same numbers in another thread.
+  std::int16_t Zone() const { return zone_; }
 
   /// Takes another reference location as origin.
   void MoveOrigin(const jobstore::ReferenceRow& reference) {
@@ -38,6 +42,7 @@ class WorkingPlane {
   }
 
  private:
+  std::int16_t zone_;
   UtmProjection projection_;
   UtmPoint origin_;
 };

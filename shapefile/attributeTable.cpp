@@ -89,6 +89,11 @@ void AttributeRecord::GoTo(std::size_t field) {
   while (field_ < field) end_ += static_cast<std::size_t>(widths_[field_++]);
 }
 
+void AttributeRecord::Begin(std::string_view bytes) {
+  assert(bytes.size() <= bytes_.size());
+  std::ranges::copy(bytes, bytes_.begin());
+}
+
 void AttributeRecord::Add(std::string_view text, Keep keep) {
   assert(field_ < widths_.size());
   const auto width = static_cast<std::size_t>(widths_[field_++]);

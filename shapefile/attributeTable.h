@@ -55,6 +55,9 @@ class AttributeRecord {
   /// On to any field, counted from 0; the others keep their text.
   void GoTo(std::size_t field);
 
+  /// Takes the first fields over from another record's Bytes(), of no more than these fields.
+  void Begin(std::string_view bytes);
+
   /// Writes the next field.
   void Add(std::string_view text, Keep keep);
 

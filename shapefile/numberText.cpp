@@ -70,4 +70,11 @@ NumberText IntegerText(std::int64_t value) {
       [&](char* begin, char* limit) { return std::to_chars(begin, limit, value).ptr; });
 }
 
+double NumberIn(std::string_view text, int width) {
+  text = text.substr(0, static_cast<std::size_t>(width));
+  double number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
 }  // namespace kestrin::shapefile

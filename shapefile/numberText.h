@@ -41,4 +41,8 @@ NumberText RoundedText(double value, int decimals);
 
 NumberText IntegerText(std::int64_t value);
 
+/// The number that a field of so many bytes shows of a text whose first characters survive;
+/// 0 where they are none.
+double NumberIn(std::string_view text, int width);
+
 }  // namespace kestrin::shapefile

@@ -36,8 +36,6 @@ struct ControlId {
 
   Control control{};
   int index = kNoIndex;
-
-  friend bool operator==(const ControlId&, const ControlId&) = default;
 };
 
 /// The name of the window's object, with its index behind "_" in an array:

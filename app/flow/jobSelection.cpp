@@ -6,9 +6,9 @@
 #include "app/flow/defaultFolder.h"
 #include "app/flow/formatVersion.h"
 #include "app/flow/warnings.h"
-#include "base/text.h"
 #include "export/exportKinds.h"
 #include "jobstore/queries.h"
+#include "jobstore/recordedFormat.h"
 #include "preview/previewExtent.h"
 #include "preview/renderers.h"
 #include "shapefile/shapefileSet.h"
@@ -63,12 +63,7 @@ bool JobSelection::ReadJob(const std::string& path) {
 }
 
 void JobSelection::CheckFormat(jobstore::Job& job) {
-  std::int32_t tables = 0;
-  std::string newest;
-  if (jobstore::ReadFirst<jobstore::VersionTableCount>(job, tables) && tables > 0) {
-    jobstore::ReadFirst<jobstore::NewestVersion>(job, newest);
-  }
-  const std::string version(base::TrimmedBlanks(newest));
+  const std::string version = jobstore::RecordedFormat(job);
   switch (CompareFormat(version)) {
     case FormatAge::kCompatible:
       break;

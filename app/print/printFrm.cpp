@@ -34,22 +34,14 @@ constexpr QRect InTwips(const widgets::TwipRect& rect) {
   return {rect.left, rect.top, rect.width, rect.height};
 }
 
-/// The font in twips, which the painter's scale turns into points of the page.
-QFont SheetFont(const widgets::FontSpec& spec) {
-  constexpr int kTwipsPerPoint = 20;
-  constexpr int kQuarterPointsPerPoint = 4;
-  QFont font = widgets::WindowFont(spec);
-  font.setPixelSize(spec.quarterPoints * kTwipsPerPoint / kQuarterPointsPerPoint);
-  return font;
-}
-
 /// Draws the whole text inside its place: narrowed as long as that is enough, then in
 /// ever smaller letters that go on in the next line.
 void DrawText(QPainter& painter, const widgets::TwipRect& place, const widgets::FontSpec& spec,
               const QString& text, Qt::AlignmentFlag across = Qt::AlignLeft) {
   const auto how =
       static_cast<int>(across | Qt::AlignTop | Qt::TextWrapAnywhere | Qt::TextDontClip);
-  QFont font = widgets::Fitted(SheetFont(spec), text, place.width);
+  QFont font =
+      widgets::Fitted(widgets::DesignFont(spec, widgets::kTwipsPerInch), text, place.width);
   painter.setFont(font);
   QRect room = InTwips(place);
   room.setHeight(std::max(room.height(), painter.fontMetrics().height()));

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string>
 
+#include "app/session/guidePictures.h"
 #include "app/session/session.h"
 
 namespace kestrin::session {
@@ -77,6 +78,10 @@ int RunScreenshots(const std::string& job, const std::string& scratch, const std
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   if (variant == "dark") QApplication::setPalette(DarkPalette());
   Session session(job, scratch);
+  if (variant == "guide") {
+    ShootGuide(session, folder);
+    return 0;
+  }
   ShootAll(session, folder, variant == "plain" ? "" : variant + "-");
   if (variant == "plain") ShootSmall(session, folder);
   return 0;

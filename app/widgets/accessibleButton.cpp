@@ -16,44 +16,28 @@ class AccessibleButton : public QAccessibleWidget {
   AccessibleButton(QAbstractButton* button, QAccessible::Role role)
       : QAccessibleWidget(button, role), button_(button) {}
 
-  QString text(QAccessible::Text kind) const override {
-    const QString text = QAccessibleWidget::text(kind);
-    return kind == QAccessible::Name && text.isEmpty() ? button_->text() : text;
-  }
-
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.checkable = button_->isCheckable();
     state.checked = button_->isChecked();
     state.pressed = button_->isDown();
-    if (!InputReaches(*button_)) {
-      state.disabled = true;
-      state.focusable = false;
-    }
+    if (!InputReaches(*button_)) state.disabled = true;
     return state;
   }
 
   QStringList actionNames() const override {
     if (state().disabled) return {};
-    return {Action(), setFocusAction()};
+    return {button_->isCheckable() ? toggleAction() : pressAction(), setFocusAction()};
   }
 
   void doAction(const QString& action) override {
-    if (state().disabled) return;
     if (action == pressAction() || action == toggleAction())
       button_->click();
     else
       QAccessibleWidget::doAction(action);
   }
 
-  QStringList keyBindingsForAction(const QString& action) const override {
-    const QString keys = button_->shortcut().toString();
-    return action == Action() && !keys.isEmpty() ? QStringList{keys} : QStringList{};
-  }
-
  private:
-  QString Action() const { return button_->isCheckable() ? toggleAction() : pressAction(); }
-
   QAbstractButton* button_;
 };
 

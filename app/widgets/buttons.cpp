@@ -1,5 +1,6 @@
 #include "app/widgets/buttons.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -12,29 +13,24 @@
 
 namespace kestrin::widgets {
 
-namespace {
-
-/// Enter and Return press as the space bar does: down with the key, and chosen when it
-/// is let go. A key that is held chooses once, and nothing in a dialog that it opened.
-template <class Handler>
-void WithEnterAsSpace(QKeyEvent& event, Handler handler) {
-  if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) {
-    handler(&event);
-    return;
-  }
-  QKeyEvent space(event.type(), Qt::Key_Space, event.modifiers(), " ", event.isAutoRepeat());
-  handler(&space);
-  event.setAccepted(space.isAccepted());
-}
-
-}  // namespace
-
 ClickGuard::ClickGuard(QAbstractButton& button) : button_(button) {
   QObject::connect(&button, &QAbstractButton::pressed, &button,
                    [this] { pressedInReach_ = InputReaches(button_); });
+  button.installEventFilter(this);
 }
 
 bool ClickGuard::Accepts() const { return pressedInReach_ && InputReaches(button_); }
+
+bool ClickGuard::eventFilter(QObject*, QEvent* event) {
+  const auto* key = dynamic_cast<QKeyEvent*>(event);
+  if (key == nullptr || key->type() == QEvent::ShortcutOverride) return false;
+  if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
+  // A key that is held then chooses once, and nothing in a dialog that it opened.
+  QKeyEvent space(key->type(), Qt::Key_Space, key->modifiers(), " ", key->isAutoRepeat());
+  QCoreApplication::sendEvent(&button_, &space);
+  event->setAccepted(space.isAccepted());
+  return true;
+}
 
 GraphicalButton::GraphicalButton(const QString& caption, QWidget* parent)
     : QAbstractButton(parent), guard_(*this) {
@@ -61,16 +57,6 @@ QColor GraphicalButton::ShownText() const {
       background_ ? TextOn(face) : palette().color(QPalette::Active, QPalette::ButtonText);
   return isEnabled() ? lively : Faint(lively, face);
 }
-
-void GraphicalButton::keyPressEvent(QKeyEvent* event) {
-  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyPressEvent(key); });
-}
-
-void GraphicalButton::keyReleaseEvent(QKeyEvent* event) {
-  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QAbstractButton::keyReleaseEvent(key); });
-}
-
-QSize GraphicalButton::sizeHint() const { return {105, 41}; }
 
 void GraphicalButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -106,14 +92,10 @@ OptionButton::OptionButton(const QString& caption, QWidget* parent)
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (guard_.Accepts()) emit Chosen();
   });
-  connect(this, &QAbstractButton::toggled, this, [this](bool checked) {
-    if (checked && InputReaches(*this)) PutTabStop(parentWidget());
-  });
 }
 
-void OptionButton::PutTabStop(const QWidget* group) {
-  if (group == nullptr) return;
-  const auto options = group->findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
+void OptionButton::PutTabStop(const QWidget& group) {
+  const auto options = group.findChildren<OptionButton*>(QString(), Qt::FindDirectChildrenOnly);
   const auto checked = std::find_if(options.begin(), options.end(),
                                     [](const OptionButton* each) { return each->isChecked(); });
   if (checked == options.end()) return;
@@ -129,15 +111,7 @@ void OptionButton::nextCheckState() {
 void OptionButton::focusInEvent(QFocusEvent* event) {
   QRadioButton::focusInEvent(event);
   // Qt has put the stop where the focus is.
-  PutTabStop(parentWidget());
-}
-
-void OptionButton::keyPressEvent(QKeyEvent* event) {
-  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyPressEvent(key); });
-}
-
-void OptionButton::keyReleaseEvent(QKeyEvent* event) {
-  WithEnterAsSpace(*event, [this](QKeyEvent* key) { QRadioButton::keyReleaseEvent(key); });
+  PutTabStop(*parentWidget());
 }
 
 void OptionButton::initStyleOption(QStyleOptionButton* option) const {

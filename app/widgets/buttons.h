@@ -7,23 +7,25 @@
 
 namespace kestrin::widgets {
 
-/// Decides which clicks on a button count: those that found its frames open, both when
-/// the button was pressed and when it was let go. Whoever made the click, a mouse, a key,
-/// an assistive tool or a call, is judged alike.
-class ClickGuard {
+/// Lets Enter and the keypad's Enter press a button as the space bar does, and decides which
+/// clicks on it count: those that found its frames open, both when the button was pressed and
+/// when it was let go. Whoever made the click, a mouse, a key, an assistive tool or a call, is
+/// judged alike.
+class ClickGuard : public QObject {
  public:
   explicit ClickGuard(QAbstractButton& button);
 
   /// To be asked when the click arrives.
   bool Accepts() const;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   QAbstractButton& button_;
   bool pressedInReach_ = true;
 };
 
-/// A push button whose background can be set. The space bar, Enter and the keypad's Enter
-/// press it.
+/// A push button whose background can be set.
 class GraphicalButton : public QAbstractButton {
   Q_OBJECT
 
@@ -38,15 +40,11 @@ class GraphicalButton : public QAbstractButton {
   QColor ShownBackground() const;
   QColor ShownText() const;
 
-  QSize sizeHint() const override;
-
  signals:
   /// A click that counts.
   void Chosen();
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -54,7 +52,7 @@ class GraphicalButton : public QAbstractButton {
   ClickGuard guard_;
 };
 
-/// One of the option buttons that share a frame; the same keys press it.
+/// One of the option buttons that share a frame.
 class OptionButton : public QRadioButton {
   Q_OBJECT
 
@@ -62,9 +60,9 @@ class OptionButton : public QRadioButton {
   OptionButton(const QString& caption, QWidget* parent);
 
   /// Makes Tab enter the options in `group`, if any, at the checked one, where there is
-  /// one: from any other the arrow keys choose nothing. They see to it themselves, but for
-  /// focus policies set from outside.
-  static void PutTabStop(const QWidget* group);
+  /// one: from any other the arrow keys choose nothing. They see to it themselves when one
+  /// takes the focus; whoever checks one or sets focus policies otherwise sees to it then.
+  static void PutTabStop(const QWidget& group);
 
  signals:
   /// A click that counts.
@@ -73,8 +71,6 @@ class OptionButton : public QRadioButton {
  protected:
   void nextCheckState() override;
   void focusInEvent(QFocusEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
   /// A disabled caption can still be read, which not every desktop sees to.
   void initStyleOption(QStyleOptionButton* option) const override;
 

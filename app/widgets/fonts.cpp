@@ -7,8 +7,6 @@ namespace kestrin::widgets {
 
 namespace {
 
-constexpr int kQuarterPointsPerPoint = 4;
-
 QStringList Families(Face face) {
   switch (face) {
     case Face::kSansSerif:
@@ -26,15 +24,13 @@ QStringList Families(Face face) {
 
 }  // namespace
 
-QFont WindowFont(const FontSpec& spec) {
-  constexpr int kPixelsPerInch = 96;
-  constexpr int kPointsPerInch = 72;
+QFont DesignFont(const FontSpec& spec, int unitsPerInch) {
+  constexpr int kQuarterPointsPerInch = 4 * 72;
   QFont font;
   font.setFamilies(Families(spec.face));
   font.setStyleHint(spec.face == Face::kTimes ? QFont::Serif : QFont::SansSerif);
   font.setBold(spec.bold);
-  font.setPixelSize(spec.quarterPoints * kPixelsPerInch /
-                    (kPointsPerInch * kQuarterPointsPerPoint));
+  font.setPixelSize(spec.quarterPoints * unitsPerInch / kQuarterPointsPerInch);
   return font;
 }
 

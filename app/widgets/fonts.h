@@ -17,10 +17,10 @@ struct FontSpec {
 inline constexpr int kSmall = 33;
 inline constexpr int kLarge = 39;
 
-/// The font for the window, sized in window pixels: captions keep their proportion
-/// to the layout whatever text size the desktop asks for; scaling enlarges both.
-/// Where a face is missing, one of the same widths takes its place.
-QFont WindowFont(const FontSpec& spec);
+/// The font, sized in units of so many to the inch, window pixels unless told otherwise:
+/// captions keep their proportion to the layout whatever text size the desktop asks for;
+/// scaling enlarges both. Where a face is missing, one of the same widths takes its place.
+QFont DesignFont(const FontSpec& spec, int unitsPerInch = 96);
 
 /// The font narrowed until the text is at most `width` wide; unchanged when it
 /// fits already.

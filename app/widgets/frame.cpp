@@ -75,7 +75,7 @@ void Frame::GiveFocusBack() {
     if (policies_.contains(child)) child->setFocusPolicy(policies_.value(child));
   }
   policies_.clear();
-  OptionButton::PutTabStop(this);
+  OptionButton::PutTabStop(*this);
   QWidget* last = focused_.data();
   focused_.clear();
   if (last != nullptr && last->isEnabled() && window()->focusWidget() == nullptr)

@@ -2,7 +2,6 @@
 
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QScreen>
 #include <QTreeView>
 #include <algorithm>
@@ -11,16 +10,8 @@ namespace kestrin::window {
 
 namespace {
 
-/// The text as wide as the desktop writes it on a title bar.
-int TitleWidth(const QWidget& window) {
-  QFont font = window.font();
-  font.setBold(true);
-  return QFontMetrics(font).horizontalAdvance(window.windowTitle());
-}
-
 /// Qt keeps room between icon and text also where there is no icon.
-void DropIconsRoom(QGridLayout& layout, QLabel& text) {
-  text.setIndent(0);
+void DropIconsRoom(QGridLayout& layout) {
   layout.setHorizontalSpacing(0);
   for (int i = 0; i < layout.count(); ++i) {
     QSpacerItem* room = layout.itemAt(i)->spacerItem();
@@ -31,15 +22,15 @@ void DropIconsRoom(QGridLayout& layout, QLabel& text) {
 }  // namespace
 
 void LayOutBox(QMessageBox& box) {
-  // The window's icon and buttons, on any desktop.
-  constexpr int kBesideTitle = 140;
+  // The window's icon and buttons, and that titles may be bold, on any desktop.
+  constexpr int kBesideTitle = 160;
   auto* layout = qobject_cast<QGridLayout*>(box.layout());
-  auto* text = box.findChild<QLabel*>("qt_msgbox_label");
-  if (layout == nullptr || text == nullptr) return;
+  if (layout == nullptr) return;
   const int column = layout->columnCount() - 1;
-  layout->setColumnMinimumWidth(column, TitleWidth(box) + kBesideTitle);
+  layout->setColumnMinimumWidth(
+      column, box.fontMetrics().horizontalAdvance(box.windowTitle()) + kBesideTitle);
   layout->setColumnStretch(column, 1);
-  if (box.icon() == QMessageBox::NoIcon) DropIconsRoom(*layout, *text);
+  if (box.icon() == QMessageBox::NoIcon) DropIconsRoom(*layout);
 }
 
 void LayOutFileDialog(QFileDialog& dialog) {

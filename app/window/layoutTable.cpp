@@ -83,7 +83,7 @@ constexpr ControlSpec kTable[] = {
      kPlain,
      kHidden},
     {"Shape1", "Frame4", kBar, {2280, 1920, 135, 150}, "", "", kSans8, kPlain, kHidden},
-    {"Label7", "Frame4", kTrack, {2280, 1920, 1575, 150}, "", "", kSans8, kPlain, kHidden},
+    {"Label7", "Frame4", kBordered, {2280, 1920, 1575, 150}, "", "", kSans8, kPlain, kHidden},
 
     {"Frame2",
      "Picture2",
@@ -175,10 +175,10 @@ constexpr ControlSpec kTable[] = {
      kPlain,
      kHidden},
     {"Shape2", "Frame2", kBar, {2280, 2760, 135, 150}, "", "", kSans8, kPlain, kHidden},
-    {"Label9", "Frame2", kTrack, {2280, 2760, 1575, 150}, "", "", kSans8, kPlain, kHidden},
+    {"Label9", "Frame2", kBordered, {2280, 2760, 1575, 150}, "", "", kSans8, kPlain, kHidden},
 
     {"Picture1", "Picture2", kPicture, {4260, 480, 7560, 7560}, "", "Preview of the job"},
-    {"Label6", "Picture2", kTrack, {4260, 480, 7560, 7560}},
+    {"Label6", "Picture2", kBordered, {4260, 480, 7560, 7560}},
 
     {"Image1", "Picture2", kImage, {150, 7530, 510, 510}, "", "Kestrin"},
     {"Label4",

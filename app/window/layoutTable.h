@@ -15,8 +15,7 @@ enum class ControlKind {
   kButton,    ///< push button with a background colour
   kOption,    ///< option button
   kCentred,   ///< one-line text, centred
-  kTrack,     ///< empty bordered label: the frame of a bar or picture
-  kBordered,  ///< bordered text
+  kBordered,  ///< one-line text in a border, or only that: round a bar or the picture
   kBar,       ///< fill of a progress bar
   kLine,      ///< grey line
   kPicture,   ///< preview area

@@ -28,7 +28,7 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
   scrolling_ = std::make_unique<Scrolling>(*this);
   resize(flow::kDesignWidth, flow::kDesignHeight);
 
-  auto& preview = *Find<widgets::PictureBox>("Picture1");
+  auto& preview = Find<widgets::PictureBox>(*this, "Picture1");
   controls_ = std::make_unique<WindowControls>(*this);
   if (surroundings.dialogs == nullptr) ownDialogs_ = std::make_unique<QtDialogs>(*this);
   flow::Dialogs& dialogs = surroundings.dialogs ? *surroundings.dialogs : *ownDialogs_;
@@ -47,15 +47,6 @@ MainFrm::MainFrm(const Surroundings& surroundings) {
                    [this] { hook_.Hook(static_cast<std::uintptr_t>(winId())); });
 }
 
-MainFrm::~MainFrm() = default;
-
-template <class Type>
-Type* MainFrm::Find(const QString& name) const {
-  auto* found = findChild<Type*>(name);
-  Q_ASSERT(found != nullptr);
-  return found;
-}
-
 void MainFrm::Connect() {
   using widgets::GraphicalButton;
   for (int i = 0; i < exports::kKindCount; ++i) {
@@ -72,11 +63,11 @@ void MainFrm::Connect() {
 
 template <class Button, class Procedure>
 void MainFrm::OnChosen(const QString& name, Procedure procedure) {
-  connect(Find<Button>(name), &Button::Chosen, this, [this, procedure] { Run(procedure); });
+  connect(&Find<Button>(*this, name), &Button::Chosen, this, [this, procedure] { Run(procedure); });
 }
 
 void MainFrm::ConnectTimer(const char* name, void (flow::MainFlow::*tick)()) {
-  connect(Find<QTimer>(name), &QTimer::timeout, this, [this, tick] {
+  connect(&Find<QTimer>(*this, name), &QTimer::timeout, this, [this, tick] {
     try {
       (flow_.get()->*tick)();
     } catch (const base::RunCancelled&) {
@@ -95,15 +86,16 @@ void MainFrm::Run(Procedure procedure) {
   try {
     procedure();
   } catch (const base::RunCancelled&) {
-    closing_ = true;
+    // Only closing the window cancels.
   }
   SetBusy(false);
   running_ = false;
-  if (closing_) close();
+  if (events_.IsCancelled()) close();
 }
 
 void MainFrm::SetBusy(bool busy) {
-  for (const char* name : {"Frame1", "Frame2", "Frame4"}) Find<widgets::Frame>(name)->SetBusy(busy);
+  for (const char* name : {"Frame1", "Frame2", "Frame4"})
+    Find<widgets::Frame>(*this, name).SetBusy(busy);
 }
 
 void MainFrm::resizeEvent(QResizeEvent* event) {
@@ -134,7 +126,6 @@ void MainFrm::FillScreen() {
 
 void MainFrm::closeEvent(QCloseEvent* event) {
   if (running_) {
-    closing_ = true;
     events_.Cancel();
     event->ignore();
     return;

@@ -36,9 +36,6 @@ class MainFrm : public QWidget {
  public:
   /// What `surroundings` points to outlives the window.
   explicit MainFrm(const Surroundings& surroundings);
-  ~MainFrm() override;
-  MainFrm(const MainFrm&) = delete;
-  MainFrm& operator=(const MainFrm&) = delete;
 
   const flow::WindowState& State() const { return flow_->State(); }
   const WindowEvents& EventLoop() const { return events_; }
@@ -49,8 +46,6 @@ class MainFrm : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  template <class Type>
-  Type* Find(const QString& name) const;
   void Connect();
   template <class Button, class Procedure>
   void OnChosen(const QString& name, Procedure procedure);
@@ -64,7 +59,6 @@ class MainFrm : public QWidget {
   void FillScreen();
 
   bool running_ = false;  ///< a procedure runs, and none starts meanwhile
-  bool closing_ = false;
   bool fillsScreen_ = false;
   WindowEvents events_;
   platform::ScrollBar hook_;

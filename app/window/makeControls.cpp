@@ -39,7 +39,7 @@ widgets::Caption* MakeCaption(const ControlSpec& spec, QWidget* parent) {
   caption->SetPurpose(spec.words);
   caption->SetText(spec.caption);
   caption->SetColour(spec.colour);
-  caption->SetBorder(spec.kind == ControlKind::kTrack || spec.kind == ControlKind::kBordered);
+  caption->SetBorder(spec.kind == ControlKind::kBordered);
   if (spec.kind == ControlKind::kCentred) caption->setAlignment(Qt::AlignHCenter);
   return caption;
 }
@@ -55,7 +55,6 @@ QWidget* MakeWidget(const ControlSpec& spec, QWidget* parent) {
     case ControlKind::kOption:
       return new widgets::OptionButton(spec.caption, parent);
     case ControlKind::kCentred:
-    case ControlKind::kTrack:
     case ControlKind::kBordered:
       return MakeCaption(spec, parent);
     case ControlKind::kBar:
@@ -80,7 +79,7 @@ void MakeControl(const ControlSpec& spec, QWidget& window) {
   QWidget* widget = MakeWidget(spec, parent);
   widget->setObjectName(spec.name);
   widget->setGeometry(widgets::ToPixels(spec.place));
-  widget->setFont(widgets::WindowFont(spec.font));
+  widget->setFont(widgets::DesignFont(spec.font));
   if (qobject_cast<widgets::Caption*>(widget) == nullptr) widget->setAccessibleName(spec.words);
   widget->setVisible(spec.visible);
 }

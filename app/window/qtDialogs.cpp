@@ -26,9 +26,9 @@ QMessageBox::StandardButton ShowBox(QWidget& window, QMessageBox::Icon icon,
 }
 
 std::optional<std::string> Choose(QFileDialog& dialog) {
+  LayOutFileDialog(dialog);
   // The system's own dialog may make the chosen folder the program's, and a stick that a
   // program is at home on cannot be taken out.
-  LayOutFileDialog(dialog);
   const QString home = QDir::currentPath();
   const int answer = dialog.exec();
   QDir::setCurrent(home);

@@ -7,18 +7,11 @@
 #include <optional>
 
 #include "app/flow/layout.h"
-#include "app/widgets/frame.h"
+#include "app/window/makeControls.h"
 
 namespace kestrin::window {
 
 namespace {
-
-template <class Type>
-Type& Child(const QWidget& window, const char* name) {
-  auto* found = window.findChild<Type*>(name);
-  Q_ASSERT(found != nullptr);
-  return *found;
-}
 
 void Place(QScrollBar& bar, const flow::BarLayout& as) {
   const bool upright = bar.orientation() == Qt::Vertical;
@@ -50,25 +43,23 @@ std::optional<QAbstractSlider::SliderAction> ActionOf(int key) {
 /// window's own focus, which comes back with a dialog's end.
 bool ShowsFocus(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-         reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+         reason == Qt::OtherFocusReason;
 }
 
 /// Moves the content along one axis until a stretch of it is in view, its beginning first.
 void ShowStretch(QScrollBar& bar, int begin, int end, int view) {
-  constexpr int kAround = 8;
-  const int last = end + kAround - view;
-  if (bar.value() < last) bar.setValue(last);
-  if (bar.value() > begin - kAround) bar.setValue(begin - kAround);
+  if (bar.value() < end - view) bar.setValue(end - view);
+  if (bar.value() > begin) bar.setValue(begin);
 }
 
 }  // namespace
 
 Scrolling::Scrolling(QWidget& window)
     : window_(window),
-      content_(Child<QWidget>(window, "Picture2")),
-      vertical_(Child<QScrollBar>(window, "VScroll1")),
-      horizontal_(Child<QScrollBar>(window, "HScroll1")),
-      corner_(Child<QWidget>(window, "Frame3")) {
+      content_(Find<QWidget>(window, "Picture2")),
+      vertical_(Find<QScrollBar>(window, "VScroll1")),
+      horizontal_(Find<QScrollBar>(window, "HScroll1")),
+      corner_(Find<QWidget>(window, "Frame3")) {
   QObject::connect(&horizontal_, &QScrollBar::valueChanged, &content_,
                    [this](int value) { content_.move(-value, content_.y()); });
   QObject::connect(&vertical_, &QScrollBar::valueChanged, &content_,
@@ -114,7 +105,6 @@ QSize Scrolling::View() const {
 }
 
 void Scrolling::ShowControl(const QWidget& control) {
-  if (!widgets::InputReaches(control)) return;
   const QRect at(control.mapTo(&content_, QPoint(0, 0)), control.size());
   ShowStretch(horizontal_, at.left(), at.left() + at.width(), View().width());
   ShowStretch(vertical_, at.top(), at.top() + at.height(), View().height());

@@ -56,15 +56,12 @@ void WindowControls::SetVisible(flow::ControlId id, bool visible) {
 }
 
 void WindowControls::SetCaption(flow::ControlId id, const std::string& caption) {
-  const QString text = QString::fromStdString(caption);
-  if (auto* label = As<kestrin::widgets::Caption>(id)) label->SetText(text);
-  if (auto* button = As<QAbstractButton>(id)) button->setText(text);
+  if (auto* label = As<widgets::Caption>(id)) label->SetText(QString::fromStdString(caption));
 }
 
 std::string WindowControls::Caption(flow::ControlId id) const {
-  if (const auto* label = As<QLabel>(id)) return label->text().toStdString();
-  if (const auto* button = As<QAbstractButton>(id)) return button->text().toStdString();
-  return {};
+  const auto* label = As<QLabel>(id);
+  return label == nullptr ? std::string() : label->text().toStdString();
 }
 
 void WindowControls::SetBackColor(flow::ControlId id, flow::Background background) {

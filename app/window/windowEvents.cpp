@@ -8,9 +8,8 @@
 namespace kestrin::window {
 
 void WindowEvents::DoEvents() {
-  if (running_) return;
   Pump();
-  if (cancelled_) throw base::RunCancelled();
+  if (cancelled_ && !running_) throw base::RunCancelled();
 }
 
 void WindowEvents::Pump() {

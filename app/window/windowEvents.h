@@ -29,6 +29,8 @@ class WindowEvents final : public flow::Events {
 
   /// Stops the procedure that runs.
   void Cancel() { cancelled_ = true; }
+  /// Whether it was to stop, until the next one begins.
+  bool IsCancelled() const { return cancelled_; }
 
   /// Longest time since Begin in which no events ran.
   Clock::duration LongestGap() const { return longestGap_; }

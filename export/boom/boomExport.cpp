@@ -1,11 +1,14 @@
 #include "export/boom/boomExport.h"
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include "export/boom/periods.h"
 #include "export/boom/records.h"
 #include "export/boom/table.h"
 #include "export/boom/timeline.h"
+#include "export/inOrder.h"
 #include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/heading.h"
@@ -38,27 +41,62 @@ std::string ReturnText(std::int64_t number, jobstore::GpsKey time) {
          ") the job returns to its first rates, and a boom set cannot hold that";
 }
 
+/// Epochs whose cross-lines are on their way from the plane to degrees.
+struct Batch : base::Crew::Task {
+  struct Epoch {
+    std::size_t entry = 0;  // of the timeline
+    std::int64_t number = 0;
+    jobstore::GpsKey time;
+    ActualRateSet rates{};
+    std::size_t linesEnd = 0;  // of its cross-lines, two points each
+  };
+
+  explicit Batch(std::int16_t zone) : projection(zone) {}
+
+  bool IsEmpty() const { return epochs.empty(); }
+  bool IsFull() const { return points.size() >= kPoints || epochs.size() >= kEpochs; }
+  void Clear() {
+    epochs.clear();
+    points.clear();
+  }
+  void Do() override {
+    degrees.resize(points.size());
+    projection.ToGeo(points, degrees);
+  }
+
+  static constexpr std::size_t kPoints = 2048;
+  static constexpr std::size_t kEpochs = 1024;
+
+  std::vector<Epoch> epochs;
+  std::vector<geo::UtmPoint> points;
+  std::vector<geo::GeoPoint> degrees;
+  geo::UtmProjection projection;
+};
+
 /// Lays a job's epochs into records.
 class BoomLayer {
  public:
-  BoomLayer(jobstore::Job& job, base::RunHost& host, const Timeline& timeline,
+  BoomLayer(jobstore::Job& job, exports::ExportRun& run, const Timeline& timeline,
             std::vector<jobstore::ReferenceRow> references)
-      : host_(host),
+      : host_(run.host),
         timeline_(timeline),
         offsets_(std::move(references)),
         actualRates_(job),
         rates_(Rounded(actualRates_.Current())),
-        periods_(job, timeline.Entries()) {}
+        periods_(job, timeline.Entries()),
+        batches_(
+            run.crew, [this] { return std::make_unique<Batch>(offsets_.Plane().Zone()); },
+            [this](const Batch& batch) { Lay(batch); }) {}
 
   void LayAll() {
     for (std::size_t entry = 0; entry < timeline_.Entries().size(); ++entry) {
-      records_.StartPeriod(entry);
       if (periods_.Prepared()) {
-        LayPeriod(entry);
+        ReadPeriod(entry);
       } else {
         host_.ShowMessage(exports::NotPreparedText(periods_.Result()));
       }
     }
+    batches_.Finish();
   }
 
   const Records& Laid() const { return records_; }
@@ -66,39 +104,47 @@ class BoomLayer {
   std::int32_t LastStep() const { return periods_.LastStep(); }
 
  private:
-  void LayPeriod(std::size_t entry) {
+  void ReadPeriod(std::size_t entry) {
     const ImplementSetup& setup = timeline_.ImplementOf(timeline_.Entries()[entry]);
     PeriodRows rows(periods_, entry);
     geo::WalkEpochs(rows, offsets_, host_, [&](const auto& epoch, geo::UtmPoint antenna) {
       ++epochs_;
-      Lay(epoch, antenna, setup);
+      actualRates_.AdvanceTo(epoch.time,
+                             [this](const jobstore::RatesRow& row) { rates_ = Rounded(row); });
+      Batch& batch = batches_.Filling();
+      AddCrossLines(batch.points, epoch.yaw, antenna, setup);
+      batch.epochs.push_back({entry, epochs_, epoch.time, rates_, batch.points.size() / 2});
+      batches_.Filled();
     });
   }
 
-  void Lay(const PeriodRows::Row& epoch, geo::UtmPoint antenna, const ImplementSetup& setup) {
-    actualRates_.AdvanceTo(epoch.time,
-                           [this](const jobstore::RatesRow& row) { rates_ = Rounded(row); });
-    records_.Select(rates_);
-
-    const geo::WorkingPlane& plane = offsets_.Plane();
-    const geo::Heading heading(epoch.yaw);
+  static void AddCrossLines(std::vector<geo::UtmPoint>& points, double yaw, geo::UtmPoint antenna,
+                            const ImplementSetup& setup) {
+    const geo::Heading heading(yaw);
     for (const UsedSection& section : setup.sections) {
       // The offsets keep to east and north whatever the heading, as the sets have
       // always shown them.
-      const auto toDegrees = [&](geo::UtmPoint end) {
-        return plane.ToGeo({end.easting + section.xOffset, end.northing + section.yOffset});
+      const auto add = [&](geo::UtmPoint end) {
+        points.push_back({end.easting + section.xOffset, end.northing + section.yOffset});
       };
-      const geo::GeoPoint first = toDegrees(heading.RightOf(antenna, section.halfWidth));
-      const geo::GeoPoint second = toDegrees(heading.LeftOf(antenna, section.halfWidth));
-      LayLine({first, second}, epoch.time);
+      add(heading.RightOf(antenna, section.halfWidth));
+      add(heading.LeftOf(antenna, section.halfWidth));
     }
   }
 
-  void LayLine(const CrossLine& line, jobstore::GpsKey time) {
-    try {
-      records_.Lay(line);
-    } catch (const exports::SubscriptError&) {
-      throw exports::SubscriptError(ReturnText(epochs_, time));
+  void Lay(const Batch& batch) {
+    std::size_t line = 0;
+    for (const Batch::Epoch& epoch : batch.epochs) {
+      if (laidEntry_ != epoch.entry) records_.StartPeriod(epoch.entry);
+      laidEntry_ = epoch.entry;
+      records_.Select(epoch.rates);
+      try {
+        for (; line < epoch.linesEnd; ++line) {
+          records_.Lay({batch.degrees[2 * line], batch.degrees[2 * line + 1]});
+        }
+      } catch (const exports::SubscriptError&) {
+        throw exports::SubscriptError(ReturnText(epoch.number, epoch.time));
+      }
     }
   }
 
@@ -109,7 +155,9 @@ class BoomLayer {
   ActualRateSet rates_;
   Periods periods_;
   Records records_;
+  std::optional<std::size_t> laidEntry_;  // of the epoch laid last
   std::int64_t epochs_ = 0;
+  exports::InOrder<Batch> batches_;
 };
 
 /// Writing tens of millions of points takes seconds, so it yields like the rows do.
@@ -145,7 +193,7 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
   const Timeline timeline = ReadTimeline(job, run.host);
   if (references.empty()) throw exports::SubscriptError("the job has no reference location");
 
-  BoomLayer layer(job, run.host, timeline, std::move(references));
+  BoomLayer layer(job, run, timeline, std::move(references));
   layer.LayAll();
   outcome.epochs = layer.Epochs();
   outcome.lastStep = layer.LastStep();

@@ -7,6 +7,7 @@
 #include "geo/localOffsets.h"
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
+#include "shapefile/numberText.h"
 
 namespace kestrin::coverage {
 
@@ -39,6 +40,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   outcome.lastStep = epochs.LastStep();
   polygons.Finish();
   outcome.made = writer.Finish();
+  if (outcome.made) outcome.figures = {{"acres", shapefile::RoundTo(writer.Acres(), 2)}};
   return outcome;
 }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "export/coverage/ringDegrees.h"
 #include "export/ground/oneLine.h"
 #include "export/ground/planeGeometry.h"
 #include "export/ground/sweptGround.h"
@@ -27,6 +26,9 @@ constexpr double kThinnest = 1e-6;
 constexpr double kMayBeWrong = 0.002;
 constexpr double kSaved = 0.001;
 constexpr double kMostOfOne = 0.5;
+
+/// A whole field can be one ring.
+constexpr std::size_t kBetweenYields = 64;
 
 /// The length of the longest segment.
 double Longest(Ring line) {
@@ -54,7 +56,9 @@ void DrawAround(const Edges& edges, ground::TestedLine& line) {
 
 void Draw(Ring ring, ground::TestedLine& line, double longest = 0) {
   line.Restart(ring.size(), longest);
-  for (const geo::UtmPoint& point : ring.first(ring.size() - 1)) line.Add(point);
+  // In degrees some points before the last can be where the ring begins, too.
+  while (ring.size() > 1 && ring.back() == ring.front()) ring = ring.first(ring.size() - 1);
+  for (const geo::UtmPoint& point : ring) line.Add(point);
   line.Close();
 }
 
@@ -140,14 +144,14 @@ Ring RingMaker::Repaired(const Edges& edges) {
   const geo::UtmPoint origin = OriginNear(ring);
   const std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
   const ground::Sweep sweep(booms);
-  if (sweep.Total() <= kThinnest * sweep.Length()) return ring;
+  if (sweep.total <= kThinnest * sweep.length) return ring;
   const bool whole = booms.size() == edges.left.size();
   return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
 }
 
 bool RingMaker::Unfold(const ground::Sweep& sweep) {
   const double saved = std::min(saved_, kMostOfOne);
-  double mayBeWrong = kMayBeWrong * sweep.Net() + saved - ground::SquareMetresOf(sweep.Hidden());
+  double mayBeWrong = kMayBeWrong * sweep.net + saved - sweep.hiddenGround;
   if (mayBeWrong <= 0) return false;
   ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
   if (ring_.size() < 4 || !IsFit()) return false;
@@ -171,7 +175,7 @@ bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep
     });
   };
   const auto ofSweep = [&] {
-    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.Net(), host_));
+    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.net, host_));
   };
   // The library may fail. A ring never gets lost.
   return Succeeds(ofSweep) || Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
@@ -187,10 +191,12 @@ bool RingMaker::IsFit() {
 bool RingMaker::IsSimpleInDegrees(Ring ring, bool andBack) {
   ground::Line degrees;
   ground::Line metres;
-  ForEachDegrees(ring, plane_, host_, [&](const geo::GeoPoint& point) {
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    if (i % kBetweenYields == 0) host_.Yield();
+    const geo::GeoPoint point = plane_.ToGeo(ring[i]);
     degrees.push_back({point.longitude, point.latitude});
     if (andBack) metres.push_back(plane_.ToUtm(point));
-  });
+  }
   Draw(degrees, tested_);
   if (tested_.Kept() == Clearance::kNone || !andBack) return tested_.Kept() != Clearance::kNone;
   Draw(metres, tested_);

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "export/ground/planeGeometry.h"
+
 namespace kestrin::ground {
 namespace {
 
@@ -16,11 +18,9 @@ constexpr double kGrid = 1e-6;
 constexpr std::size_t kMany = 256;
 
 int TurnBack(double* x, double* y, void* quarters) {
-  for (int i = 0; i < *static_cast<int*>(quarters); ++i) {
-    const double north = -*x;
-    *x = *y;
-    *y = north;
-  }
+  const geo::UtmPoint point = QuarterTurned({*x, *y}, 4 - *static_cast<int*>(quarters));
+  *x = point.easting;
+  *y = point.northing;
   return 1;
 }
 
@@ -98,7 +98,7 @@ Geos::Area Geos::WoundAbout(const Line& line) {
       if (quarter == 0) return inner;
       return Own(GEOSGeom_transformXY_r(handle_, inner.get(), &TurnBack, &quarter));
     }
-    for (geo::UtmPoint& point : turned) point = {-point.northing, point.easting};
+    for (geo::UtmPoint& point : turned) point = QuarterTurned(point, 1);
   }
   return {};
 }

@@ -34,25 +34,14 @@ class IndexedPath {
   /// Keeps only the first `count` points.
   void Truncate(std::size_t count);
 
-  /// Moves a point within the box of the segment that leads on from it, or onto the
-  /// point after it.
-  void Move(std::size_t i, geo::UtmPoint to) { points_[i] = to; }
-
   std::size_t Size() const { return points_.size(); }
   const geo::UtmPoint& operator[](std::size_t i) const { return points_[i]; }
   const geo::UtmPoint& Back() const { return points_.back(); }
   const std::vector<geo::UtmPoint>& Points() const { return points_; }
 
-  /// Calls `visit(i)` for the segments, but for the newest, whose boxes overlap `box`, in
-  /// order, until a call returns true; tells whether one did. Of a path of two points or
-  /// more.
-  template <class Visit>
-  bool AnyNear(const geo::Box& box, Visit visit) const {
-    return AnyFrom(0, points_.size() - 2, box, visit);
-  }
-
-  /// The same with the box of the newest segment, among about so many last ones, leaving out
-  /// the segment before it as well. Of a path of four points or more.
+  /// Calls `visit(i)` for the segments among about so many last ones whose boxes overlap that
+  /// of the newest, but for it and the one before it, in order, until a call returns true;
+  /// tells whether one did. Of a path of four points or more.
   template <class Visit>
   bool AnyOfLast(std::size_t count, Visit visit) const {
     const std::size_t end = points_.size() - 3;
@@ -60,8 +49,7 @@ class IndexedPath {
     return AnyFrom(first / kBlock, end, BoxOf(points_.size() - 2), visit);
   }
 
-  /// The same with the box of the newest segment and so much around it, leaving out the
-  /// segment before it as well. Of a path of four points or more.
+  /// The same among all, with so much around the newest's box.
   template <class Visit>
   bool AnyNearNewest(double around, Visit visit) {
     const std::size_t end = points_.size() - 3;

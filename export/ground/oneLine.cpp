@@ -52,13 +52,8 @@ Geos::Area WithNecks(Geos& geos, const std::vector<Piece>& pieces) {
   return geos.Union(std::move(others));
 }
 
-geo::UtmPoint Turned(geo::UtmPoint point, int quarters) {
-  for (int i = 0; i < quarters; ++i) point = {-point.northing, point.easting};
-  return point;
-}
-
 Line Turned(Line line, int quarters) {
-  for (geo::UtmPoint& point : line) point = Turned(point, quarters);
+  for (geo::UtmPoint& point : line) point = QuarterTurned(point, quarters);
   return line;
 }
 

@@ -17,18 +17,6 @@ int SignOfDifference(double a, double b, double c, double d) {
   return leftError > rightError ? 1 : leftError < rightError ? -1 : 0;
 }
 
-/// On which side of the bent way from `a` over the corner to `b` the point lies.
-int SideOfBend(geo::UtmPoint a, geo::UtmPoint corner, geo::UtmPoint b, geo::UtmPoint point) {
-  const int first = SideOf(a, corner, point);
-  const int second = SideOf(corner, b, point);
-  const int bend = SideOf(a, corner, b);
-  if (first == second || (bend == 0 && second != 0)) return second;
-  // Between the two lines: outside the bend unless it lies on one of its arms.
-  if (first != 0 && second != 0) return -bend;
-  const int other = first != 0 ? first : second;
-  return other == -bend ? -bend : 0;
-}
-
 }  // namespace
 
 void FindLineIntersection(double x1, double y1, double x2, double y2, double x3, double y3,
@@ -91,11 +79,6 @@ int SideOf(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point) {
 
 bool SegmentsCross(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
   return SideOf(a, b, c) * SideOf(a, b, d) < 0 && SideOf(c, d, a) * SideOf(c, d, b) < 0;
-}
-
-bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, geo::UtmPoint a,
-                     geo::UtmPoint b) {
-  return SideOfBend(a, corner, b, in) * SideOfBend(a, corner, b, out) < 0;
 }
 
 }  // namespace kestrin::ground

@@ -44,6 +44,13 @@ inline double Dot(geo::UtmPoint o, geo::UtmPoint a, geo::UtmPoint b) {
          (a.northing - o.northing) * (b.northing - o.northing);
 }
 
+/// A point turned by so many quarters of a circle about the origin, counter-clockwise: no
+/// digit changes.
+inline geo::UtmPoint QuarterTurned(geo::UtmPoint point, int quarters) {
+  for (int i = 0; i < quarters; ++i) point = {-point.northing, point.easting};
+  return point;
+}
+
 double SquareDistance(geo::UtmPoint a, geo::UtmPoint b);
 
 /// FindLineIntersection() of the lines a-b and c-d.
@@ -59,10 +66,5 @@ int SideOf(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint point);
 
 /// Whether the segments a-b and c-d cross inside both, touching at no end.
 bool SegmentsCross(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d);
-
-/// Whether the way from `in` over the corner to `out` changes sides of the way from `a`
-/// over the same corner to `b` there. Ways with a direction in common do not.
-bool CrossesAtCorner(geo::UtmPoint corner, geo::UtmPoint in, geo::UtmPoint out, geo::UtmPoint a,
-                     geo::UtmPoint b);
 
 }  // namespace kestrin::ground

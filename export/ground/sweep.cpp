@@ -33,38 +33,11 @@ int WindingsAround(std::span<const Boom> booms, geo::UtmPoint point) {
   return windings;
 }
 
-}  // namespace
-
-Sweep::Sweep(std::span<const Boom> booms) : booms_(booms) {
-  std::vector<Placed> positive;
-  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
-    length_ += std::sqrt(SquareDistance(booms[i].left, booms[i + 1].left)) +
-               std::sqrt(SquareDistance(booms[i].right, booms[i + 1].right));
-    const Strip strip(booms[i], booms[i + 1]);
-    for (const Patch& patch : strip.Patches()) {
-      net_ += patch.squareMetres;
-      total_ += std::fabs(patch.squareMetres);
-      (patch.squareMetres < 0 ? against_ : positive).push_back({patch, i});
-    }
-  }
-  backward_ = net_ < 0;
-  net_ = std::fabs(net_);
-  if (backward_) against_ = std::move(positive);
-}
-
-std::vector<Patch> Sweep::Hidden() const {
-  std::vector<Patch> hidden;
-  for (const Placed& placed : against_) {
-    if (IsHidden(placed)) hidden.push_back(placed.patch);
-  }
-  return hidden;
-}
-
-bool Sweep::IsHidden(const Placed& placed) const {
-  if (std::fabs(placed.patch.squareMetres) > kLarge * total_) return true;
-  const std::size_t first = placed.row - std::min(placed.row, kNext);
-  const auto next = booms_.subspan(first, std::min(booms_.size(), placed.row + 2 + kNext) - first);
-  const auto corners = placed.patch.Line().first(placed.patch.count - 1);
+/// Whether some of the ground about a patch's middle, which lies next to a row, does not show.
+bool IsHidden(const Patch& patch, std::size_t row, std::span<const Boom> booms, bool isBackward) {
+  const std::size_t first = row - std::min(row, kNext);
+  const auto next = booms.subspan(first, std::min(booms.size(), row + 2 + kNext) - first);
+  const auto corners = patch.Line().first(patch.count - 1);
   geo::UtmPoint middle;
   for (const geo::UtmPoint& corner : corners) {
     middle.easting += corner.easting / static_cast<double>(corners.size());
@@ -74,14 +47,37 @@ bool Sweep::IsHidden(const Placed& placed) const {
   return std::ranges::any_of(corners, [&](const geo::UtmPoint& corner) {
     const int windings = WindingsAround(
         next, {(middle.easting + corner.easting) / 2, (middle.northing + corner.northing) / 2});
-    return (backward_ ? -windings : windings) <= 0;
+    return (isBackward ? -windings : windings) <= 0;
   });
 }
 
-double SquareMetresOf(std::span<const Patch> patches) {
-  double sum = 0;
-  for (const Patch& patch : patches) sum += std::fabs(patch.squareMetres);
-  return sum;
+}  // namespace
+
+Sweep::Sweep(std::span<const Boom> booms) {
+  struct Placed {
+    Patch patch;
+    std::size_t row;
+  };
+  std::vector<Placed> forward;
+  std::vector<Placed> backward;
+  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    length += std::sqrt(SquareDistance(booms[i].left, booms[i + 1].left)) +
+              std::sqrt(SquareDistance(booms[i].right, booms[i + 1].right));
+    const Strip strip(booms[i], booms[i + 1]);
+    for (const Patch& patch : strip.Patches()) {
+      net += patch.squareMetres;
+      total += std::fabs(patch.squareMetres);
+      (patch.squareMetres < 0 ? backward : forward).push_back({patch, i});
+    }
+  }
+  isBackward = net < 0;
+  net = std::fabs(net);
+  for (const auto& [patch, row] : isBackward ? forward : backward) {
+    const double squareMetres = std::fabs(patch.squareMetres);
+    if (squareMetres <= kLarge * total && !IsHidden(patch, row, booms, isBackward)) continue;
+    hidden.push_back(patch);
+    hiddenGround += squareMetres;
+  }
 }
 
 Line LineAround(std::span<const Boom> booms) {

@@ -14,42 +14,20 @@ namespace kestrin::ground {
 /// place for each strip that swept it forward, and once the other way for each that swept
 /// it backward. So all ground shows in it but what was swept backward as often as forward:
 /// that is hidden. Forward is the way most of the ground was swept.
-///
-/// Nothing fails. Booms must be finite.
-class Sweep {
- public:
+struct Sweep {
+  /// Nothing fails. Booms must be finite.
   explicit Sweep(std::span<const Boom> booms);
 
-  /// Ground swept forward, less what was swept backward; square metres.
-  double Net() const { return net_; }
-  /// Ground swept, each time it was.
-  double Total() const { return total_; }
-  /// The way of both ends together; metres.
-  double Length() const { return length_; }
-  /// Whether the vehicle went backward for the most part.
-  bool IsBackward() const { return backward_; }
+  double net = 0;           ///< ground swept forward, less what was swept backward; square metres
+  double total = 0;         ///< ground swept, each time it was
+  double length = 0;        ///< the way of both ends together; metres
+  bool isBackward = false;  ///< whether the vehicle went backward for the most part
 
   /// The patches swept backward that may be hidden: those about which the line around the
   /// rows next to them does not wind, and all that are large.
-  std::vector<Patch> Hidden() const;
-
- private:
-  struct Placed {
-    Patch patch;
-    std::size_t row = 0;
-  };
-  bool IsHidden(const Placed& placed) const;
-
-  std::span<const Boom> booms_;
-  std::vector<Placed> against_;  // swept backward
-  double net_ = 0;
-  double total_ = 0;
-  double length_ = 0;
-  bool backward_ = false;
+  std::vector<Patch> hidden;
+  double hiddenGround = 0;  ///< of all of these; square metres
 };
-
-/// The ground of patches, whichever way they were swept.
-double SquareMetresOf(std::span<const Patch> patches);
 
 /// The closed line around rows, which may cross itself.
 Line LineAround(std::span<const Boom> booms);

@@ -28,15 +28,14 @@ constexpr std::size_t kTogether = 2048;
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
                        double mayBeWrong, base::RunHost& host) {
   std::vector<Geos::Area> hidden;
-  const std::vector<Patch> patches = sweep.Hidden();
-  if (SquareMetresOf(patches) > mayBeWrong) {
-    for (const Patch& patch : patches) hidden.push_back(geos.Inside(patch.Line()));
+  if (sweep.hiddenGround > mayBeWrong) {
+    for (const Patch& patch : sweep.hidden) hidden.push_back(geos.Inside(patch.Line()));
   }
   std::vector<Geos::Area> areas;
   for (std::size_t first = 0; first + 1 < booms.size(); first += kTogether) {
     host.Yield();
     const auto some = booms.subspan(first, std::min(kTogether + 1, booms.size() - first));
-    AddWoundAbout(areas, geos, some, sweep.IsBackward());
+    AddWoundAbout(areas, geos, some, sweep.isBackward);
   }
   // Small ones first: what is large is costly each time.
   if (!hidden.empty()) areas.push_back(geos.Union(std::move(hidden)));

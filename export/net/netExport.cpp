@@ -69,7 +69,7 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
   const std::vector<NetPiece> pieces = InOrder(NetGround(runs, run.host));
   if (pieces.empty() || basePath.empty()) return outcome;
   const Totals totals = Sum(pieces, runs.SweptSquareMetres());
-  WriteNetSet(basePath, pieces, totals, offsets.Plane(), run);
+  outcome.figures = totals.Figures(WriteNetSet(basePath, pieces, totals, offsets.Plane(), run));
   outcome.made = true;
   outcome.summary.insert(0, totals.InWords());
   return outcome;

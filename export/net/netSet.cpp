@@ -51,12 +51,19 @@ std::string Totals::InWords() const {
          Tenths(gross * kAcresPerSquareMetre) + ", overlap " + Tenths(OverlapPerCent()) + " %";
 }
 
-void WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pieces,
-                 const Totals& totals, const geo::WorkingPlane& plane, exports::ExportRun& run) {
+std::vector<exports::Figure> Totals::Figures(double acres) const {
+  return {{"acres", shapefile::RoundTo(acres, 2)},
+          {"gross_acres", shapefile::RoundTo(gross * kAcresPerSquareMetre, 2)},
+          {"overlap_percent", shapefile::RoundTo(OverlapPerCent(), 2)}};
+}
+
+double WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pieces,
+                   const Totals& totals, const geo::WorkingPlane& plane, exports::ExportRun& run) {
   shapefile::ShapefileSet set(run.files, basePath, shapefile::ShapeType::kPolygon, kFields,
                               run.options);
   shapefile::AttributeRecord attributes(kFields);
   DegreePieces degrees(plane);
+  double acres = 0;
   for (const NetPiece& piece : pieces) {
     for (const DegreePiece& written : degrees.Of(piece, run.host)) {
       attributes.Clear();
@@ -65,10 +72,14 @@ void WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& piece
                                  totals.gross * kAcresPerSquareMetre, totals.OverlapPerCent()}) {
         attributes.Add(shapefile::RoundedText(value, 2).View(), shapefile::Keep::kLeft);
       }
+      acres += shapefile::NumberIn(
+          shapefile::RoundedText(written.squareMetres * kAcresPerSquareMetre, 2).View(),
+          kFields[1].width);
       WritePiece(set, written, attributes.Bytes());
     }
   }
   set.Commit();
+  return acres;
 }
 
 }  // namespace kestrin::net

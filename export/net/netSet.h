@@ -17,11 +17,15 @@ struct Totals {
   double OverlapPerCent() const;
   /// "net 98.1 acres (39.7 ha), swept 123.4, overlap 20.5 %".
   std::string InWords() const;
+  /// For machines, as the set's table shows them: "acres", which its records add up to,
+  /// "gross_acres", "overlap_percent".
+  std::vector<exports::Figure> Figures(double acres) const;
 };
 
-/// Writes the pieces as a polygon set in degrees, each line valid there too. Yields in between.
+/// Writes the pieces as a polygon set in degrees, each line valid there too. Returns their acres,
+/// added up as the records show them. Yields in between.
 /// Throws what the files throw; then nothing stays of the set.
-void WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pieces,
-                 const Totals& totals, const geo::WorkingPlane& plane, exports::ExportRun& run);
+double WriteNetSet(const std::string& basePath, const std::vector<NetPiece>& pieces,
+                   const Totals& totals, const geo::WorkingPlane& plane, exports::ExportRun& run);
 
 }  // namespace kestrin::net

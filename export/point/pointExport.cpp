@@ -1,7 +1,13 @@
 #include "export/point/pointExport.h"
 
+#include <cstdint>
+#include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "export/inOrder.h"
 #include "export/point/record.h"
 #include "export/point/table.h"
 #include "geo/epochWalk.h"
@@ -47,6 +53,43 @@ class Equipment {
   Record& record_;
 };
 
+/// Epochs on their way from the plane to degrees, and from numbers to text.
+struct Batch : base::Crew::Task {
+  struct Row {
+    jobstore::EpochRow epoch;
+    geo::UtmPoint point;
+    double referenceAltitude = 0;
+    std::int32_t id = 0;
+  };
+
+  explicit Batch(std::int16_t zone) : projection(zone) {}
+
+  bool IsEmpty() const { return rows.empty(); }
+  bool IsFull() const { return rows.size() == kRows; }
+  void Clear() { rows.clear(); }
+  void Do() override {
+    positions.clear();
+    texts.clear();
+    for (const Row& row : rows) {
+      positions.push_back(projection.ToGeo(row.point));
+      texts += text.Of(row.id, row.epoch, positions.back(), row.referenceAltitude);
+    }
+  }
+  std::string_view TextOf(std::size_t row) const {
+    const std::string_view all = texts;
+    const std::size_t size = all.size() / rows.size();
+    return all.substr(row * size, size);
+  }
+
+  static constexpr std::size_t kRows = 256;
+
+  std::vector<Row> rows;
+  std::vector<geo::GeoPoint> positions;
+  std::string texts;
+  EpochText text;
+  geo::UtmProjection projection;
+};
+
 }  // namespace
 
 exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::string& jobPath,
@@ -77,16 +120,25 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   }
 
   std::optional<shapefile::ShapefileSet> set;
-  const auto add = [&](const jobstore::EpochRow& epoch, geo::UtmPoint point) {
-    equipment.AdvanceTo(epoch.time);
+  const auto write = [&](const Batch& batch) {
     if (!set) {
       set.emplace(run.files, basePath, shapefile::ShapeType::kPoint, FieldsOf(groups), run.options);
     }
-    const geo::GeoPoint position = offsets.Plane().ToGeo(point);
-    record.SetEpoch(set->RecordCount(), epoch, position, offsets.Reference().altitude);
-    set->AddPoint(position, record.Bytes());
+    for (std::size_t i = 0; i < batch.rows.size(); ++i) {
+      equipment.AdvanceTo(batch.rows[i].epoch.time);
+      record.SetEpoch(batch.TextOf(i));
+      set->AddPoint(batch.positions[i], record.Bytes());
+    }
+  };
+  exports::InOrder<Batch> batches(
+      run.crew, [&] { return std::make_unique<Batch>(offsets.Plane().Zone()); }, write);
+  std::int32_t id = 0;
+  const auto add = [&](const jobstore::EpochRow& epoch, geo::UtmPoint point) {
+    batches.Filling().rows.push_back({epoch, point, offsets.Reference().altitude, id++});
+    batches.Filled();
   };
   outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
+  batches.Finish();
   outcome.lastStep = epochs.LastStep();
   if (!set) return outcome;
   set->Commit();

@@ -47,6 +47,29 @@ class Fields {
 
 }  // namespace
 
+EpochText::EpochText() : record_(kEpochFields) {}
+
+std::string_view EpochText::Of(std::int32_t id, const jobstore::EpochRow& epoch,
+                               geo::GeoPoint position, double referenceAltitude) {
+  Fields(record_, 0)
+      .Integer(id)
+      .Integer(epoch.time.gpsWeek)
+      .Integer(epoch.time.gpsMsec)
+      .Rounded(position.longitude, 8)
+      .Rounded(position.latitude, 8)
+      .Rounded(referenceAltitude + epoch.down)
+      .Rounded(epoch.east)
+      .Rounded(epoch.north)
+      .Rounded(epoch.down)
+      .Rounded(epoch.yaw * base::kDegreesPerRadian)
+      .Rounded(epoch.pitch * base::kDegreesPerRadian)
+      .Rounded(epoch.roll * base::kDegreesPerRadian)
+      .Rounded(epoch.speed)
+      .Integer(epoch.type)
+      .Integer(epoch.boomStatus);
+  return record_.Bytes();
+}
+
 Record::Record(Groups groups) : groups_(groups), record_(FieldsOf(groups)) {}
 
 void Record::SetImplement(const jobstore::ImplementRow& implement) {
@@ -68,26 +91,6 @@ void Record::SetProducts(const jobstore::ProductsRow& products, const jobstore::
     const auto slot = static_cast<std::size_t>(i);
     fields.Name(products.names[slot]).Rounded(desired.rates[slot]).Rounded(actual.rates[slot]);
   }
-}
-
-void Record::SetEpoch(std::int32_t id, const jobstore::EpochRow& epoch, geo::GeoPoint position,
-                      double referenceAltitude) {
-  Fields(record_, 0)
-      .Integer(id)
-      .Integer(epoch.time.gpsWeek)
-      .Integer(epoch.time.gpsMsec)
-      .Rounded(position.longitude, 8)
-      .Rounded(position.latitude, 8)
-      .Rounded(referenceAltitude + epoch.down)
-      .Rounded(epoch.east)
-      .Rounded(epoch.north)
-      .Rounded(epoch.down)
-      .Rounded(epoch.yaw * base::kDegreesPerRadian)
-      .Rounded(epoch.pitch * base::kDegreesPerRadian)
-      .Rounded(epoch.roll * base::kDegreesPerRadian)
-      .Rounded(epoch.speed)
-      .Integer(epoch.type)
-      .Integer(epoch.boomStatus);
 }
 
 }  // namespace kestrin::point

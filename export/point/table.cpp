@@ -58,15 +58,27 @@ Groups CountGroups(jobstore::Job& job) {
   return groups;
 }
 
+const std::array<shapefile::Field, kImplementField> kEpochFields{{
+    {"ID", 'N', 10, 0},
+    {"Week", 'N', 10, 0},
+    {"Msec", 'N', 10, 0},
+    {"Longitude", 'N', 13, 8},
+    {"Latitude", 'N', 12, 8},
+    {"Altitude", 'N', 10, 2},
+    {"East", 'N', 10, 2},
+    {"North", 'N', 10, 2},
+    {"Up", 'N', 10, 2},
+    {"Yaw", 'N', 6, 2},
+    {"Pitch", 'N', 6, 2},
+    {"Roll", 'N', 6, 2},
+    {"Speed", 'N', 6, 2},
+    {"Type", 'N', 10, 0},
+    {"BoomStatus", 'N', 10, 0},
+}};
+
 std::vector<shapefile::Field> FieldsOf(Groups groups) {
-  std::vector<shapefile::Field> fields = {
-      {"ID", 'N', 10, 0},        {"Week", 'N', 10, 0},     {"Msec", 'N', 10, 0},
-      {"Longitude", 'N', 13, 8}, {"Latitude", 'N', 12, 8}, {"Altitude", 'N', 10, 2},
-      {"East", 'N', 10, 2},      {"North", 'N', 10, 2},    {"Up", 'N', 10, 2},
-      {"Yaw", 'N', 6, 2},        {"Pitch", 'N', 6, 2},     {"Roll", 'N', 6, 2},
-      {"Speed", 'N', 6, 2},      {"Type", 'N', 10, 0},     {"BoomStatus", 'N', 10, 0},
-      {"Implement", 'C', 10, 0},
-  };
+  std::vector<shapefile::Field> fields(kEpochFields.begin(), kEpochFields.end());
+  fields.push_back({"Implement", 'C', 10, 0});
   for (int i = 1; i <= groups.sections; ++i) {
     for (const char* name : {"Width", "Xoffset", "Yoffset", "Zoffset"}) {
       fields.push_back({Numbered(name, i, groups.sections), 'N', 10, 2});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -26,13 +27,16 @@ struct Groups {
 /// for what was really applied.
 Groups CountGroups(jobstore::Job& job);
 
+/// Where the implement's fields begin in FieldsOf; before them stand the epoch's own.
+inline constexpr std::size_t kImplementField = 15;
+extern const std::array<shapefile::Field, kImplementField> kEpochFields;
+
 /// The fields in their order: the epoch's own, then the implement's name with its
 /// section groups, then the product groups. The names of a group carry its number
 /// only when there are several.
 std::vector<shapefile::Field> FieldsOf(Groups groups);
 
-/// Where the implement's fields and the product groups begin in FieldsOf.
-inline constexpr std::size_t kImplementField = 15;
+/// Where the product groups begin in FieldsOf.
 std::size_t FirstProductField(Groups groups);
 
 }  // namespace kestrin::point

@@ -41,9 +41,11 @@ class WireWriter {
     set_.AddVertex(position);
   }
 
-  void Finish() {
+  /// Completes the set; returns its metres, added up as the records show them.
+  double Finish() {
     Close();
     set_.Commit();
+    return shapefile::RoundTo(metres_, 2);
   }
 
  private:
@@ -51,13 +53,16 @@ class WireWriter {
     if (!open_) return;
     record_.Clear();
     record_.Add(shapefile::IntegerText(set_.RecordCount()).View(), shapefile::Keep::kRight);
-    record_.Add(shapefile::RoundedText(open_->metres, 2).View(), shapefile::Keep::kLeft);
+    const shapefile::NumberText metres = shapefile::RoundedText(open_->metres, 2);
+    record_.Add(metres.View(), shapefile::Keep::kLeft);
+    metres_ += shapefile::NumberIn(metres.View(), kFields[1].width);
     set_.EndRecord(record_.Bytes());
   }
 
   shapefile::ShapefileSet set_;
   shapefile::AttributeRecord record_;
   std::optional<Stretch> open_;
+  double metres_ = 0;
 };
 
 }  // namespace
@@ -96,7 +101,7 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
       });
   outcome.lastStep = epochs.LastStep();
   if (!writer) return outcome;
-  writer->Finish();
+  outcome.figures = {{"meters", writer->Finish()}};
   outcome.made = true;
   return outcome;
 }

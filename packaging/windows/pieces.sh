@@ -3,7 +3,7 @@
 # place PIECE is the folder of a piece that is there already.
 
 # By the names of Debian's source packages; what a piece needs stands before it.
-pieces=(sqlite3 proj glibc geos cli11 qt6-base)
+pieces=(sqlite3 proj glibc geos cli11 nlohmann-json3 qt6-base)
 declare -A needs=([proj]=sqlite3 [geos]=glibc)
 # What all recipes are written in; a change of it builds every piece anew.
 common_recipe=(put_toolchain cmake_piece)
@@ -72,6 +72,11 @@ build_geos() {
 build_cli11() {
   mkdir -p "$into/include"
   cp -r include/CLI "$into/include/"
+}
+
+build_nlohmann-json3() {
+  mkdir -p "$into/include"
+  cp -r include/nlohmann "$into/include/"
 }
 
 build_qt6-base() {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
 #include <QTest>
 #include <QWidget>
 #include <deque>
@@ -85,6 +88,26 @@ class TestWindow {
 
  private:
   std::unique_ptr<window::MainFrm> window_;
+};
+
+/// A window that is resized, scrolled and driven by keys.
+class WindowTest : public testing::Test {
+ protected:
+  void Resize(int width, int height) {
+    window_->resize(width, height);
+    QTest::qWait(1);
+  }
+  QScrollBar& V() { return window_.Find<QScrollBar>("VScroll1"); }
+  QScrollBar& H() { return window_.Find<QScrollBar>("HScroll1"); }
+  QWidget& Content() { return window_.Find<>("Picture2"); }
+
+  /// Presses a key where the focus is.
+  void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QWidget* focused = window_->focusWidget();
+    QTest::keyClick(focused == nullptr ? &*window_ : focused, key, with);
+  }
+
+  TestWindow window_;
 };
 
 /// A job in the folder: an implement of two sections pulled north, turned, and

@@ -27,6 +27,12 @@ TEST(OutcomeTexts, SayThatNoSetCameOfAJobThatCouldNotBeRead) {
             "The job could not be read to its end: no set made, code 10");
 }
 
+// The window shows these as they are: words for the numbers are the terminal's alone.
+TEST(OutcomeTexts, ShowTheNumberOfWhatCannotBeOpenedOrQueriedAndNothingElse) {
+  EXPECT_EQ(NotOpenedText(-14), "Error opening: -14");
+  EXPECT_EQ(NotPreparedText(-26), "Error creating statement: -26");
+}
+
 TEST(OutcomeTexts, NameTheKindThatWasNotMadeAndWhy) {
   EXPECT_EQ(NotMadeText("boom", SubscriptError("the job has no reference location")),
             "No boom set made: the job has no reference location");

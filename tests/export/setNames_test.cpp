@@ -9,6 +9,14 @@ namespace {
 
 std::string Own(const std::string& path) { return base::WithOwnSeparators(path); }
 
+TEST(SetNames, JobFilesAreThoseThatEndInTheExtension) {
+  EXPECT_TRUE(IsJobFile("North.Field.sqlite"));
+  EXPECT_FALSE(IsJobFile("North.sqlite.tmp"));
+  EXPECT_FALSE(IsJobFile("northsqlite"));
+  // As two names that differ in letters' case alone are one file or two.
+  EXPECT_EQ(IsJobFile("NORTH.SQLITE"), base::kSeparator == '\\');
+}
+
 TEST(SetNames, JobNameIsTheFileNameWithoutItsExtension) {
   const base::SplitPath job = JobNameOf(Own("C:/jobs/North.Field.sqlite"));
   EXPECT_EQ(job.folder, Own("C:/jobs/"));

@@ -136,5 +136,12 @@ TEST(NumberText, Integers) {
   EXPECT_EQ(IntegerText(std::numeric_limits<long long>::min()).View(), "-9223372036854775808");
 }
 
+TEST(NumberText, ATextCutToItsFieldShowsWhatIsLeftOfItsNumber) {
+  EXPECT_EQ(NumberIn("1234.56", 10), 1234.56);
+  EXPECT_EQ(NumberIn("12345678.91", 10), 12345678.9);
+  EXPECT_EQ(NumberIn("-0.5", 10), -0.5);
+  EXPECT_EQ(NumberIn("", 10), 0);
+}
+
 }  // namespace
 }  // namespace kestrin::shapefile

@@ -18,10 +18,15 @@ struct ExportOptions {
   std::string out{exports::kDataFolderName};
   /// Base path without suffix; then there is one job.
   std::string base;
-  unsigned jobs = 1;  ///< at once
+  unsigned jobs = 1;     ///< at once
+  unsigned threads = 1;  ///< for all of them together
   bool prj = false;
   bool allSections = false;  ///< of the net set
   bool quiet = false;
+  bool json = false;
+  bool summary = false;
+  bool recursive = false;
+  /// Job files and folders.
   std::vector<std::string> jobPaths;
 };
 

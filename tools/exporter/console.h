@@ -16,8 +16,14 @@ namespace kestrin::exporter {
 /// the progress bar that makes way for both.
 class Console {
  public:
-  /// Shows a bar when `bar`; the streams stay the caller's.
-  Console(std::FILE* out, std::FILE* errors, bool bar, bool results);
+  /// What the terminal behind stderr is good for; nothing when there is none.
+  struct Look {
+    bool bar = false;
+    bool colour = false;
+  };
+
+  /// The streams stay the caller's.
+  Console(std::FILE* out, std::FILE* errors, Look look);
   ~Console();
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;
@@ -26,6 +32,9 @@ class Console {
   void Result(const std::string& line);
   /// A line on stderr, with the program's name in front.
   void Complain(const std::string& line);
+
+  /// So many rows are to come, of all sets together. Called once, before the first set.
+  void Expect(std::int64_t rows);
 
   /// A place in the bar for a set of `total` rows.
   std::size_t BeginSet(const std::string& kind, const std::string& job, std::int64_t total);
@@ -47,9 +56,10 @@ class Console {
   std::mutex mutex_;
   std::FILE* out_;
   std::FILE* errors_;
-  bool bar_;
-  bool results_;
+  Look look_;
   bool drawn_ = false;
+  Pace pace_;  // of the sets that have ended
+  std::chrono::steady_clock::time_point begunAt_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point drawnAt_;
   std::vector<Place> places_;
 };

@@ -47,7 +47,7 @@ JobPlan PlanJob(const std::string& jobPath, const ExportOptions& options, const 
     jobstore::Job job(jobPath);
     std::int32_t count = 0;
     if (job.IsOpen() && jobstore::ReadFirst<jobstore::EpochCount>(job, count)) plan.rows = count;
-    if (options.base.empty()) FindDefaultBase(job, plan, options, dates);
+    if (options.base.empty() && !options.summary) FindDefaultBase(job, plan, options, dates);
   } catch (const std::exception& error) {
     plan.obstacle = error.what();
   }

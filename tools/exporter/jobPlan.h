@@ -28,7 +28,7 @@ struct DateRules {
 
 /// Looks into a job and finds where its sets go: the base path asked for, or
 /// DIR/name/date/name_date after the job's file-safe name and the date of its newest
-/// GPS row.
+/// GPS row. A summary's go nowhere.
 JobPlan PlanJob(const std::string& jobPath, const ExportOptions& options, const DateRules& dates);
 
 /// Of jobs whose sets would have the same names, only the first keeps them.

@@ -14,8 +14,16 @@ struct SetProgress {
   std::int64_t total = 0;  ///< rows; 0 when not known
 };
 
-/// The line that shows the sets being made, `columns` wide at most: a bar and the
-/// rows done of the total, of all of them together, then kind and job of each.
-std::string ProgressLine(const std::vector<SetProgress>& sets, int columns);
+/// How fast a run goes: rows of all its sets.
+struct Pace {
+  std::int64_t done = 0;
+  std::int64_t left = 0;
+  double seconds = 0;  ///< so far
+};
+
+/// The line that shows the sets being made, `columns` wide at most: a bar and the rows done of
+/// the total, of all of them together, rows in a second and time left of the whole run once
+/// a second has told, then kind and job of each set.
+std::string ProgressLine(const std::vector<SetProgress>& sets, const Pace& pace, int columns);
 
 }  // namespace kestrin::exporter

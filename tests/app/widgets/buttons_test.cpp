@@ -114,7 +114,7 @@ TEST(OptionButton, ADisabledCaptionCanBeReadOnEveryTheme) {
       const std::unique_ptr<QStyle> owned(QStyleFactory::create(style));
       option.setStyle(owned.get());
       option.setPalette(theme);
-      option.setFont(WindowFont({}));
+      option.setFont(DesignFont({}));
       option.resize(81, 17);
       const QColor ground = theme.color(QPalette::Active, QPalette::Window);
       constexpr int kBesideTheCircle = 24;

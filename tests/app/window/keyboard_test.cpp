@@ -9,14 +9,9 @@ namespace kestrin::window {
 namespace {
 
 using test::SmallJob;
-using test::TestWindow;
 
-class Keyboard : public testing::Test {
+class Keyboard : public test::WindowTest {
  protected:
-  void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-    QWidget* focused = window_->focusWidget();
-    QTest::keyClick(focused == nullptr ? &*window_ : focused, key, with);
-  }
   void Focus(const std::string& name) { window_.Find<>(name).setFocus(); }
   std::string Focused() const {
     const QWidget* focused = QApplication::focusWidget();
@@ -31,8 +26,6 @@ class Keyboard : public testing::Test {
     Press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(Focused(), name);
   }
-
-  TestWindow window_;
 };
 
 struct KeyCase {

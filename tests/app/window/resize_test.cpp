@@ -1,28 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <QScrollBar>
-
 #include "tests/app/testWindow.h"
 
 namespace kestrin::window {
 namespace {
 
-using test::TestWindow;
-
 constexpr int kBar = 17;
 
-class ResizeTest : public testing::Test {
+class ResizeTest : public test::WindowTest {
  protected:
-  void Resize(int width, int height) {
-    window_->resize(width, height);
-    QTest::qWait(1);
-  }
-  QScrollBar& V() { return window_.Find<QScrollBar>("VScroll1"); }
-  QScrollBar& H() { return window_.Find<QScrollBar>("HScroll1"); }
   QWidget& Corner() { return window_.Find<>("Frame3"); }
-  QWidget& Content() { return window_.Find<>("Picture2"); }
-
-  TestWindow window_;
 };
 
 TEST_F(ResizeTest, DesignSizeHasNoBars) {

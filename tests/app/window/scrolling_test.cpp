@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QScrollBar>
 #include <QWheelEvent>
 
 #include "tests/app/testWindow.h"
@@ -9,27 +8,12 @@
 namespace kestrin::window {
 namespace {
 
-using test::TestWindow;
-
 constexpr int kBarWidth = 17;
 constexpr int kLine = 17;
 constexpr QPoint kNotchDown(0, -120);
 
-class ScrollingTest : public testing::Test {
+class ScrollingTest : public test::WindowTest {
  protected:
-  void Resize(int width, int height) {
-    window_->resize(width, height);
-    QTest::qWait(1);
-  }
-  QScrollBar& V() { return window_.Find<QScrollBar>("VScroll1"); }
-  QScrollBar& H() { return window_.Find<QScrollBar>("HScroll1"); }
-  QWidget& Content() { return window_.Find<>("Picture2"); }
-
-  void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-    QWidget* focused = window_->focusWidget();
-    QTest::keyClick(focused == nullptr ? &*window_ : focused, key, with);
-  }
-
   void TurnWheelOver(const std::string& name, QPoint angle) {
     QWidget& widget = window_.Find<>(name);
     const QPointF middle(widget.rect().center());
@@ -48,8 +32,6 @@ class ScrollingTest : public testing::Test {
     if (H().isVisible()) view.setBottom(H().y() - 1);
     return view.contains(at);
   }
-
-  TestWindow window_;
 };
 
 TEST_F(ScrollingTest, TheControlThatTabGoesToComesIntoView) {
@@ -73,6 +55,14 @@ TEST_F(ScrollingTest, TheOptionThatAnArrowKeyGoesToComesIntoView) {
     Press(Qt::Key_Down);
     EXPECT_TRUE(window_.Option(i).hasFocus());
     EXPECT_TRUE(IsInView(window_.Option(i))) << i;
+  }
+}
+
+TEST_F(ScrollingTest, TheControlThatAnAssistiveToolGoesToComesIntoView) {
+  Resize(250, 200);
+  for (const char* name : {"Command2", "Command3", "Command1_3"}) {
+    window_.Button(name).setFocus();
+    EXPECT_TRUE(IsInView(window_.Button(name))) << name;
   }
 }
 

@@ -50,10 +50,11 @@ class JudgedRows : public testing::Test {
   test::Verdict all_;
 };
 
-/// Seeds of each kind; KESTRIN_SEEDS asks for more of them.
+/// Seeds of each kind; KESTRIN_SEEDS asks for more of them. Among the first 140 are two ways
+/// whose slits lead north over a neck and must take another direction.
 std::uint64_t Seeds() {
   const char* asked = std::getenv("KESTRIN_SEEDS");
-  return asked == nullptr ? 100 : std::strtoull(asked, nullptr, 10);
+  return asked == nullptr ? 140 : std::strtoull(asked, nullptr, 10);
 }
 
 class HardPolygons : public JudgedRows, public testing::WithParamInterface<test::HardKind> {};

@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "export/coverage/ringDegrees.h"
 #include "export/coverage/rings.h"
 #include "tests/export/coverage/literalCoverage.h"
 #include "tests/support/recordingHost.h"
@@ -31,8 +30,10 @@ inline std::vector<MadeRing> RingsOf(const std::vector<LiteralRow>& rows) {
     MadeRing& made = rings.emplace_back();
     made.metres.assign(ring.begin(), ring.end());
     made.acres = coverage::AcresIn(ring);
-    coverage::ForEachDegrees(ring, plane, host,
-                             [&](const geo::GeoPoint& point) { made.degrees.push_back(point); });
+    for (const geo::UtmPoint& point : ring) {
+      const geo::GeoPoint degrees = plane.ToGeo(point);
+      if (made.degrees.empty() || made.degrees.back() != degrees) made.degrees.push_back(degrees);
+    }
   });
   for (const auto& [row, begins] : rows) builder.Add(row, begins);
   builder.Finish();

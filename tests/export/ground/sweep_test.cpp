@@ -27,35 +27,35 @@ std::vector<Boom> Driven(const std::vector<int>& northings) {
 
 std::vector<double> HiddenIn(const std::vector<Boom>& booms) {
   std::vector<double> squareMetres;
-  for (const Patch& patch : Sweep(booms).Hidden()) squareMetres.push_back(patch.squareMetres);
+  for (const Patch& patch : Sweep(booms).hidden) squareMetres.push_back(patch.squareMetres);
   return squareMetres;
 }
 
 TEST(Sweep, ForwardIsNetAndTotalAndHidesNothing) {
   const auto booms = Driven({0, 30});
   const Sweep sweep(booms);
-  EXPECT_DOUBLE_EQ(sweep.Net(), 300);
-  EXPECT_DOUBLE_EQ(sweep.Total(), 300);
-  EXPECT_DOUBLE_EQ(sweep.Length(), 60);
-  EXPECT_FALSE(sweep.IsBackward());
-  EXPECT_THAT(sweep.Hidden(), IsEmpty());
+  EXPECT_DOUBLE_EQ(sweep.net, 300);
+  EXPECT_DOUBLE_EQ(sweep.total, 300);
+  EXPECT_DOUBLE_EQ(sweep.length, 60);
+  EXPECT_FALSE(sweep.isBackward);
+  EXPECT_THAT(sweep.hidden, IsEmpty());
 }
 
 TEST(Sweep, WhatWasSweptBackwardIsTakenFromTheNet) {
   const auto booms = Driven({0, 30, 20});
   const Sweep sweep(booms);
-  EXPECT_DOUBLE_EQ(sweep.Net(), 200);
-  EXPECT_DOUBLE_EQ(sweep.Total(), 400);
-  EXPECT_FALSE(sweep.IsBackward());
+  EXPECT_DOUBLE_EQ(sweep.net, 200);
+  EXPECT_DOUBLE_EQ(sweep.total, 400);
+  EXPECT_FALSE(sweep.isBackward);
 }
 
 TEST(Sweep, ForwardIsTheWayOfMostGround) {
   const auto booms = Driven({0, -30, -20});
   const Sweep sweep(booms);
-  EXPECT_TRUE(sweep.IsBackward());
-  EXPECT_DOUBLE_EQ(sweep.Net(), 200);
-  EXPECT_DOUBLE_EQ(sweep.Total(), 400);
-  EXPECT_EQ(sweep.Hidden().size(), 10U);
+  EXPECT_TRUE(sweep.isBackward);
+  EXPECT_DOUBLE_EQ(sweep.net, 200);
+  EXPECT_DOUBLE_EQ(sweep.total, 400);
+  EXPECT_EQ(sweep.hidden.size(), 10U);
 }
 
 TEST(Sweep, RetracedGroundIsHidden) {
@@ -81,7 +81,7 @@ TEST(Sweep, JitterThatComesBackHidesNothing) {
 TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {
   auto booms = Driven({0, 1000, 999});
   for (Boom& boom : booms) std::swap(boom.left, boom.right);
-  EXPECT_TRUE(Sweep(booms).IsBackward());
+  EXPECT_TRUE(Sweep(booms).isBackward);
   EXPECT_THAT(HiddenIn(booms), ElementsAre(10));
   booms = Driven({0, 500, 499, 1000});
   for (Boom& boom : booms) std::swap(boom.left, boom.right);
@@ -90,8 +90,8 @@ TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {
 
 TEST(Sweep, OfOneBoomOrNoneIsNothing) {
   const auto booms = BoomsAt({0});
-  EXPECT_EQ(Sweep(booms).Total(), 0);
-  EXPECT_EQ(Sweep({}).Length(), 0);
+  EXPECT_EQ(Sweep(booms).total, 0);
+  EXPECT_EQ(Sweep({}).length, 0);
 }
 
 TEST(LineAround, LeadsUpTheLeftEndsAndDownTheRightOnes) {

@@ -65,7 +65,7 @@ TEST_F(TheSweptGround, OfWildWaysIsTheUnionOfTheirStrips) {
       booms.push_back(
           {{at.easting - east, at.northing + north}, {at.easting + east, at.northing - north}});
     }
-    EXPECT_LT(WrongIn(booms), 0.005 * Sweep(booms).Total()) << run;
+    EXPECT_LT(WrongIn(booms), 0.005 * Sweep(booms).total) << run;
   }
 }
 

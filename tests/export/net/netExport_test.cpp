@@ -245,6 +245,19 @@ TEST_F(NetExport, SummarySaysTheFigures) {
   EXPECT_EQ(Export().summary, "net 19.8 acres (8.0 ha), swept 24.7, overlap 20.0 %");
 }
 
+// Three times 1000 square metres are 0.74 acres, but 0.25 thrice.
+TEST_F(NetExport, TellsTheAcresThatItsRecordsShowTogether) {
+  Wide(10);
+  for (const double east : {0.0, 500.0, 1000.0}) Drive({east, 0}, {east, 100});
+  const exports::ExportOutcome outcome = Export();
+  ASSERT_EQ(outcome.figures.size(), 3U);
+  EXPECT_EQ(outcome.figures[0].name, "acres");
+  EXPECT_DOUBLE_EQ(outcome.figures[0].value, 0.75);
+  EXPECT_EQ(outcome.figures[1].name, "gross_acres");
+  EXPECT_DOUBLE_EQ(outcome.figures[1].value, 0.74);
+  EXPECT_EQ(outcome.figures[2].name, "overlap_percent");
+}
+
 TEST_F(NetExport, JobWithoutGroundMakesNoSetAndTheOldOneIsGone) {
   LeaveOldSet();
   Wide(10);

@@ -301,6 +301,23 @@ TEST_F(WireExport, WhicheverFileOperationFailsNothingIsLeft) {
   }
 }
 
+TEST_F(WireExport, TellsTheMetresThatItsRecordsShowTogether) {
+  builder_.Epoch({1, 0}, 0, 0)
+      .Epoch({1, 1}, 0, 10.128)
+      .Epoch({1, 2}, 0, 0, 0, kBegins)
+      .Epoch({1, 3}, 0, 10.128)
+      // Too long for its field, which shows 12345678.9 of it.
+      .Epoch({1, 4}, 0, 0, 0, kBegins)
+      .Epoch({1, 5}, 12345678.91, 0);
+  const exports::ExportOutcome outcome = Export();
+  double shown = 0;
+  for (const auto& row : test::ReadShapeSet(base_).rows) shown += std::stod(row[1]);
+  ASSERT_EQ(outcome.figures.size(), 1U);
+  EXPECT_EQ(outcome.figures[0].name, "meters");
+  EXPECT_DOUBLE_EQ(outcome.figures[0].value, shown);
+  EXPECT_DOUBLE_EQ(shown, 10.13 + 10.13 + 12345678.9);
+}
+
 TEST_F(WireExport, SetIsTheSameToTheByteEachTime) {
   builder_.Epoch({1, 0}, 0, 0).Epoch({1, 1}, 1, 1).Epoch({1, 2}, 0, 2, 0, kBegins);
   const std::string path = builder_.Finish();

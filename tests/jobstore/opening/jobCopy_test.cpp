@@ -33,10 +33,10 @@ class JobCopy : public testing::Test {
     EXPECT_EQ(test::Ask(copy, "SELECT count(*) FROM GpsDataTable WHERE e_I_B__B2 = gpsMsec"),
               test::kStateEpochs);
     EXPECT_EQ(test::Ask(copy, "SELECT count(*) FROM GpsDataTable"), test::kStateEpochs);
-    test::Database(copy).Each("PRAGMA integrity_check", [](sqlite3_stmt* row) {
+    test::Database(copy).Each("PRAGMA integrity_check", [&](sqlite3_stmt* row) {
       EXPECT_STREQ(reinterpret_cast<const char*>(sqlite3_column_text(row, 0)), "ok");
+      EXPECT_EQ(test::StateOf(sets_.Path()).size(), 2U) << "nothing beside it while it is read";
     });
-    EXPECT_EQ(test::StateOf(sets_.Path()).size(), 2U);
   }
 
   void ExpectFailure(const std::string& job, const std::string& path) {

@@ -41,7 +41,8 @@ CommandResult RunCommand(const std::vector<std::string>& words, const std::strin
                          const std::vector<std::string>& environment = {});
 
 /// Runs a program with a terminal as its stderr and returns what it drew there; not
-/// on Windows.
-std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder);
+/// on Windows. It must end with this code.
+std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder,
+                          int code = 0);
 
 }  // namespace kestrin::test

@@ -76,7 +76,8 @@ CommandResult RunCommand(const std::vector<std::string>& words, const std::strin
   return Command(words, folder, environment).Wait();
 }
 
-std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder) {
+std::string RunOnTerminal(const std::vector<std::string>& words, const std::string& folder,
+                          int code) {
   int terminal = -1;
   const winsize size{25, 120, 0, 0};
   const pid_t process = forkpty(&terminal, nullptr, nullptr, &size);
@@ -94,7 +95,8 @@ std::string RunOnTerminal(const std::vector<std::string>& words, const std::stri
   close(terminal);
   int status = 0;
   waitpid(process, &status, 0);
-  if (CodeOf(status) != 0) throw std::runtime_error("ended with " + std::to_string(CodeOf(status)));
+  if (CodeOf(status) != code)
+    throw std::runtime_error("ended with " + std::to_string(CodeOf(status)));
   return drawn;
 }
 

@@ -1,5 +1,7 @@
 #include <regex>
 
+#include "export/exportKinds.h"
+#include "tests/support/database.h"
 #include "tests/tools/exporter/exportFixture.h"
 
 namespace kestrin::exporter {
@@ -56,6 +58,15 @@ TEST_F(ExportCommand, NetIsMadeWhenNamedBehindTheOthersAndSaysItsFiguresInWords)
   EXPECT_EQ(FilesBelow("."), 7);
 }
 
+TEST_F(ExportCommand, HelpSaysWhatEachKindIsThatIsMadeByNameOnly) {
+  const std::string help = Run({"--help"}).out;
+  EXPECT_FALSE(exports::kNamedKinds.empty());
+  for (const exports::ExportKind& kind : exports::kNamedKinds) {
+    EXPECT_THAT(help, HasSubstr(std::string(kind.name).append(" is ").append(kind.purpose)));
+    EXPECT_THAT(help, HasSubstr(std::string(",").append(kind.name).append(",")));
+  }
+}
+
 TEST_F(ExportCommand, AllSectionsMakesAnotherNet) {
   Sample("job.sqlite");
   const CommandResult some = Run({"--kind", "net", "--base", "x", "job.sqlite"});
@@ -110,7 +121,8 @@ TEST_F(ExportCommand, ProjectionFilesComeOnlyWhenAskedFor) {
 }
 
 TEST_F(ExportCommand, SeveralJobsAtOnceMakeTheSameSets) {
-  std::vector<std::string> one{"--out", "one"}, four{"--jobs", "4", "--out", "four"};
+  std::vector<std::string> one{"--threads", "1", "--out", "one"};
+  std::vector<std::string> four{"--jobs", "4", "--threads", "3", "--out", "four"};
   for (const char* name : {"a", "b", "c", "d", "e"}) {
     Sample(name + std::string(".sqlite"), 900);
     one.push_back(name + std::string(".sqlite"));
@@ -127,6 +139,19 @@ TEST_F(ExportCommand, SeveralJobsAtOnceMakeTheSameSets) {
     const auto other = folder_.Path() / "four" / entry.path().lexically_relative(folder_ / "one");
     EXPECT_TRUE(FileBytes(base::Utf8Of(entry.path())) == FileBytes(base::Utf8Of(other))) << other;
   }
+}
+
+TEST_F(ExportCommand, KindsMadeSideBySideAreToldInTheirOrder) {
+  Sample("a.sqlite", 3000);
+  // Without its targets the boom set has something to say.
+  test::Database(Sample("b.sqlite", 3000)).Execute("DROP TABLE AsAppliedDesRateChangeTable");
+  const CommandResult alone = Run({"--threads", "1", "--out", "x", "a.sqlite", "b.sqlite"});
+  const CommandResult together = Run({"--threads", "8", "--out", "x", "a.sqlite", "b.sqlite"});
+  EXPECT_THAT(alone.out, HasSubstr("_WIRE.shp"));
+  EXPECT_THAT(alone.err, HasSubstr("b.sqlite: boom: "));
+  EXPECT_EQ(together.out, alone.out);
+  EXPECT_EQ(together.err, alone.err);
+  EXPECT_EQ(together.code, alone.code);
 }
 
 TEST_F(ExportCommand, LeavesJobAndItsFolderAsTheyAre) {
@@ -166,12 +191,27 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"--kind"},
                       std::vector<std::string>{"--jobs", "0", "a.sqlite"},
                       std::vector<std::string>{"--jobs", "many", "a.sqlite"},
+                      std::vector<std::string>{"--threads", "0", "a.sqlite"},
                       std::vector<std::string>{"--base", "x", "a.sqlite", "b.sqlite"},
                       std::vector<std::string>{"--base", "x", "--out", "y", "a.sqlite"},
                       std::vector<std::string>{"--base", "", "a.sqlite"},
                       std::vector<std::string>{"--out", "", "a.sqlite"},
                       std::vector<std::string>{"--all-sections", "a.sqlite"},
+                      std::vector<std::string>{"-"}, std::vector<std::string>{"-/", "a.sqlite"},
+                      std::vector<std::string>{"--out", "-", "a.sqlite"},
+                      std::vector<std::string>{"--base=-", "a.sqlite"},
+                      std::vector<std::string>{"--base", "x", "."},
+                      std::vector<std::string>{"--summary", "--base", "x", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--out", "x", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--kind", "all", "a.sqlite"},
+                      std::vector<std::string>{"--summary", "--prj", "a.sqlite"},
                       std::vector<std::string>{"--verbose", "a.sqlite"}));
+
+TEST_F(ExportCommand, ADashIsRefusedAndSaysHowAFileOfThatNameIsMeant) {
+  EXPECT_EQ(Run({"--out", "-", "a.sqlite"}).err,
+            "--out: is \"-\", but neither jobs nor sets come by a stream; a file or folder of that "
+            "name is \"./-\"\nRun with --help for more information.\n");
+}
 
 }  // namespace
 }  // namespace kestrin::exporter

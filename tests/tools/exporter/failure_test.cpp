@@ -16,14 +16,12 @@ class ExportFailure : public test::ExportCommand {
   std::string Builder(const std::string& name) const { return folder_ / name; }
 };
 
-TEST_F(ExportFailure, MissingJobIsNamedForEveryKindAndTheOthersAreMade) {
+TEST_F(ExportFailure, MissingJobIsNamedOnceForAllKindsAndTheOthersAreMade) {
   Sample("there.sqlite", 20);
   const CommandResult run =
       Run({"--kind", "wire", "--kind", "poly", "gone.sqlite", "there.sqlite"});
   EXPECT_EQ(run.code, 1);
-  EXPECT_EQ(run.err,
-            "kestrin-export: gone.sqlite: wire: Error opening: -14\n"
-            "kestrin-export: gone.sqlite: poly: Error opening: -14\n");
+  EXPECT_EQ(run.err, "kestrin-export: gone.sqlite: Error opening: -14 (no such file)\n");
   EXPECT_EQ(run.out,
             "TrevaskData/there/2025Jun3/there_2025Jun3_WIRE.shp: 20 epochs\n"
             "TrevaskData/there/2025Jun3/there_2025Jun3_POLY.shp: 20 epochs\n");
@@ -35,7 +33,7 @@ TEST_F(ExportFailure, MissingJobTakesTheOldSetOfItsBaseAway) {
   Run({"--kind", "wire", "--base", "x", "job.sqlite"});
   ASSERT_TRUE(HasSet("x_WIRE"));
   const CommandResult run = Run({"--kind", "wire", "--base", "x", "gone.sqlite"});
-  EXPECT_EQ(run.err, "kestrin-export: gone.sqlite: wire: Error opening: -14\n");
+  EXPECT_EQ(run.err, "kestrin-export: gone.sqlite: wire: Error opening: -14 (no such file)\n");
   EXPECT_EQ(run.code, 1);
   EXPECT_FALSE(Exists("x_WIRE.shp") || Exists("x_WIRE.shx") || Exists("x_WIRE.dbf"));
 }
@@ -43,7 +41,9 @@ TEST_F(ExportFailure, MissingJobTakesTheOldSetOfItsBaseAway) {
 TEST_F(ExportFailure, JobThatIsNoDatabaseOpensAndHasNoStatement) {
   const std::string whole = FileBytes(Sample("whole.sqlite"));
   const std::pair<std::string, std::string> broken[] = {
-      {"", "-1"}, {std::string(5000, 'x'), "-26"}, {whole.substr(0, whole.size() / 2), "-11"}};
+      {"", "-1 (it lacks a table or column of a job)"},
+      {std::string(5000, 'x'), "-26 (not a database)"},
+      {whole.substr(0, whole.size() / 2), "-11 (the file is damaged or cut short)"}};
   for (const auto& [bytes, code] : broken) {
     std::ofstream(folder_ / "text.sqlite", std::ios::binary | std::ios::trunc) << bytes;
     for (const char* target : {"--out=out", "--base=x"}) {
@@ -65,9 +65,8 @@ TEST_F(ExportFailure, JobWithoutRowsOrReferenceHasNothingToExport) {
       const CommandResult run = Run({"--kind", "wire", "--kind", "point", target, job});
       EXPECT_EQ(run.code, 1);
       EXPECT_EQ(run.out, "");
-      const std::string front = std::string("kestrin-export: ") + job;
-      EXPECT_EQ(run.err, front + ": wire: No set made: nothing to export\n" + front +
-                             ": point: No set made: nothing to export\n");
+      EXPECT_EQ(run.err,
+                std::string("kestrin-export: ") + job + ": No set made: nothing to export\n");
     }
   }
 }
@@ -101,6 +100,30 @@ TEST_F(ExportFailure, SubscriptErrorNamesItsKindAndTheOtherKindsAreMade) {
   EXPECT_FALSE(Exists("x_BOOM.shp"));
 }
 
+// The boom set says besides what follows from it.
+TEST_F(ExportFailure, JobThatIsNoneIsOneLineAlsoWhereEachKindFindsOutForItself) {
+  std::ofstream(folder_ / "text.sqlite") << std::string(5000, 'x');
+  const CommandResult run = Run({"--base", "x", "text.sqlite"});
+  EXPECT_EQ(run.err,
+            "kestrin-export: text.sqlite: Error creating statement: -26 (not a database)\n");
+  EXPECT_EQ(run.code, 1);
+}
+
+TEST_F(ExportFailure, WhatOnlySomeKindsFailAtIsNamedForEachOfThem) {
+  test::JobBuilder job(Builder("job.sqlite"));
+  job.Reference({1345, 0}, 42, -93).Execute("DROP TABLE ImplChangeTable");
+  for (int i = 0; i < 8; ++i) job.Epoch({1345, i * 1000}, i, i);
+  job.Finish();
+  const CommandResult run =
+      Run({"--kind", "wire", "--kind", "boom", "--kind", "poly", "--base", "x", "job.sqlite"});
+  EXPECT_EQ(run.code, 1);
+  const std::string front = "kestrin-export: job.sqlite: ";
+  const std::string text = "Error creating statement: -1 (it lacks a table or column of a job)\n";
+  EXPECT_THAT(run.err, ::testing::StartsWith(front + "boom: " + text));
+  EXPECT_THAT(run.err, ::testing::HasSubstr(front + "poly: " + text));
+  EXPECT_THAT(run.err, ::testing::Not(::testing::HasSubstr("wire")));
+}
+
 TEST_F(ExportFailure, SecondJobOfTheSameTargetIsRefused) {
   Sample("a/job.sqlite", 20);
   Sample("b/job.sqlite", 40);
@@ -130,7 +153,8 @@ TEST_F(ExportFailure, DamagedJobKeepsItsFirstRowsAndSaysSo) {
   EXPECT_EQ(
       run.err,
       "kestrin-export: job.sqlite: wire: The job could not be read to its end: the set holds " +
-          std::to_string(epochs) + " epochs of an unknown number, code 11\n");
+          std::to_string(epochs) +
+          " epochs of an unknown number, code 11 (the file is damaged or cut short)\n");
 }
 
 // Where only the index is damaged, the rows can still be counted.
@@ -142,10 +166,9 @@ TEST_F(ExportFailure, JobWithADamagedIndexSaysHowManyOfItsRowsAreInTheSet) {
     const CommandResult run = Run({"--kind", "wire", "--kind", "boom", target, "job.sqlite"});
     EXPECT_EQ(run.code, 1);
     EXPECT_TRUE(std::regex_match(
-        run.err, std::regex("kestrin-export: job.sqlite: wire: The job could not be read to its "
-                            "end: the set holds [0-9]+ of 3000 epochs, code 11\n"
-                            "kestrin-export: job.sqlite: boom: The job could not be read to its "
-                            "end: the set holds [0-9]+ of 3000 epochs, code 11\n")))
+        run.err, std::regex("kestrin-export: job.sqlite: The job could not be read to its end: "
+                            "the set holds [0-9]+ of 3000 epochs, code 11 \\(the file is damaged "
+                            "or cut short\\)\n")))
         << run.err;
   }
 }

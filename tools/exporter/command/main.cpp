@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 
 #include "base/runHost.h"
@@ -11,14 +12,26 @@
 namespace base = kestrin::base;
 namespace exporter = kestrin::exporter;
 
+namespace {
+
+/// By the convention of no-color.org, as far as it goes without an option.
+bool ColourIsWanted() {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet.
+  const char* const refused = std::getenv("NO_COLOR");
+  return refused == nullptr || *refused == '\0';
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   try {
     const exporter::Terminal terminal;
     exporter::ExportOptions options;
     if (const auto code = exporter::ParseCommandLine(argc, argv, options)) return *code;
     exporter::HandleSignals();
-    exporter::Console console(stdout, stderr, !options.quiet && terminal.CanRedraw(),
-                              !options.quiet);
+    const bool redraws = terminal.CanRedraw();
+    exporter::Console console(
+        stdout, stderr, {.bar = redraws && !options.quiet, .colour = redraws && ColourIsWanted()});
     return exporter::RunExports(options, console);
   } catch (const base::RunCancelled&) {
     std::fputs("kestrin-export: stopped\n", stderr);

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstddef>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/crew.h"
+#include "base/fileSystem.h"
+#include "tools/exporter/commandLine.h"
+#include "tools/exporter/console.h"
+#include "tools/exporter/jobFailures.h"
+#include "tools/exporter/jobPlan.h"
+#include "tools/exporter/report.h"
+#include "tools/exporter/setHost.h"
+
+namespace kestrin::exporter {
+
+/// What the sets of all jobs of a run are made with. All of it outlives them.
+struct Workshop {
+  const ExportOptions& options;
+  base::FileSystem& files;
+  base::Crew& crew;
+  Console& console;
+  Report& report;
+};
+
+/// The asked sets of one job. Kinds may be made side by side, each by any thread; what comes of
+/// them is reported in the order of the kinds.
+class JobSets {
+ public:
+  /// The plan must outlive it.
+  JobSets(const JobPlan& plan, const Workshop& shop);
+  /// Reports what was not, as kinds before it were never begun.
+  ~JobSets();
+  JobSets(const JobSets&) = delete;
+  JobSets& operator=(const JobSets&) = delete;
+
+  /// Makes the set of the kind of that number. Throws RunCancelled when the process is asked to
+  /// stop; what was half made is gone then.
+  void Make(std::size_t kind);
+
+  /// Whether all that have been made are there and complete.
+  bool AreComplete() const { return !failures_.Any(); }
+
+ private:
+  struct Ended {
+    std::optional<MadeSet> made;
+    std::vector<std::string> texts;
+  };
+
+  std::optional<MadeSet> Try(const exports::ExportKind& kind, SetHost& host);
+  std::optional<MadeSet> MakeSet(const exports::ExportKind& kind, SetHost& host);
+  void End(std::size_t kind, Ended ended);
+  void Tell(std::size_t kind);
+
+  const JobPlan& plan_;
+  const Workshop& shop_;
+  std::mutex mutex_;
+  std::vector<std::optional<Ended>> ended_;  // by kind; emptied when told
+  std::size_t next_ = 0;                     // to tell
+  JobFailures failures_;
+};
+
+}  // namespace kestrin::exporter
