@@ -18,7 +18,8 @@ has_driver() { [ -e "$out/kestrin-gdal_$version-1_amd64.deb" ]; }
 chroot_key() {
   local package
   {
-    for package in $(packages); do dpkg-deb --field "$package" Package Depends; done
+    for package in $(packages); do dpkg-deb --field "$package" Package Depends; done |
+      sed 's/ ([^)]*)//g'
     declare -f make_chroot
     echo "${desktop[@]}"
   } | sha256sum | cut -c 1-16
