@@ -52,7 +52,8 @@ function(kestrin_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ROOMS;NEEDS")
   kestrin_sources(sources ${arg_ROOMS})
   add_library(${name} STATIC ${sources})
-  target_link_libraries(${name} PUBLIC kestrin_compile ${arg_NEEDS})
+  # How we compile is no matter of whoever uses the installed library.
+  target_link_libraries(${name} PUBLIC $<BUILD_INTERFACE:kestrin_compile> ${arg_NEEDS})
 endfunction()
 
 # kestrin_resources(program title [icon]): what Windows reads from a program before it
