@@ -30,8 +30,9 @@ void Net(benchmark::State& state, const char* profile) {
   const auto makeJob = [=](const std::string& path, std::int64_t rows) {
     sample::MakeSampleJob(path, {.profile = profile, .rows = rows});
   };
-  MeasureExport(state,
-                {exports::kNamedKinds.front(), makeJob, std::string(jobstore::BoomEpochs::Text()), {5, 6}});
+  MeasureExport(
+      state,
+      {exports::kNamedKinds.front(), makeJob, std::string(jobstore::BoomEpochs::Text()), {5, 6}});
 }
 BENCHMARK_CAPTURE(Net, Sprayer, "sprayer")->Name("net, sprayer")->Apply(Sizes);
 BENCHMARK_CAPTURE(Net, Planter, "planter")->Name("net, planter")->Apply(Sizes);
