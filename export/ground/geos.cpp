@@ -141,6 +141,18 @@ Geos::Area Geos::Enclosed(const std::vector<Area>& ways) {
   return Own(GEOSPolygonize_valid_r(handle_, given.data(), static_cast<unsigned>(given.size())));
 }
 
+Geos::Prepared Geos::Prepare(const Area& area) {
+  Prepared prepared(GEOSPrepare_r(handle_, area.get()), DestroyPrepared{handle_});
+  if (!prepared) throw GeometryError(words_);
+  return prepared;
+}
+
+bool Geos::Covers(const Prepared& area, const Area& other) {
+  const char answer = GEOSPreparedCovers_r(handle_, area.get(), other.get());
+  if (answer > 1) throw GeometryError(words_);
+  return answer == 1;
+}
+
 bool Geos::AreWithin(const Area& one, const Area& other, double metres) {
   const Prepared prepared = Prepare(one);
   const char answer = GEOSPreparedDistanceWithin_r(handle_, prepared.get(), other.get(), metres);
@@ -156,12 +168,6 @@ Geos::Area Geos::HullOf(const Line& points, double around) {
 
 Geos::Area Geos::OnGrid(const Area& area, double metres) {
   return Own(GEOSGeom_setPrecision_r(handle_, area.get(), metres, 0));
-}
-
-Geos::Prepared Geos::Prepare(const Area& area) {
-  Prepared prepared(GEOSPrepare_r(handle_, area.get()), DestroyPrepared{handle_});
-  if (!prepared) throw GeometryError(words_);
-  return prepared;
 }
 
 std::vector<std::array<geo::UtmPoint, 2>> Geos::WaysTo(const Area& area,

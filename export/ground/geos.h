@@ -44,11 +44,12 @@ class Geos {
       GEOSPreparedGeom_destroy_r(handle, prepared);
     }
   };
-  using Prepared = std::unique_ptr<const GEOSPreparedGeometry, DestroyPrepared>;
 
  public:
   /// Any area: none, one piece or several. Empty (null) ones may only be overwritten.
   using Area = std::unique_ptr<GEOSGeometry, Destroy>;
+  /// An area that is asked about many others. It must not outlive the area it was made of.
+  using Prepared = std::unique_ptr<const GEOSPreparedGeometry, DestroyPrepared>;
 
   Geos();
   ~Geos();
@@ -77,6 +78,10 @@ class Geos {
   Area Way(std::span<const geo::UtmPoint> line);
   Area Enclosed(const std::vector<Area>& ways);
 
+  Prepared Prepare(const Area& area);
+  /// Whether no point of an area lies outside of another.
+  bool Covers(const Prepared& area, const Area& other);
+
   /// Whether two areas are so many metres apart, or less.
   bool AreWithin(const Area& one, const Area& other, double metres);
 
@@ -104,7 +109,6 @@ class Geos {
   Area Own(GEOSGeometry* geometry);
 
  private:
-  Prepared Prepare(const Area& area);
   bool IsClockwise(const GEOSCoordSequence* points);
   GEOSCoordSequence* PointsOf(std::span<const geo::UtmPoint> line);
   GEOSGeometry* RingOf(std::span<const geo::UtmPoint> line);

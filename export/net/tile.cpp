@@ -12,9 +12,6 @@ using ground::Geos;
 constexpr double kGap = 0.002;
 constexpr double kStep = 0.001;
 
-/// To compare each with each of more would take longer than to unite them.
-constexpr std::size_t kMostCompared = 256;
-
 }  // namespace
 
 geo::UtmPoint Tile::BesideBorder(geo::UtmPoint point) const {
@@ -63,14 +60,29 @@ void Tile::Clip(const Geos::Area& area) {
     for (const geo::UtmPoint& point : piece.shell) bounds.Widen(point);
     Geos::Area onGrid = grid_.Inside(piece.shell, Clearance::kWide);
     const bool isSimple = onGrid != nullptr;
+    if (isSimple && cover_ && geos_.Covers(cover_, onGrid)) continue;
     parts_.push_back({isSimple ? std::move(onGrid) : geos_.Inside(piece), bounds, !isSimple});
   }
+  if (parts_.size() > mostParts_) Unite();
+}
+
+void Tile::Unite() {
+  std::vector<Geos::Area> areas;
+  for (Part& part : parts_) areas.push_back(std::move(part.area));
+  parts_.clear();
+  cover_.reset();
+  if (united_) areas.push_back(std::move(united_));
+  united_ = grid_.Union(std::move(areas));
+  cover_ = geos_.Prepare(united_);
+  // In proportion to its points, or uniting it again and again would take longest.
+  const int points = GEOSGetNumCoordinates_r(geos_.Handle(), united_.get());
+  mostParts_ = std::max(kMany, static_cast<std::size_t>(points)) / 4;
 }
 
 void Tile::FindClose() {
   for (std::size_t i = 0; i < parts_.size(); ++i) {
     Part& part = parts_[i];
-    if (parts_.size() > kMostCompared) part.isClose = true;
+    if (united_) part.isClose = true;
     const geo::Box around = part.box.Grown(kGap);
     for (std::size_t j = 0; j < i; ++j) {
       Part& other = parts_[j];
@@ -92,19 +104,16 @@ Geos::Area Tile::Square() const {
 std::vector<ground::Piece> Tile::Ground(std::span<const Stretch> stretches) {
   for (const Stretch& stretch : stretches) Lay(stretch.span, stretch.first, stretch.last);
   FindClose();
-  std::vector<Geos::Area> united;
   std::vector<ground::Piece> pieces;
   const auto take = [&](const Geos::Area& area) {
     std::ranges::move(geos_.Pieces(area), std::back_inserter(pieces));
   };
-  for (Part& part : parts_) {
-    if (part.isClose) {
-      united.push_back(std::move(part.area));
-    } else {
-      take(part.area);
-    }
+  for (const Part& part : parts_) {
+    if (!part.isClose) take(part.area);
   }
-  if (!united.empty()) take(grid_.Common(grid_.Union(std::move(united)), Square()));
+  std::erase_if(parts_, [](const Part& part) { return !part.isClose; });
+  if (!parts_.empty()) Unite();
+  if (united_) take(grid_.Common(united_, Square()));
   return pieces;
 }
 

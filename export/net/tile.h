@@ -25,6 +25,10 @@ struct Stretch {
 /// Most stretches cross nothing else: passes that leave a gap in between, and the lone ones about
 /// a field. To cut them at the tile's border is enough, and takes a fifth of the time that uniting
 /// them takes, so only what comes close to something else is united.
+///
+/// Where parts are many they are united ahead of the rest, and what the ground so far covers is
+/// left out: of a machine that stands, of which a receiver's noise makes a step a row, all but a
+/// few.
 class Tile {
  public:
   /// All must outlive it.
@@ -35,6 +39,9 @@ class Tile {
   std::vector<ground::Piece> Ground(std::span<const Stretch> stretches);
 
  private:
+  /// To compare each with each of more would take longer than to unite them.
+  static constexpr std::size_t kMany = 256;
+
   /// A simple figure within the tile.
   struct Part {
     ground::Geos::Area area;
@@ -45,6 +52,7 @@ class Tile {
   void Lay(Span span, std::uint32_t first, std::uint32_t last);
   void LayStep(const Boom& from, const Boom& to);
   void Clip(const ground::Geos::Area& area);
+  void Unite();
   void FindClose();
   ground::Geos::Area Square() const;
   geo::UtmPoint BesideBorder(geo::UtmPoint point) const;
@@ -55,6 +63,9 @@ class Tile {
   ground::Geos& geos_;
   ground::GridAreas& grid_;
   std::vector<Part> parts_;
+  ground::Geos::Area united_;  // of parts that were; null before
+  ground::Geos::Prepared cover_;
+  std::size_t mostParts_ = kMany;
 };
 
 }  // namespace kestrin::net
