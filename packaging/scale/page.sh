@@ -11,7 +11,8 @@ split_page() {
 # shown TEXT: prints the block that holds the text; fails unless it is exactly one.
 shown() {
   local block
-  block=$(grep -lF -- "$1" "$work"/page/*) && [ -f "$block" ] || fail "Not once on the page: $1"
+  block=$(grep -lF -- "$1" "$work"/page/*) || true
+  [ -f "$block" ] || fail "Not once on the page: $1"
   basename "$block" >>"$work/run"
   cat "$block"
 }
