@@ -58,7 +58,7 @@ summing() { kestrin-export --summary --threads 1 sized; }
 measure_in() {
   local size profiles=(planter sprayer)
   mkdir "$1"
-  cd "$1"
+  cd "$1" || return
   for size in "2000 120" "20000 12"; do
     read -r rows count <<<"$size"
     rm -rf sized
