@@ -244,6 +244,7 @@ TEST_F(ShapefileSetTest, NothingHasItsNameBeforeCommit) {
   for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
     EXPECT_EQ(entry.path().extension(), ".tmp");
   }
+  set.Commit();
   EXPECT_EQ(FileCount(), 3U);
 }
 
