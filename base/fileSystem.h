@@ -42,7 +42,8 @@ class OutputFile {
   /// No byte is written after this.
   virtual void Close() = 0;
 
-  /// Gives the closed file its name, in the place of what has it.
+  /// Gives the closed file its name, in the place of what has it. Nothing else is done to it
+  /// after that.
   virtual void Publish() = 0;
 };
 

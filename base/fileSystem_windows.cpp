@@ -124,9 +124,10 @@ class WindowsFile : public OutputFile {
     if (unfinished == Unfinished::kVanish) LetVanish(true);
   }
   ~WindowsFile() override {
+    if (handle_ == INVALID_HANDLE_VALUE) return;
     CloseHandle(handle_);
     // Not every drive knows how to let a file vanish.
-    if (!published_) DeleteFileW(temporary_.c_str());
+    DeleteFileW(temporary_.c_str());
   }
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
@@ -184,14 +185,14 @@ class WindowsFile : public OutputFile {
       return CodeOf(
           MoveFileExW(temporary_.c_str(), target.c_str(), flags | MOVEFILE_WRITE_THROUGH));
     });
-    published_ = code == ERROR_SUCCESS;
+    // Others may open it from now on, which the handle would refuse them.
+    if (code == ERROR_SUCCESS) CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
     return code;
   }
 
   std::string path_;
   std::wstring temporary_;
-  HANDLE handle_ = INVALID_HANDLE_VALUE;
-  bool published_ = false;
+  HANDLE handle_ = INVALID_HANDLE_VALUE;  // none once it is published
 };
 
 /// A mutex of this thread; the system takes it from a process that is killed.

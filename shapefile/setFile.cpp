@@ -64,6 +64,7 @@ void SetFile::Finish(bool synced) {
 void SetFile::Publish() {
   file_->Publish();
   published_ = true;
+  file_.reset();
 }
 
 }  // namespace kestrin::shapefile
