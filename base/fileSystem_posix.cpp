@@ -159,6 +159,8 @@ class PosixFile : public OutputFile {
   ~PosixFile() override {
     if (!temporary_.empty()) unlink(temporary_.c_str());
   }
+  PosixFile(const PosixFile&) = delete;
+  PosixFile& operator=(const PosixFile&) = delete;
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
     const WithoutSizeSignal guard;

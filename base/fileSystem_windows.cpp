@@ -129,6 +129,8 @@ class WindowsFile : public OutputFile {
     // Not every drive knows how to let a file vanish.
     DeleteFileW(temporary_.c_str());
   }
+  WindowsFile(const WindowsFile&) = delete;
+  WindowsFile& operator=(const WindowsFile&) = delete;
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
     while (!bytes.empty()) {
