@@ -17,17 +17,21 @@ namespace {
 
 constexpr std::string_view kPrivate = "kestrin-copy-";
 
-/// Locks a folder of this user; null where somebody else has it, or it is somebody else's.
+/// Locks a folder of this user, by a file in it: whoever writes a set there locks the folder
+/// itself. Null where somebody else has it, or it is somebody else's.
 std::shared_ptr<const void> Use(const fs::path& folder) {
-  const int number = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  struct stat status {};
+  const bool own =
+      lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid();
+  if (!own) return {};
+  const int number = open((folder / "in-use").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC,
+                          S_IRUSR | S_IWUSR);
   if (number < 0) return {};
   std::shared_ptr<const int> opened(new int(number), [](const int* owned) {
     close(*owned);
     delete owned;
   });
-  struct stat status {};
-  const bool own = fstat(number, &status) == 0 && status.st_uid == geteuid();
-  if (!own || flock(number, LOCK_EX | LOCK_NB) != 0) return {};
+  if (flock(number, LOCK_EX | LOCK_NB) != 0) return {};
   return opened;
 }
 
