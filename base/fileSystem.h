@@ -22,11 +22,15 @@ class FileError : public std::runtime_error {
   std::string reason_;
 };
 
-/// A file being written, by one thread at a time.
-/// Failure: every operation throws FileError.
+/// Why a folder could not be had.
+inline constexpr std::string_view kFolderTaken = "Another export is writing in the folder";
+
+/// A file being written, by one thread at a time. Until it is published, it goes with this
+/// object and with its process, whatever ends that.
+/// Failure: every operation throws FileError, about the name the file is to have.
 class OutputFile {
  public:
-  /// Closes without complaint; what matters was closed with Close before.
+  /// Never complains; what matters was closed with Close before.
   virtual ~OutputFile() = default;
 
   /// Writes all bytes at the offset; the file grows as needed.
@@ -35,7 +39,12 @@ class OutputFile {
   /// Returns when the bytes have reached the medium.
   virtual void Sync() = 0;
 
+  /// No byte is written after this.
   virtual void Close() = 0;
+
+  /// Gives the closed file its name, in the place of what has it. Nothing else is done to it
+  /// after that.
+  virtual void Publish() = 0;
 };
 
 /// Everything that is done to files that are written, so that a test can make each of
@@ -45,11 +54,15 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// Creates a file that must not exist yet.
+  /// Creates a file that is to be called `path` once it is published. Where the drive has no
+  /// file that goes with its process, it has a temporary name beside `path` until then; what
+  /// killed processes have left there under such names goes first.
   virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
 
-  /// Puts `from` in the place of `to`, whole or not at all.
-  virtual void Rename(const std::string& from, const std::string& to) = 0;
+  /// Has the names in a file's folder to this process and thread alone among those that ask
+  /// for it, until what it returns is gone. Null where the system or the drive cannot say.
+  /// Failure: somebody else has had them for ten seconds.
+  virtual std::shared_ptr<const void> LockFolderOf(const std::string& /*path*/) { return {}; }
 
   /// Removes a file; a file that is not there is no failure.
   virtual void Remove(const std::string& path) = 0;
@@ -73,9 +86,13 @@ class FileSystem {
   virtual void Copy(const std::string& from, const std::string& to) = 0;
 };
 
+/// How files lie on the drive until they are published: `kNamed` is for drives that know no
+/// file which goes with its process, and is taken by itself there.
+enum class Unfinished { kVanish, kNamed };
+
 /// The real file system. Stateless; any number may exist. Running into the process's
 /// file-size limit is a FileError too: the signal that goes with it (SIGXFSZ) is kept
 /// from the writing thread, so no program has to ignore it.
-std::unique_ptr<FileSystem> NativeFileSystem();
+std::unique_ptr<FileSystem> NativeFileSystem(Unfinished unfinished = Unfinished::kVanish);
 
 }  // namespace kestrin::base

@@ -1,11 +1,15 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "base/fileSystem.h"
@@ -18,6 +22,8 @@ namespace {
 constexpr mode_t kFileMode = 0666;
 constexpr mode_t kFolderMode = 0777;
 constexpr std::size_t kCopySize = std::size_t{1} << 18;
+constexpr int kLockTries = 5000;
+constexpr std::chrono::milliseconds kLockPause{2};
 
 [[noreturn]] void Fail(const std::string& path, int code) {
   throw FileError(path, std::generic_category().message(code));
@@ -42,6 +48,11 @@ class Descriptor {
   }
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor(Descriptor&& other) noexcept : number_(other.Release()) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
 
   int Number() const { return number_; }
   bool IsOpen() const { return number_ >= 0; }
@@ -81,9 +92,75 @@ class WithoutSizeSignal {
   sigset_t before_{};
 };
 
+std::string FolderOf(const std::string& path) {
+  const std::string folder = SplitAtLastSeparator(path).folder;
+  return folder.empty() ? "." : folder;
+}
+
+/// The one name by which a file without any can be linked to.
+std::string NameInProcess(int number) { return "/proc/self/fd/" + std::to_string(number); }
+
+/// A file without a name: -1 where the drive has none, or could not name it later.
+int OpenUnnamed(const std::string& folder) {
+  Descriptor file(Open(folder, O_WRONLY | O_TMPFILE));
+  if (!file.IsOpen() || access(NameInProcess(file.Number()).c_str(), F_OK) != 0) return -1;
+  return file.Release();
+}
+
+/// Locked for as long as the descriptor or the process lives, so that others can tell.
+int CreateLocked(const std::string& path) {
+  for (;;) {
+    Descriptor file(Open(path, O_WRONLY | O_CREAT | O_EXCL));
+    if (!file.IsOpen()) return -1;
+    // Where nothing can be locked, nothing is taken for abandoned either.
+    Retried([&] { return flock(file.Number(), LOCK_EX); });
+    // Before it was locked it may have been taken for abandoned.
+    if (access(path.c_str(), F_OK) == 0) return file.Release();
+  }
+}
+
+void RemoveIfAbandoned(const std::string& path) {
+  const Descriptor file(Open(path, O_WRONLY | O_NOFOLLOW | O_NONBLOCK));
+  if (file.IsOpen() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+}
+
+/// What killed processes have left in a folder; nobody waits for it, so failures mean nothing.
+void RemoveAbandoned(const std::string& folder) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (IsTemporaryName(entry->path().filename().native())) RemoveIfAbandoned(entry->path());
+  }
+}
+
+/// Gives a file a name that nothing has.
+void RenameToNew(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  if (errno != EINVAL && errno != ENOSYS) Fail(to);
+  // Not every file system knows the exclusive rename; a link is as exclusive, but
+  // removable media have none.
+  if (link(from.c_str(), to.c_str()) == 0) {
+    unlink(from.c_str());
+    return;
+  }
+  if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) Fail(to);
+  struct stat status {};
+  if (lstat(to.c_str(), &status) == 0) Fail(to, EEXIST);
+  if (rename(from.c_str(), to.c_str()) != 0) Fail(to);
+}
+
 class PosixFile : public OutputFile {
  public:
-  PosixFile(std::string path, int number) : path_(std::move(path)), descriptor_(number) {}
+  PosixFile(const std::string& path, Unfinished unfinished)
+      : path_(path),
+        descriptor_(unfinished == Unfinished::kVanish ? OpenUnnamed(FolderOf(path)) : -1) {
+    if (!descriptor_.IsOpen()) CreateNamed();
+  }
+  ~PosixFile() override {
+    if (!temporary_.empty()) unlink(temporary_.c_str());
+  }
+  PosixFile(const PosixFile&) = delete;
+  PosixFile& operator=(const PosixFile&) = delete;
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
     const WithoutSizeSignal guard;
@@ -108,35 +185,57 @@ class PosixFile : public OutputFile {
   }
 
   void Close() override {
-    // Interrupted or not, the descriptor is gone after the first call.
-    if (close(descriptor_.Release()) != 0 && errno != EINTR) Fail(path_);
+    // The descriptor itself is what keeps the file, or its lock, until it is published; a
+    // second one tells of what only closing brings up. Interrupted or not, that one is gone.
+    const int second = fcntl(descriptor_.Number(), F_DUPFD_CLOEXEC, 0);
+    if (second < 0 || (close(second) != 0 && errno != EINTR)) Fail(path_);
+  }
+
+  void Publish() override {
+    if (!temporary_.empty()) {
+      if (rename(temporary_.c_str(), path_.c_str()) != 0) Fail(path_);
+      temporary_.clear();
+      return;
+    }
+    // A link replaces nothing.
+    while (!Link()) {
+      if (unlink(path_.c_str()) != 0 && errno != ENOENT) Fail(path_);
+    }
+  }
+
+  /// Publishes it unless something has its name, which is then the failure.
+  void PublishNew() {
+    if (temporary_.empty()) {
+      if (!Link()) Fail(path_, EEXIST);
+      return;
+    }
+    RenameToNew(temporary_, path_);
+    temporary_.clear();
   }
 
  private:
+  void CreateNamed() {
+    RemoveAbandoned(FolderOf(path_));
+    const std::string name = TemporaryNameBeside(path_);
+    descriptor_ = Descriptor(CreateLocked(name));
+    if (!descriptor_.IsOpen()) Fail(path_);
+    temporary_ = name;
+  }
+
+  /// False when something has the name.
+  bool Link() {
+    if (linkat(AT_FDCWD, NameInProcess(descriptor_.Number()).c_str(), AT_FDCWD, path_.c_str(),
+               AT_SYMLINK_FOLLOW) == 0) {
+      return true;
+    }
+    if (errno != EEXIST) Fail(path_);
+    return false;
+  }
+
   std::string path_;
+  std::string temporary_;  // empty where the file has no name
   Descriptor descriptor_;
 };
-
-std::string FolderOf(const std::string& path) {
-  const std::string folder = SplitAtLastSeparator(path).folder;
-  return folder.empty() ? "." : folder;
-}
-
-/// Gives a file a name that nothing has.
-void RenameToNew(const std::string& from, const std::string& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
-  if (errno != EINVAL && errno != ENOSYS) Fail(to);
-  // Not every file system knows the exclusive rename; a link is as exclusive, but
-  // removable media have none.
-  if (link(from.c_str(), to.c_str()) == 0) {
-    unlink(from.c_str());
-    return;
-  }
-  if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) Fail(to);
-  struct stat status {};
-  if (lstat(to.c_str(), &status) == 0) Fail(to, EEXIST);
-  if (rename(from.c_str(), to.c_str()) != 0) Fail(to);
-}
 
 void CopyBytes(const std::string& from, OutputFile& to) {
   const Descriptor source(Open(from, O_RDONLY));
@@ -153,16 +252,21 @@ void CopyBytes(const std::string& from, OutputFile& to) {
 
 class PosixFileSystem : public FileSystem {
  public:
+  explicit PosixFileSystem(Unfinished unfinished) : unfinished_(unfinished) {}
+
   std::unique_ptr<OutputFile> Create(const std::string& path) override {
-    Descriptor created(Open(path, O_WRONLY | O_CREAT | O_EXCL));
-    if (!created.IsOpen()) Fail(path);
-    auto file = std::make_unique<PosixFile>(path, created.Number());
-    created.Release();
-    return file;
+    return std::make_unique<PosixFile>(path, unfinished_);
   }
 
-  void Rename(const std::string& from, const std::string& to) override {
-    if (rename(from.c_str(), to.c_str()) != 0) Fail(to);
+  std::shared_ptr<const void> LockFolderOf(const std::string& path) override {
+    auto folder = std::make_shared<const Descriptor>(Open(FolderOf(path), O_RDONLY | O_DIRECTORY));
+    for (int tries = 1; flock(folder->Number(), LOCK_EX | LOCK_NB) != 0; ++tries) {
+      if (errno == EINTR) continue;
+      if (errno != EWOULDBLOCK) return {};
+      if (tries == kLockTries) throw FileError(path, std::string(kFolderTaken));
+      std::this_thread::sleep_for(kLockPause);
+    }
+    return folder;
   }
 
   void Remove(const std::string& path) override {
@@ -195,23 +299,22 @@ class PosixFileSystem : public FileSystem {
   }
 
   void Copy(const std::string& from, const std::string& to) override {
-    const std::string temporary = TemporaryNameBeside(to);
-    const std::unique_ptr<OutputFile> file = Create(temporary);
-    try {
-      CopyBytes(from, *file);
-      file->Sync();
-      file->Close();
-      RenameToNew(temporary, to);
-    } catch (...) {
-      unlink(temporary.c_str());
-      throw;
-    }
+    PosixFile file(to, unfinished_);
+    CopyBytes(from, file);
+    file.Sync();
+    file.Close();
+    file.PublishNew();
     SyncFolderOf(to);
   }
+
+ private:
+  Unfinished unfinished_;
 };
 
 }  // namespace
 
-std::unique_ptr<FileSystem> NativeFileSystem() { return std::make_unique<PosixFileSystem>(); }
+std::unique_ptr<FileSystem> NativeFileSystem(Unfinished unfinished) {
+  return std::make_unique<PosixFileSystem>(unfinished);
+}
 
 }  // namespace kestrin::base

@@ -1,13 +1,17 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <utility>
 #include <vector>
 
 #include "base/fileSystem.h"
+#include "base/nameKey.h"
 #include "base/nativePath.h"
 #include "base/systemReason.h"
 #include "base/temporaryName.h"
+#include "base/utf8Path.h"
 
 namespace kestrin::base {
 namespace {
@@ -86,12 +90,47 @@ class Deletable {
   Fail(path, inUse ? ERROR_SHARING_VIOLATION : code);
 }
 
+/// In full, up to its last separator: one folder is one text, but for letters' case.
+std::wstring FolderOf(const std::string& path) {
+  const std::wstring whole = AbsolutePath(Wide(path));
+  return whole.substr(0, whole.rfind(L'\\') + 1);
+}
+
+/// What killed processes have left beside a file. One that is still in use cannot be opened so.
+void RemoveAbandoned(const std::string& path) {
+  const std::wstring folder = FolderOf(path);
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW((folder + L"kestrin-*.tmp").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    if (!IsTemporaryName(Utf8Of(std::filesystem::path(found.cFileName)))) continue;
+    const HANDLE abandoned = CreateFileW((folder + found.cFileName).c_str(), DELETE, 0, nullptr,
+                                         OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (abandoned != INVALID_HANDLE_VALUE) CloseHandle(abandoned);
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+}
+
+/// Has a temporary name that is marked to vanish with the last handle until it is published.
 class WindowsFile : public OutputFile {
  public:
-  WindowsFile(std::string path, HANDLE handle) : path_(std::move(path)), handle_(handle) {}
-  ~WindowsFile() override {
-    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+  WindowsFile(std::string path, Unfinished unfinished)
+      : path_(std::move(path)), temporary_(Wide(TemporaryNameBeside(path_))) {
+    RemoveAbandoned(path_);
+    // Who looks for abandoned files shares them with nobody; a move by name has to be let in.
+    handle_ = CreateFileW(temporary_.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_DELETE, nullptr,
+                          CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle_ == INVALID_HANDLE_VALUE) Fail(path_);
+    if (unfinished == Unfinished::kVanish) LetVanish(true);
   }
+  ~WindowsFile() override {
+    if (handle_ == INVALID_HANDLE_VALUE) return;
+    CloseHandle(handle_);
+    // Not every drive knows how to let a file vanish.
+    DeleteFileW(temporary_.c_str());
+  }
+  WindowsFile(const WindowsFile&) = delete;
+  WindowsFile& operator=(const WindowsFile&) = delete;
 
   void WriteAt(std::uint64_t offset, std::string_view bytes) override {
     while (!bytes.empty()) {
@@ -112,29 +151,108 @@ class WindowsFile : public OutputFile {
   }
 
   void Close() override {
-    if (!CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE))) Fail(path_);
+    // The handle is what keeps the file; closing one brings up nothing here.
+  }
+
+  void Publish() override {
+    const DWORD code = MoveTo(MOVEFILE_REPLACE_EXISTING);
+    if (code != ERROR_SUCCESS) FailAsTarget(path_, code);
+  }
+
+  /// Publishes it unless something has its name, which is then the failure.
+  void PublishNew() {
+    const DWORD code = MoveTo(0);
+    if (code != ERROR_SUCCESS) Fail(path_, code);
+  }
+
+  /// The time a copy's original was last changed.
+  void TakeTimeOf(HANDLE original) {
+    FILETIME time{};
+    if (GetFileTime(original, nullptr, nullptr, &time))
+      SetFileTime(handle_, nullptr, nullptr, &time);
   }
 
  private:
+  void LetVanish(bool vanishes) {
+    FILE_DISPOSITION_INFO mark{};
+    mark.DeleteFile = vanishes;
+    SetFileInformationByHandle(handle_, FileDispositionInfo, &mark, sizeof mark);
+  }
+
+  DWORD MoveTo(DWORD flags) {
+    const std::wstring target = Wide(path_);
+    // What is to vanish cannot be moved.
+    LetVanish(false);
+    const DWORD code = Patiently([&] {
+      return CodeOf(
+          MoveFileExW(temporary_.c_str(), target.c_str(), flags | MOVEFILE_WRITE_THROUGH));
+    });
+    // Others may open it from now on, which the handle would refuse them.
+    if (code == ERROR_SUCCESS) CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
+    return code;
+  }
+
   std::string path_;
-  HANDLE handle_;
+  std::wstring temporary_;
+  HANDLE handle_ = INVALID_HANDLE_VALUE;  // none once it is published
 };
+
+/// A mutex of this thread; the system takes it from a process that is killed.
+class FolderLock {
+ public:
+  /// Not opened where the system has none for this user.
+  explicit FolderLock(const std::wstring& folder) {
+    const auto key = std::hash<std::string>()(NameKey(Utf8Of(std::filesystem::path(folder))));
+    const std::wstring name = L"Global\\kestrin-" + std::to_wstring(key);
+    mutex_ = CreateMutexW(nullptr, FALSE, name.c_str());
+    if (mutex_ != nullptr) code_ = WaitForSingleObject(mutex_, kLongestWait);
+  }
+  ~FolderLock() {
+    if (IsHeld()) ReleaseMutex(mutex_);
+    if (mutex_ != nullptr) CloseHandle(mutex_);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+  bool IsHeld() const { return code_ == WAIT_OBJECT_0 || code_ == WAIT_ABANDONED; }
+  bool IsTaken() const { return code_ == WAIT_TIMEOUT; }
+
+ private:
+  static constexpr DWORD kLongestWait = 10'000;
+
+  HANDLE mutex_ = nullptr;
+  DWORD code_ = WAIT_FAILED;
+};
+
+void CopyBytes(const std::string& from, WindowsFile& to) {
+  const HANDLE source = CreateFileW(Wide(from).c_str(), GENERIC_READ, kShareAll, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+  if (source == INVALID_HANDLE_VALUE) Fail(from);
+  const std::unique_ptr<void, decltype(&CloseHandle)> closed(source, &CloseHandle);
+  const auto buffer = std::make_unique_for_overwrite<char[]>(kLargestWrite);
+  for (std::uint64_t offset = 0;;) {
+    DWORD count = 0;
+    if (!ReadFile(source, buffer.get(), DWORD{kLargestWrite}, &count, nullptr)) Fail(from);
+    if (count == 0) break;
+    to.WriteAt(offset, {buffer.get(), count});
+    offset += count;
+  }
+  to.TakeTimeOf(source);
+}
 
 class WindowsFileSystem : public FileSystem {
  public:
+  explicit WindowsFileSystem(Unfinished unfinished) : unfinished_(unfinished) {}
+
   std::unique_ptr<OutputFile> Create(const std::string& path) override {
-    const HANDLE handle = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) Fail(path);
-    return std::make_unique<WindowsFile>(path, handle);
+    return std::make_unique<WindowsFile>(path, unfinished_);
   }
 
-  void Rename(const std::string& from, const std::string& to) override {
-    constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    const std::wstring source = Wide(from), target = Wide(to);
-    const DWORD code =
-        Patiently([&] { return CodeOf(MoveFileExW(source.c_str(), target.c_str(), kFlags)); });
-    if (code != ERROR_SUCCESS) FailAsTarget(to, code);
+  std::shared_ptr<const void> LockFolderOf(const std::string& path) override {
+    auto lock = std::make_shared<const FolderLock>(FolderOf(path));
+    if (lock->IsTaken()) throw FileError(path, std::string(kFolderTaken));
+    if (!lock->IsHeld()) return {};
+    return lock;
   }
 
   void Remove(const std::string& path) override {
@@ -180,43 +298,20 @@ class WindowsFileSystem : public FileSystem {
   }
 
   void Copy(const std::string& from, const std::string& to) override {
-    const std::string temporary = TemporaryNameBeside(to);
-    const std::wstring wide = Wide(temporary);
-    try {
-      CopyNew(from, wide);
-      // Without MOVEFILE_REPLACE_EXISTING an existing file stays and the move fails.
-      const std::wstring target = Wide(to);
-      const DWORD code = Patiently([&] {
-        return CodeOf(MoveFileExW(wide.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH));
-      });
-      if (code != ERROR_SUCCESS) Fail(to, code);
-    } catch (...) {
-      Patiently([&] { return CodeOf(DeleteFileW(wide.c_str())); });
-      throw;
-    }
+    WindowsFile file(to, unfinished_);
+    CopyBytes(from, file);
+    file.Sync();
+    file.PublishNew();
   }
 
  private:
-  /// Copies to a new file and brings it to the medium.
-  static void CopyNew(const std::string& from, const std::wstring& to) {
-    if (!CopyFileW(Wide(from).c_str(), to.c_str(), TRUE)) Fail(from);
-    // A copy takes over the attributes: what is read-only could not be flushed.
-    SetFileAttributesW(to.c_str(), FILE_ATTRIBUTE_NORMAL);
-    HANDLE handle = INVALID_HANDLE_VALUE;
-    const DWORD code = Patiently([&] {
-      handle = CreateFileW(to.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                           FILE_ATTRIBUTE_NORMAL, nullptr);
-      return CodeOf(handle != INVALID_HANDLE_VALUE);
-    });
-    if (code != ERROR_SUCCESS) Fail(from, code);
-    WindowsFile file(from, handle);
-    file.Sync();
-    file.Close();
-  }
+  Unfinished unfinished_;
 };
 
 }  // namespace
 
-std::unique_ptr<FileSystem> NativeFileSystem() { return std::make_unique<WindowsFileSystem>(); }
+std::unique_ptr<FileSystem> NativeFileSystem(Unfinished unfinished) {
+  return std::make_unique<WindowsFileSystem>(unfinished);
+}
 
 }  // namespace kestrin::base

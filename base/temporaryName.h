@@ -11,4 +11,7 @@ namespace kestrin::base {
 /// file for part of a set.
 std::string TemporaryNameBeside(std::string_view target);
 
+/// Whether a file of that name, without its folder, can only be one of those.
+bool IsTemporaryName(std::string_view name);
+
 }  // namespace kestrin::base

@@ -4,36 +4,19 @@
 #include <cstring>
 #include <utility>
 
-#include "base/temporaryName.h"
-
 namespace kestrin::shapefile {
-namespace {
-
-/// Does something about a file and lets its failure name `target`.
-template <class Action>
-auto About(const std::string& target, Action action) {
-  try {
-    return action();
-  } catch (const base::FileError& error) {
-    throw base::FileError(target, error.Reason());
-  }
-}
-
-}  // namespace
-
 SetFile::SetFile(base::FileSystem& files, std::string target, std::size_t bufferSize)
     : files_(files),
       target_(std::move(target)),
-      name_(base::TemporaryNameBeside(target_)),
       capacity_(bufferSize),
       buffer_(std::make_unique_for_overwrite<char[]>(bufferSize)),
-      file_(About(target_, [&] { return files_.Create(name_); })) {}
+      file_(files_.Create(target_)) {}
 
 SetFile::~SetFile() {
   file_.reset();
-  if (name_.empty()) return;
+  if (!published_) return;
   try {
-    files_.Remove(name_);
+    files_.Remove(target_);
   } catch (...) {
     // The failure that led here is the one to be told.
   }
@@ -69,21 +52,19 @@ void SetFile::Flush() {
 }
 
 void SetFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
-  About(target_, [&] { file_->WriteAt(offset, bytes); });
+  file_->WriteAt(offset, bytes);
 }
 
 void SetFile::Finish(bool synced) {
   Flush();
-  About(target_, [&] {
-    if (synced) file_->Sync();
-    file_->Close();
-  });
-  file_.reset();
+  if (synced) file_->Sync();
+  file_->Close();
 }
 
 void SetFile::Publish() {
-  About(target_, [&] { files_.Rename(name_, target_); });
-  name_ = target_;
+  file_->Publish();
+  published_ = true;
+  file_.reset();
 }
 
 }  // namespace kestrin::shapefile

@@ -10,9 +10,8 @@
 
 namespace kestrin::shapefile {
 
-/// One file of a set while it is made: written front to back through a buffer, under
-/// a temporary name beside its target. Unless it is kept, destruction removes it,
-/// under whichever name it then has.
+/// One file of a set while it is made: written front to back through a buffer, without a
+/// name of its own. Unless it is kept, destruction removes it, published or not.
 /// Failure: every operation may throw a FileError about the target, the name that means
 /// something to the user; destruction never throws.
 class SetFile {
@@ -52,7 +51,7 @@ class SetFile {
   void Publish();
 
   /// Leaves the file where it is.
-  void Keep() { name_.clear(); }
+  void Keep() { published_ = false; }
 
  private:
   void Flush();
@@ -60,12 +59,12 @@ class SetFile {
 
   base::FileSystem& files_;
   std::string target_;
-  std::string name_;
   std::size_t capacity_;
   std::unique_ptr<char[]> buffer_;
   std::size_t filled_ = 0;
   std::uint64_t flushed_ = 0;
   std::unique_ptr<base::OutputFile> file_;
+  bool published_ = false;  // and not yet kept
 };
 
 }  // namespace kestrin::shapefile

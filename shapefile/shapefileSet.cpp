@@ -67,6 +67,8 @@ void RemoveSet(base::FileSystem& files, const std::string& basePath) {
   if (basePath.empty()) return;
   // Without its ".shp" no GIS opens what may be left of a set.
   const std::string all[] = {basePath + kShp, basePath + kShx, basePath + kDbf};
+  // Never from between the files of a set that another program is giving their names.
+  const auto lock = files.LockFolderOf(all[0]);
   files.RemoveAll(all);
 }
 
@@ -197,11 +199,13 @@ void ShapefileSet::Commit() {
   CompleteFiles();
   const std::vector<SetFile*> all = InOrderOfNaming();
   for (SetFile* file : all) file->Finish(lasting_);
+  lock_ = files_.LockFolderOf(basePath_ + kShp);
   // One that came up meanwhile must not stand beside an index of another set.
   files_.Remove(basePath_ + kShp);
   for (SetFile* file : all) file->Publish();
   if (lasting_) files_.SyncFolderOf(basePath_ + kShp);
   for (SetFile* file : all) file->Keep();
+  lock_.reset();
 }
 
 }  // namespace kestrin::shapefile

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -41,8 +42,9 @@ bool SetExists(base::FileSystem& files, const std::string& basePath);
 /// docs/shapefiles.md). Points are longitude and latitude in degrees. Each record is a shape
 /// and its `attributes`: AttributeRecord::Bytes of the set's fields.
 ///
-/// The set is whole or absent. It is written beside its target under temporary names, with
-/// memory that does not grow with the rows, and takes its names only in Commit, ".shp" last.
+/// The set is whole or absent. It is written into its target's folder without names, with memory
+/// that does not grow with the rows, and takes its names only in Commit, ".shp" last and alone
+/// among the programs that write there: of two at once, the later one's set is whole.
 /// Without a Commit that returned, destruction leaves nothing behind.
 ///
 /// Failure: every operation may throw FileError, for what the system refuses and for a file
@@ -99,6 +101,9 @@ class ShapefileSet {
   std::uint64_t recordStart_ = 0;
   std::uint64_t verticesStart_ = 0;
   std::vector<std::uint32_t> partStarts_;  // of the record: the first vertex of each
+
+  // Outlives the files: one that fails while it takes its names takes them back in peace.
+  std::shared_ptr<const void> lock_;
 
   // Destroyed from the last to the first: a set that fails while it takes its names loses its
   // ".shp" before all others.

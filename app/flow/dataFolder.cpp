@@ -1,7 +1,6 @@
 #include "app/flow/dataFolder.h"
 
 #include "base/paths.h"
-#include "base/temporaryName.h"
 #include "export/setNames.h"
 
 namespace kestrin::flow {
@@ -13,9 +12,7 @@ namespace {
 bool CanBeUsed(base::FileSystem& files, const std::string& folder) {
   try {
     files.MakeFolder(folder);
-    const std::string probe = base::TemporaryNameBeside(base::WithSeparator(folder));
-    files.Create(probe)->Close();
-    files.Remove(probe);
+    files.Create(base::WithSeparator(folder) + "probe");
     return true;
   } catch (const base::FileError&) {
     return false;

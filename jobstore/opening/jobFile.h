@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -29,8 +30,16 @@ std::uintmax_t SizeOf(const std::filesystem::path& file);
 bool CopyTo(const std::filesystem::path& from, const std::filesystem::path& to,
             std::error_code& error);
 
-/// Makes a new folder in the system's temporary one that only this user can enter.
-/// Failure: empty, with the reason in `error`.
-std::filesystem::path MakePrivateFolder(std::error_code& error);
+/// A folder in the system's temporary one.
+struct TemporaryFolder {
+  std::filesystem::path path;
+  /// Until this is gone, nobody takes the folder for one that a killed process has left.
+  std::shared_ptr<const void> use{};
+};
+
+/// Makes a new folder that only this user can enter. On Linux those that killed processes of
+/// this user have left go first.
+/// Failure: an empty path, with the reason in `error`.
+TemporaryFolder MakePrivateFolder(std::error_code& error);
 
 }  // namespace kestrin::opening

@@ -84,13 +84,13 @@ bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
 }
 
 // The temporary folder is the user's own here.
-fs::path MakePrivateFolder(std::error_code& error) {
+TemporaryFolder MakePrivateFolder(std::error_code& error) {
   const fs::path root = fs::temp_directory_path(error);
   if (error) return {};
   std::random_device random;
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const fs::path folder = root / ("kestrin-job-" + std::to_string(random()));
-    if (fs::create_directory(folder, error)) return folder;
+    const fs::path folder = root / ("kestrin-copy-" + std::to_string(random()));
+    if (fs::create_directory(folder, error)) return {folder};
     if (error) return {};
   }
   error = std::make_error_code(std::errc::file_exists);

@@ -22,7 +22,7 @@ std::error_code HideSuperJournal(const fs::path& journal) {
 
 PrivateFolder::~PrivateFolder() {
   std::error_code ignored;
-  if (!path_.empty()) fs::remove_all(path_, ignored);
+  if (!folder_.path.empty()) fs::remove_all(folder_.path, ignored);
 }
 
 PrivateCopy::PrivateCopy(const fs::path& job) {

@@ -8,21 +8,21 @@
 namespace kestrin::opening {
 
 /// A new folder in the system's temporary one that only this user can enter. It goes at the end
-/// of the scope with all that lies in it.
+/// of the scope with all that lies in it; one whose process was killed goes with the next.
 class PrivateFolder {
  public:
   /// Failure: Error() says why; there is then no folder.
-  PrivateFolder() : path_(MakePrivateFolder(error_)) {}
+  PrivateFolder() : folder_(MakePrivateFolder(error_)) {}
   ~PrivateFolder();
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;
 
   const std::error_code& Error() const { return error_; }
-  const std::filesystem::path& Path() const { return path_; }
+  const std::filesystem::path& Path() const { return folder_.path; }
 
  private:
   std::error_code error_;
-  std::filesystem::path path_;
+  TemporaryFolder folder_;
 };
 
 /// A copy of a job and of what lies beside it (rollback journal, write-ahead log) in a private

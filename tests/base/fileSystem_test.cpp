@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <thread>
+#include <vector>
 
 #include "base/temporaryName.h"
 #include "tests/support/tempFolder.h"
@@ -38,7 +41,13 @@ class NativeFiles : public testing::Test {
   std::unique_ptr<FileSystem> files_ = NativeFileSystem();
 };
 
-TEST_F(NativeFiles, WritesAtOffsetsInAnyOrder) {
+/// Each with files that vanish and with named ones.
+class NativeUnfinished : public NativeFiles, public testing::WithParamInterface<Unfinished> {
+ protected:
+  NativeUnfinished() { files_ = NativeFileSystem(GetParam()); }
+};
+
+TEST_P(NativeUnfinished, WritesAtOffsetsInAnyOrder) {
   const auto file = files_->Create(folder_ / "a");
   file->WriteAt(3, "def");
   file->WriteAt(0, "abc");
@@ -46,26 +55,81 @@ TEST_F(NativeFiles, WritesAtOffsetsInAnyOrder) {
   file->WriteAt(6, "");
   file->Sync();
   file->Close();
+  file->Publish();
   EXPECT_EQ(test::FileBytes(folder_ / "a"), "aBcdef");
+  EXPECT_EQ(EntryCount(), 1);
 }
 
-TEST_F(NativeFiles, CreateNeverTakesAnExistingFile) {
+TEST_P(NativeUnfinished, FileHasItsNameOnlyOncePublished) {
   const std::string path = Make("a", "old");
-  ExpectError(path, [&] { files_->Create(path); });
+  const auto file = files_->Create(path);
+  file->WriteAt(0, "new");
+  file->Close();
   EXPECT_EQ(test::FileBytes(path), "old");
+  file->Publish();
+  EXPECT_EQ(test::FileBytes(path), "new");
+  EXPECT_EQ(EntryCount(), 1);
+}
+
+TEST_P(NativeUnfinished, FileThatIsNotPublishedGoes) {
+  files_->Create(folder_ / "a")->WriteAt(0, "new");
+  EXPECT_EQ(EntryCount(), 0);
+}
+
+TEST_P(NativeUnfinished, FileTakesNoFoldersName) {
+  files_->MakeFolder(folder_ / "a");
+  ExpectError(folder_ / "a", [&] { files_->Create(folder_ / "a")->Publish(); });
+  EXPECT_EQ(EntryCount(), 1);
+}
+
+TEST_P(NativeUnfinished, CopyMakesAnEqualFileAndNeverReplaces) {
+  files_->Copy(Make("from", "new"), folder_ / "to");
+  EXPECT_EQ(test::FileBytes(folder_ / "to"), "new");
+  ExpectError(folder_ / "to", [&] { files_->Copy(Make("other", "other"), folder_ / "to"); });
+  EXPECT_EQ(test::FileBytes(folder_ / "to"), "new");
+  EXPECT_EQ(EntryCount(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, NativeUnfinished,
+                         testing::Values(Unfinished::kVanish, Unfinished::kNamed),
+                         [](const auto& param) {
+                           return param.param == Unfinished::kNamed ? "Named" : "Vanishing";
+                         });
+
+TEST_F(NativeFiles, OnlyAbandonedTemporaryFilesAreRemoved) {
+  const auto named = NativeFileSystem(Unfinished::kNamed);
+  const auto used = named->Create(folder_ / "used");
+  used->WriteAt(0, "used");
+  const std::string abandoned = Make("kestrin-0123456789abcdef.tmp", "");
+  for (const char* name : {"kestrin-0123456789abcde.tmp", "kestrin-0123456789abcdeg.tmp",
+                           "kestrin-0123456789abcdef.tmp.shp", "a-kestrin-0123456789abcdef.tmp"}) {
+    Make(name, "");
+  }
+  named->Create(folder_ / "next");
+  EXPECT_FALSE(files_->Exists(abandoned));
+  used->Publish();
+  EXPECT_EQ(test::FileBytes(folder_ / "used"), "used");
+  EXPECT_EQ(EntryCount(), 5);
+}
+
+TEST_F(NativeFiles, FolderIsLockedForOneAtATime) {
+  std::atomic<int> inside = 0;
+  std::vector<std::jthread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      for (int j = 0; j < 50; ++j) {
+        const auto lock = files_->LockFolderOf(folder_ / "a");
+        EXPECT_TRUE(lock);
+        EXPECT_EQ(++inside, 1);
+        std::this_thread::yield();
+        --inside;
+      }
+    });
+  }
 }
 
 TEST_F(NativeFiles, CreateInAMissingFolderFails) {
   ExpectError(folder_ / "none/a", [&] { files_->Create(folder_ / "none/a"); });
-}
-
-TEST_F(NativeFiles, RenameReplaces) {
-  const std::string from = Make("from", "new");
-  const std::string to = Make("to", "old");
-  files_->Rename(from, to);
-  EXPECT_EQ(test::FileBytes(to), "new");
-  EXPECT_FALSE(files_->Exists(from));
-  ExpectError(to, [&] { files_->Rename(from, to); });
 }
 
 TEST_F(NativeFiles, RemovingWhatIsNotThereIsNoFailure) {

@@ -1,12 +1,14 @@
 #include <windows.h>
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <thread>
 
 #include "base/nativePath.h"
 #include "base/paths.h"
+#include "base/utf8Path.h"
 #include "tests/support/windowsFiles.h"
 
 /// What only Windows does: files that are in use stay, and long paths need care.
@@ -18,28 +20,33 @@ using test::InUse;
 using test::WindowsFiles;
 
 TEST_F(WindowsFiles, ATargetInUseIsAClearErrorAndStays) {
-  const std::string from = Make("from", "new");
   const std::string to = Make("to");
+  const auto replace = [&] {
+    const auto file = files_->Create(to);
+    file->WriteAt(0, "new");
+    file->Publish();
+  };
   {
     const InUse gis(to);
-    EXPECT_EQ(Reason(to, [&] { files_->Rename(from, to); }), InUse::Reason());
+    EXPECT_EQ(Reason(to, replace), InUse::Reason());
     EXPECT_EQ(Reason(to, [&] { files_->Remove(to); }), InUse::Reason());
     EXPECT_EQ(test::FileBytes(to), "old");
   }
-  files_->Rename(from, to);
+  replace();
   EXPECT_EQ(test::FileBytes(to), "new");
+  // Neither attempt left anything else.
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
 }
 
 TEST_F(WindowsFiles, WhatIsInUseForAMomentIsWaitedFor) {
-  const auto works = [&](const std::function<void(const std::string&, const std::string&)>& act) {
-    const std::string from = Make("from", "new");
+  const auto works = [&](const std::function<void(const std::string&)>& act) {
     const std::string to = Make("to");
     std::optional<InUse> scanner(std::in_place, to);
     const std::jthread done([&] {
       std::this_thread::sleep_for(std::chrono::milliseconds(80));
       scanner.reset();
     });
-    return Reason(to, [&] { act(from, to); }) == "no failure";
+    return Reason(to, [&] { act(to); }) == "no failure";
   };
   // A busy machine may keep the scanner too long; never to wait fails each time.
   const auto worksOnce = [&](const auto& act) {
@@ -48,8 +55,58 @@ TEST_F(WindowsFiles, WhatIsInUseForAMomentIsWaitedFor) {
     }
     return false;
   };
-  EXPECT_TRUE(worksOnce([&](auto& from, auto& to) { files_->Rename(from, to); }));
-  EXPECT_TRUE(worksOnce([&](auto&, auto& to) { files_->RemoveAll(std::vector<std::string>{to}); }));
+  EXPECT_TRUE(worksOnce([&](auto& to) { files_->Create(to)->Publish(); }));
+  EXPECT_TRUE(worksOnce([&](auto& to) { files_->RemoveAll(std::vector<std::string>{to}); }));
+}
+
+/// Where a process of its own, which is this program once more, is told what to write.
+constexpr const wchar_t* kVictimsFile = L"KESTRIN_TEST_VICTIMS_FILE";
+
+TEST(WindowsVictim, WritesAndIsKilled) {
+  const wchar_t* path = _wgetenv(kVictimsFile);
+  if (path == nullptr) GTEST_SKIP() << "part of another test";
+  const bool named = _wgetenv(L"KESTRIN_TEST_NAMED") != nullptr;
+  const auto files = NativeFileSystem(named ? Unfinished::kNamed : Unfinished::kVanish);
+  const auto file = files->Create(Utf8Of(std::filesystem::path(path)));
+  const auto lock = files->LockFolderOf(Utf8Of(std::filesystem::path(path)));
+  file->WriteAt(0, "new");
+  file->Sync();
+  TerminateProcess(GetCurrentProcess(), 9);
+}
+
+void RunVictim() {
+  wchar_t program[32768];
+  GetModuleFileNameW(nullptr, program, 32768);
+  std::wstring line = L"victim --gtest_filter=WindowsVictim.*";
+  STARTUPINFOW how{};
+  how.cb = sizeof how;
+  PROCESS_INFORMATION victim{};
+  ASSERT_TRUE(CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                             &how, &victim));
+  WaitForSingleObject(victim.hProcess, INFINITE);
+  DWORD code = 0;
+  GetExitCodeProcess(victim.hProcess, &code);
+  EXPECT_EQ(code, 9U);
+  CloseHandle(victim.hThread);
+  CloseHandle(victim.hProcess);
+}
+
+TEST_F(WindowsFiles, AKilledProcessLeavesNothingOrTheNextOneRemovesIt) {
+  const std::string path = folder_ / "a";
+  const auto count = [&] {
+    return std::distance(std::filesystem::directory_iterator(folder_.Path()), {});
+  };
+  _wputenv_s(kVictimsFile, NativePath(path)->c_str());
+  RunVictim();
+  EXPECT_EQ(count(), 0) << "it vanishes with its process";
+  _wputenv_s(L"KESTRIN_TEST_NAMED", L"1");
+  RunVictim();
+  EXPECT_EQ(count(), 1);
+  _wputenv_s(L"KESTRIN_TEST_NAMED", L"");
+  _wputenv_s(kVictimsFile, L"");
+  EXPECT_TRUE(files_->LockFolderOf(path)) << "its lock went with it";
+  files_->Create(path);
+  EXPECT_EQ(count(), 0);
 }
 
 TEST_F(WindowsFiles, AJobInUseByItsConsoleIsCopied) {

@@ -1,7 +1,9 @@
 #include "tests/export/setFixture.h"
 
 #include <filesystem>
+#include <fstream>
 
+#include "base/utf8Path.h"
 #include "geo/workingPlane.h"
 
 namespace kestrin::test {
@@ -19,7 +21,7 @@ ReadSet SetFixture::Exported() {
 
 void SetFixture::LeaveOldSet() {
   for (const char* extension : {".shp", ".shx", ".dbf"}) {
-    files_->Create(base_ + extension)->WriteAt(0, "old");
+    std::ofstream(base::PathOf(base_ + extension)) << "old";
   }
 }
 

@@ -81,7 +81,8 @@ TEST_P(SetFaults, NothingIsLeftWhicheverOperationFails) {
     EXPECT_EQ(failed.count("create"), files);
     EXPECT_EQ(failed.count("sync"), files);
     EXPECT_EQ(failed.count("close"), files);
-    EXPECT_EQ(failed.count("rename"), files);
+    EXPECT_EQ(failed.count("publish"), files);
+    EXPECT_EQ(failed.count("lock folder"), 1U);
     EXPECT_EQ(failed.count("sync folder"), 1U);
     // Every file at once, and once more the parts of ".shp" already written.
     EXPECT_GE(failed.count("write"), files + 3);
@@ -130,22 +131,28 @@ INSTANTIATE_TEST_SUITE_P(Sets, SetFaults, testing::Values(false, true), [](const
 class BottomlessFileSystem : public base::FileSystem {
  public:
   std::unique_ptr<base::OutputFile> Create(const std::string&) override {
-    return std::make_unique<File>();
+    return std::make_unique<File>(published);
   }
-  void Rename(const std::string&, const std::string&) override { ++renames; }
   void Remove(const std::string&) override {}
   void SyncFolderOf(const std::string&) override {}
   bool Exists(const std::string&) override { return false; }
   void MakeFolder(const std::string&) override {}
   void Copy(const std::string&, const std::string&) override {}
 
-  int renames = 0;
+  int published = 0;
 
  private:
   class File : public base::OutputFile {
+   public:
+    explicit File(int& published) : published_(published) {}
+
+   private:
     void WriteAt(std::uint64_t, std::string_view) override {}
     void Sync() override {}
     void Close() override {}
+    void Publish() override { ++published_; }
+
+    int& published_;
   };
 };
 
@@ -166,7 +173,7 @@ TEST(SetLimits, ShapesOverTwoGiBAreAnErrorAboutTheShapes) {
     EXPECT_EQ(error.Path(), "base.shp");
     EXPECT_EQ(error.Reason(), "The file would pass 2 GiB");
   }
-  EXPECT_EQ(files.renames, 0);
+  EXPECT_EQ(files.published, 0);
 }
 
 /// Writes as many rows as fit into a table, and so many more.
@@ -183,7 +190,7 @@ void WriteLargestTable(base::FileSystem& files, std::uint64_t moreRows) {
 TEST(SetLimits, TableBelowTwoGiBIsWritten) {
   BottomlessFileSystem files;
   WriteLargestTable(files, 0);
-  EXPECT_EQ(files.renames, 3);
+  EXPECT_EQ(files.published, 3);
 }
 
 TEST(SetLimits, TableOverTwoGiBIsAnErrorAboutTheTable) {
@@ -195,7 +202,7 @@ TEST(SetLimits, TableOverTwoGiBIsAnErrorAboutTheTable) {
     EXPECT_EQ(error.Path(), "base.dbf");
     EXPECT_EQ(error.Reason(), "The file would pass 2 GiB");
   }
-  EXPECT_EQ(files.renames, 0);
+  EXPECT_EQ(files.published, 0);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -5,14 +6,22 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <random>
+#include <set>
 #include <thread>
+#include <tuple>
+#include <utility>
+#include <vector>
 
+#include "base/temporaryName.h"
 #include "shapefile/shapefileSet.h"
+#include "tests/support/faultyFileSystem.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
 
@@ -23,9 +32,9 @@ namespace {
 
 const std::array<Field, 1> kOneField{{{"ID", 'N', 8, 0}}};
 
-void WriteSet(base::FileSystem& files, const std::string& base, int points) {
+void WriteSet(base::FileSystem& files, const std::string& base, int points, bool lasting = true) {
   RemoveSet(files, base);
-  ShapefileSet set(files, base, ShapeType::kPoint, kOneField, {});
+  ShapefileSet set(files, base, ShapeType::kPoint, kOneField, {.lasting = lasting});
   for (int i = 0; i < points; ++i) set.AddPoint({1.0 * i, -1.0 * i}, "        0");
   set.Commit();
 }
@@ -51,6 +60,21 @@ int Wait(pid_t child) {
   waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
+
+/// Killed at the end of the scope, also of a test that fails.
+class Child {
+ public:
+  explicit Child(pid_t child) : child_(child) {}
+  ~Child() {
+    if (child_ < 0) return;
+    kill(child_, SIGKILL);
+    EXPECT_EQ(Wait(child_), -SIGKILL);
+  }
+  Child(Child&& other) noexcept : child_(std::exchange(other.child_, -1)) {}
+
+ private:
+  pid_t child_;
+};
 
 constexpr int kLeftNothing = 0;
 constexpr int kLeftSomething = 1;
@@ -96,6 +120,87 @@ TEST(SetProcess, KilledAtAnyMomentLeavesAWholeSetOrNoShapes) {
   // Otherwise nothing was tested.
   EXPECT_GT(whole, 0);
 }
+
+/// On the disk and in memory, with files that vanish and with named ones.
+class SetKilled : public testing::TestWithParam<std::tuple<const char*, base::Unfinished>> {
+ protected:
+  void SetUp() override {
+    if (mkdtemp(folder_.data()) == nullptr) GTEST_SKIP() << "no such folder here";
+    const int file = open(folder_.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0600);
+    if (HowUnfinished() == base::Unfinished::kVanish && file < 0) {
+      GTEST_SKIP() << "no files without a name here";
+    }
+    close(file);
+  }
+  ~SetKilled() override { std::filesystem::remove_all(folder_); }
+
+  std::set<std::string> Entries() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+      names.insert(entry.path().filename());
+    }
+    return names;
+  }
+
+  base::Unfinished HowUnfinished() const { return std::get<1>(GetParam()); }
+
+  std::string folder_ = std::get<0>(GetParam()) + std::string("/kestrin-test-XXXXXX");
+  std::unique_ptr<base::FileSystem> files_ = base::NativeFileSystem(HowUnfinished());
+};
+
+TEST_P(SetKilled, LeavesAWholeSetOrNoShapesAndNothingElseAtEveryOperation) {
+  const std::string base = folder_ + "/base";
+  const std::set<std::string> whole{"base.dbf", "base.shp", "base.shx"};
+  std::size_t temporary = 0;
+  for (int operation = 1;; ++operation) {
+    SCOPED_TRACE(operation);
+    WriteSet(*files_, base, 1);
+    const int code = Wait(Fork([&] {
+      test::FaultyFileSystem faulty(*files_);
+      faulty.FailAt(operation, test::FaultyFileSystem::Lasts::kKilled);
+      WriteSet(faulty, base, 2);
+      return 0;
+    }));
+    if (code == 0) break;
+    ASSERT_EQ(code, -SIGKILL);
+    std::set<std::string> left = Entries();
+    if (left.contains("base.shp")) {
+      EXPECT_LE(test::ReadShapeSet(base).records.size(), 2U);
+    }
+    temporary += std::erase_if(left, [](auto& name) { return base::IsTemporaryName(name); });
+    EXPECT_TRUE(std::ranges::includes(whole, left)) << testing::PrintToString(left);
+    WriteSet(*files_, base, 3);
+    EXPECT_EQ(Entries(), whole) << "what the killed one left is still there";
+  }
+  // Named ones show that the sweep has something to do.
+  EXPECT_EQ(temporary > 0, HowUnfinished() == base::Unfinished::kNamed) << temporary;
+}
+
+TEST_P(SetKilled, TwoThatWriteTheSameSetNeverMixTheirs) {
+  const std::string base = folder_ + "/base";
+  std::vector<Child> writers;
+  for (const int points : {1, 5}) {
+    writers.emplace_back(Fork([&]() -> int {
+      for (;;) {
+        WriteSet(*files_, base, points, false);
+        std::this_thread::sleep_for(std::chrono::microseconds(300));
+      }
+    }));
+  }
+  std::map<std::size_t, int> seen;
+  for (int i = 0; i < 20'000 && (seen[1] < 50 || seen[5] < 50); ++i) {
+    std::this_thread::sleep_for(std::chrono::microseconds(500));
+    const auto lock = files_->LockFolderOf(base);
+    if (!files_->Exists(base + ".shp")) continue;
+    ASSERT_NO_THROW(++seen[test::ReadShapeSet(base).records.size()]);
+  }
+  EXPECT_EQ(seen.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Drives, SetKilled,
+                         testing::Combine(testing::Values("/var/tmp", "/dev/shm"),
+                                          testing::Values(base::Unfinished::kVanish,
+                                                          base::Unfinished::kNamed)));
 
 TEST(SetProcess, FileSizeLimitIsAnErrorAndLeavesNothing) {
   const test::TempFolder folder;

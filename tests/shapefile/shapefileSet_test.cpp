@@ -244,6 +244,7 @@ TEST_F(ShapefileSetTest, NothingHasItsNameBeforeCommit) {
   for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
     EXPECT_EQ(entry.path().extension(), ".tmp");
   }
+  set.Commit();
   EXPECT_EQ(FileCount(), 3U);
 }
 
@@ -311,7 +312,7 @@ TEST_F(ShapefileSetTest, RemoveSetRemovesTheThreeFilesAndNoOther) {
 TEST_F(ShapefileSetTest, RemoveSetOfAnEmptyBasePathRemovesNothing) {
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder_.Path());
-  const auto file = files_->Create(".shp");
+  files_->Create(".shp")->Publish();
   RemoveSet(*files_, "");
   const bool kept = files_->Exists(".shp");
   std::filesystem::current_path(before);
@@ -334,9 +335,9 @@ TEST_F(ShapefileSetTest, SetExistsOnlyWithAllThreeFiles) {
   MakeSet(ShapeType::kPoint).Commit();
   for (const char* extension : {".shp", ".shx", ".dbf"}) {
     EXPECT_TRUE(SetExists(*files_, base_));
-    files_->Rename(base_ + extension, folder_ / "away");
+    std::filesystem::rename(base_ + extension, folder_ / "away");
     EXPECT_FALSE(SetExists(*files_, base_)) << extension;
-    files_->Rename(folder_ / "away", base_ + extension);
+    std::filesystem::rename(folder_ / "away", base_ + extension);
   }
 }
 

@@ -1,9 +1,30 @@
 #include "tests/support/faultyFileSystem.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <csignal>
+#endif
+
 #include <string_view>
 #include <utility>
 
 namespace kestrin::test {
+
+namespace {
+
+/// Nothing of the program runs any more, as when the system or its user ends it.
+[[noreturn]] void KillThisProcess() {
+#ifdef _WIN32
+  TerminateProcess(GetCurrentProcess(), 9);
+#else
+  raise(SIGKILL);
+#endif
+  for (;;) {
+  }
+}
+
+}  // namespace
 
 class FaultyFile : public base::OutputFile {
  public:
@@ -22,6 +43,10 @@ class FaultyFile : public base::OutputFile {
   void Close() override {
     files_.Count("close", path_, [&] { real_->Close(); });
     real_->Close();
+  }
+  void Publish() override {
+    files_.Count("publish", path_);
+    real_->Publish();
   }
 
  private:
@@ -49,6 +74,7 @@ void FaultyFileSystem::Count(const char* operation, const std::string& path,
     failedPath_ = path;
   }
   onFailure();
+  if (lasts_ == Lasts::kKilled) KillThisProcess();
   throw base::FileError(path, kMadeUpReason);
 }
 
@@ -57,9 +83,9 @@ std::unique_ptr<base::OutputFile> FaultyFileSystem::Create(const std::string& pa
   return std::make_unique<FaultyFile>(*this, path, real_.Create(path));
 }
 
-void FaultyFileSystem::Rename(const std::string& from, const std::string& to) {
-  Count("rename", to);
-  real_.Rename(from, to);
+std::shared_ptr<const void> FaultyFileSystem::LockFolderOf(const std::string& path) {
+  Count("lock folder", path);
+  return real_.LockFolderOf(path);
 }
 
 void FaultyFileSystem::Remove(const std::string& path) {

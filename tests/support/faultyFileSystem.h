@@ -17,8 +17,9 @@ inline constexpr const char* kMadeUpReason = "made-up failure";
 class FaultyFileSystem : public base::FileSystem {
  public:
   enum class Lasts {
-    kOnce,      ///< only that operation fails
-    kEverSince  ///< and all after it but removals, like a disk that stays full
+    kOnce,       ///< only that operation fails
+    kEverSince,  ///< and all after it but removals, like a disk that stays full
+    kKilled      ///< nothing fails, the process is killed in its place
   };
 
   explicit FaultyFileSystem(base::FileSystem& real) : real_(real) {}
@@ -35,7 +36,7 @@ class FaultyFileSystem : public base::FileSystem {
   const std::string& FailedPath() const { return failedPath_; }
 
   std::unique_ptr<base::OutputFile> Create(const std::string& path) override;
-  void Rename(const std::string& from, const std::string& to) override;
+  std::shared_ptr<const void> LockFolderOf(const std::string& path) override;
   void Remove(const std::string& path) override;
   void SyncFolderOf(const std::string& path) override;
   bool Exists(const std::string& path) override;

@@ -24,12 +24,7 @@ class MemoryFiles : public base::FileSystem {
     if (refused.count(base::SplitAtLastSeparator(path).folder) > 0) {
       throw base::FileError(path, "refused");
     }
-    names.insert(path);
-    return std::make_unique<EmptyFile>(path);
-  }
-  void Rename(const std::string& from, const std::string& to) override {
-    names.erase(from);
-    names.insert(to);
+    return std::make_unique<EmptyFile>(*this, path);
   }
   void Remove(const std::string& path) override { names.erase(path); }
   void SyncFolderOf(const std::string&) override {}
@@ -64,14 +59,16 @@ class MemoryFiles : public base::FileSystem {
  private:
   class EmptyFile : public base::OutputFile {
    public:
-    explicit EmptyFile(std::string path) : path_(std::move(path)) {}
+    EmptyFile(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
     void WriteAt(std::uint64_t, std::string_view) override {
       throw base::FileError(path_, "nothing is written here");
     }
     void Sync() override {}
     void Close() override {}
+    void Publish() override { files_.names.insert(path_); }
 
    private:
+    MemoryFiles& files_;
     std::string path_;
   };
 };

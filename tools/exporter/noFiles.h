@@ -11,7 +11,6 @@ class NoFiles : public base::FileSystem {
   std::unique_ptr<base::OutputFile> Create(const std::string&) override {
     return std::make_unique<NoFile>();
   }
-  void Rename(const std::string&, const std::string&) override {}
   void Remove(const std::string&) override {}
   void SyncFolderOf(const std::string&) override {}
   bool Exists(const std::string&) override { return false; }
@@ -23,6 +22,7 @@ class NoFiles : public base::FileSystem {
     void WriteAt(std::uint64_t, std::string_view) override {}
     void Sync() override {}
     void Close() override {}
+    void Publish() override {}
   };
 };
 

@@ -38,7 +38,7 @@ constexpr exports::ExportKinds kKinds{{{"wire", "_WIRE", Write},
 void Touch(exports::ExportRun& run, const std::string& base) {
   for (const char* extension : {".shp", ".shx", ".dbf"}) {
     run.files.Remove(base + extension);
-    run.files.Create(base + extension)->Close();
+    run.files.Create(base + extension)->Publish();
   }
 }
 

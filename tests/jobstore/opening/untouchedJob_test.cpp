@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 std::ptrdiff_t PrivateCopies() {
   const fs::directory_iterator entries(fs::temp_directory_path());
   return std::count_if(begin(entries), end(entries), [](const fs::directory_entry& entry) {
-    return entry.path().filename().string().starts_with("kestrin-job-");
+    return entry.path().filename().string().starts_with("kestrin-copy-");
   });
 }
 

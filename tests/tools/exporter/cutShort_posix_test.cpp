@@ -59,9 +59,11 @@ TEST_P(StoppedExport, LeavesNothingHalfMade) {
   const std::string job = Sample("job.sqlite", 400000);
   test::Command command({KESTRIN_EXPORT, "--kind", "wire", "--base", "sets/x", job},
                         folder_.Path().string());
-  while (FilesBelow("sets") == 0 && !command.Ended()) {
+  while (!Exists("sets") && !command.Ended()) {
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
+  // Its files have no names by which to wait for them, and soon follow their folder.
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
   ASSERT_FALSE(command.Ended()) << "done before it could be stopped";
   command.Send(GetParam());
   const CommandResult run = command.Wait();
