@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <atomic>
-#include <latch>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 namespace kestrin::base {
@@ -29,14 +29,18 @@ struct Failing : Crew::Task {
   void Do() override { throw std::runtime_error("no"); }
 };
 
+void AwaitTrue(const std::atomic<bool>& flag) {
+  while (!flag) std::this_thread::yield();
+}
+
 /// Says when it is at work, and works until it is let go.
 struct Holding : Crew::Task {
   void Do() override {
-    begun.count_down();
-    released.wait();
+    begun = true;
+    AwaitTrue(released);
   }
-  std::latch begun{1};
-  std::latch released{1};
+  std::atomic<bool> begun = false;
+  std::atomic<bool> released = false;
 };
 
 TEST(Crew, OneThreadIsTheCallersOwn) {
@@ -63,8 +67,8 @@ TEST(Crew, OtherThreadTakesWhatIsPosted) {
   Crew crew(2);
   Holding task;
   crew.Post(task);
-  task.begun.wait();  // without anybody awaiting it
-  task.released.count_down();
+  AwaitTrue(task.begun);  // without anybody awaiting it
+  task.released = true;
   crew.Await(task);
 }
 
@@ -72,10 +76,10 @@ TEST(Crew, WhoWaitsForAnothersTaskDoesTheNext) {
   Crew crew(2);
   Holding held;
   crew.Post(held);
-  held.begun.wait();
+  AwaitTrue(held.begun);
   struct Releasing : Crew::Task {
     explicit Releasing(Holding& other) : held(other) {}
-    void Do() override { held.released.count_down(); }
+    void Do() override { held.released = true; }
     Holding& held;
   } releasing(held);
   crew.Post(releasing);
@@ -128,8 +132,10 @@ TEST(Crew, OneThreadWorksThemOffInOrder) {
 
 TEST(Crew, MembersOfOneGroupAreSideBySide) {
   Crew crew(2);
-  std::latch both(2);
-  crew.WorkOff({2}, 1, [&](std::size_t, std::size_t) { both.arrive_and_wait(); });
+  std::atomic<int> begun = 0;
+  crew.WorkOff({2}, 1, [&](std::size_t, std::size_t) {
+    for (++begun; begun < 2;) std::this_thread::yield();
+  });
 }
 
 TEST(Crew, NoMoreGroupsAreUnderWayThanSaid) {
