@@ -30,9 +30,7 @@ void AllKinds(benchmark::State& state) {
   if (!KnowsThreads()) return state.SkipWithError("no --threads");
   const ScratchFolder folder;
   const std::string job = folder / "job.sqlite";
-  const std::string grown = folder / "grown.sqlite";
   sample::MakeSampleJob(job, {.rows = state.range(0)});
-  sample::MakeSampleJob(grown, {.rows = 5 * state.range(0)});
   const auto make = [&](const std::string& options, const std::string& path) {
     RunCommand(Exporter() + options + " --base " + (folder / "set") + " " + path);
   };
@@ -45,8 +43,7 @@ void AllKinds(benchmark::State& state) {
   };
   SideBySide(state, {{"floor", oneByOne},
                      {"one", [&] { make(" --threads 1 --kind all", job); }},
-                     {"all", [&] { make(" --kind all", job); }},
-                     {"grown", [&] { make(" --kind all", grown); }}});
+                     {"all", [&] { make(" --kind all", job); }}});
   state.counters["peak_MiB"] = peak;
 }
 BENCHMARK(AllKinds)->Name("kestrin-export, four kinds")->Apply(Sizes);

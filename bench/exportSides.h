@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -53,10 +54,11 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   base::Crew crew(std::thread::hardware_concurrency());
   const auto all = [&] { MakeSet(what.kind, base, job, &crew); };
   const double peak = PeakOf(all);
-  const auto size = static_cast<std::int64_t>(std::filesystem::file_size(base + ".shp"));
-  const std::int64_t points = what.pointsARow > 0 ? rows * what.pointsARow : size / 16;
+  const auto shapes = static_cast<std::int64_t>(std::filesystem::file_size(base + ".shp"));
+  const auto table = static_cast<std::int64_t>(std::filesystem::file_size(base + ".dbf"));
+  const std::int64_t points = what.pointsARow > 0 ? rows * what.pointsARow : shapes / 16;
   // No file of a set may pass 2 GiB.
-  const bool grows = 5 * size < std::int64_t{2} << 30;
+  const bool grows = 5 * std::max(shapes, table) < std::int64_t{2} << 30;
   if (grows) what.makeJob(grownJob, 5 * rows);
   const auto floor = [&] {
     Database(job).Scan(what.query, what.integers);
