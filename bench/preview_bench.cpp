@@ -33,6 +33,17 @@ void MakeJob(const std::string& path, std::int64_t rows) {
               "0, 0, 3.1, 8192 + (i % 1000 = 0) * 16384, 7 FROM n");
 }
 
+/// A job, and another of five times the rows.
+struct Jobs {
+  explicit Jobs(std::int64_t rows) {
+    MakeJob(job, rows);
+    MakeJob(grown, 5 * rows);
+  }
+  ScratchFolder folder;
+  std::string job = folder / "job.sqlite";
+  std::string grown = folder / "grown.sqlite";
+};
+
 void Select(const std::string& path, preview::PreviewState& state) {
   {
     jobstore::Job job(path);
@@ -55,35 +66,27 @@ void ScanAsSelecting(const std::string& path) {
 }
 
 void Selecting(benchmark::State& state) {
-  const ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  const std::string grown = folder / "grown.sqlite";
-  MakeJob(job, state.range(0));
-  MakeJob(grown, 5 * state.range(0));
+  const Jobs jobs(state.range(0));
   preview::PreviewState selected;
-  const double peak = PeakOf([&] { Select(job, selected); });
-  SideBySide(state, {{"floor", [&] { ScanAsSelecting(job); }},
-                     {"one", [&] { Select(job, selected); }},
-                     {"grown", [&] { Select(grown, selected); }}});
+  const double peak = PeakOf([&] { Select(jobs.job, selected); });
+  SideBySide(state, {{"floor", [&] { ScanAsSelecting(jobs.job); }},
+                     {"one", [&] { Select(jobs.job, selected); }},
+                     {"grown", [&] { Select(jobs.grown, selected); }}});
   state.counters["peak_MiB"] = peak;
 }
 BENCHMARK(Selecting)->Name("selecting, extent")->Apply(Sizes);
 
 void Drawing(benchmark::State& state, int kind, std::string_view query, int integerAt) {
-  const ScratchFolder folder;
-  const std::string job = folder / "job.sqlite";
-  const std::string grown = folder / "grown.sqlite";
-  MakeJob(job, state.range(0));
-  MakeJob(grown, 5 * state.range(0));
+  const Jobs jobs(state.range(0));
   preview::PreviewState selected;
   preview::PreviewState selectedGrown;
-  Select(job, selected);
-  Select(grown, selectedGrown);
+  Select(jobs.job, selected);
+  Select(jobs.grown, selectedGrown);
   SilentHost host;
   BlankPicture picture;
   const auto draw = [&] { preview::DrawPreview(kind, selected, picture, host); };
   const double peak = PeakOf(draw);
-  SideBySide(state, {{"floor", [&] { Database(job).Scan(query, {integerAt}); }},
+  SideBySide(state, {{"floor", [&] { Database(jobs.job).Scan(query, {integerAt}); }},
                      {"one", draw},
                      {"grown", [&] { preview::DrawPreview(kind, selectedGrown, picture, host); }}});
   state.counters["peak_MiB"] = peak;

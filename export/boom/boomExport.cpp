@@ -9,6 +9,7 @@
 #include "export/boom/table.h"
 #include "export/boom/timeline.h"
 #include "export/inOrder.h"
+#include "export/projectedPoints.h"
 #include "export/tableRows.h"
 #include "geo/epochWalk.h"
 #include "geo/heading.h"
@@ -41,8 +42,8 @@ std::string ReturnText(std::int64_t number, jobstore::GpsKey time) {
          ") the job returns to its first rates, and a boom set cannot hold that";
 }
 
-/// Epochs whose cross-lines are on their way from the plane to degrees.
-struct Batch : base::Crew::Task {
+/// Epochs whose cross-lines are on their way to degrees.
+struct Batch : exports::ProjectedPoints {
   struct Epoch {
     std::size_t entry = 0;  // of the timeline
     std::int64_t number = 0;
@@ -51,7 +52,7 @@ struct Batch : base::Crew::Task {
     std::size_t linesEnd = 0;  // of its cross-lines, two points each
   };
 
-  explicit Batch(std::int16_t zone) : projection(zone) {}
+  using ProjectedPoints::ProjectedPoints;
 
   bool IsEmpty() const { return epochs.empty(); }
   bool IsFull() const { return points.size() >= kPoints || epochs.size() >= kEpochs; }
@@ -59,18 +60,11 @@ struct Batch : base::Crew::Task {
     epochs.clear();
     points.clear();
   }
-  void Do() override {
-    degrees.resize(points.size());
-    projection.ToGeo(points, degrees);
-  }
 
   static constexpr std::size_t kPoints = 2048;
   static constexpr std::size_t kEpochs = 1024;
 
   std::vector<Epoch> epochs;
-  std::vector<geo::UtmPoint> points;
-  std::vector<geo::GeoPoint> degrees;
-  geo::UtmProjection projection;
 };
 
 /// Lays a job's epochs into records.

@@ -13,11 +13,6 @@ void RingWriter::Batch::Clear() {
   ends.clear();
 }
 
-void RingWriter::Batch::Do() {
-  degrees.resize(points.size());
-  projection.ToGeo(points, degrees);
-}
-
 RingWriter::RingWriter(const std::string& basePath, const geo::WorkingPlane& plane,
                        exports::ExportRun& run)
     : basePath_(basePath),

@@ -9,7 +9,7 @@
 #include "export/coverage/rings.h"
 #include "export/exportRun.h"
 #include "export/inOrder.h"
-#include "geo/utmProjection.h"
+#include "export/projectedPoints.h"
 #include "shapefile/attributeTable.h"
 #include "shapefile/shapefileSet.h"
 
@@ -35,26 +35,22 @@ class RingWriter {
   double Acres() const { return acres_; }
 
  private:
-  /// Points of rings on their way from the plane to degrees. A long ring is in several.
-  struct Batch : base::Crew::Task {
+  /// Points of rings on their way to degrees. A long ring is in several.
+  struct Batch : exports::ProjectedPoints {
     struct RingEnd {
       std::size_t point = 0;  // after the last
       double acres = 0;
     };
 
-    explicit Batch(std::int16_t zone) : projection(zone) {}
+    using ProjectedPoints::ProjectedPoints;
 
     bool IsEmpty() const { return points.empty(); }
     bool IsFull() const { return points.size() == kPoints; }
     void Clear();
-    void Do() override;
 
     static constexpr std::size_t kPoints = 1024;
 
-    std::vector<geo::UtmPoint> points;
-    std::vector<geo::GeoPoint> degrees;
     std::vector<RingEnd> ends;
-    geo::UtmProjection projection;
   };
 
   void Put(const Batch& batch);
