@@ -13,8 +13,8 @@ constexpr const char* kShp = ".shp";
 constexpr const char* kShx = ".shx";
 constexpr const char* kDbf = ".dbf";
 
-constexpr std::size_t kLargeBuffer = std::size_t{1} << 20;
-constexpr std::size_t kIndexBuffer = std::size_t{1} << 18;
+constexpr std::size_t kLargeBuffer = std::size_t{1} << 18;
+constexpr std::size_t kIndexBuffer = std::size_t{1} << 16;
 constexpr std::size_t kSidecarBuffer = 1024;
 
 constexpr std::size_t kHeaderSize = 100;
