@@ -26,10 +26,10 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
   exports::IsPreparedOrTold(epochs, run.host);
 
-  RingMaker rings(offsets.Plane(), run.host);
   RingWriter writer(basePath, offsets.Plane(), run);
+  RingMaker rings(offsets.Plane(), run, [&](Ring ring) { writer.Write(ring); });
   PolygonBuilder polygons([&](const PolygonBuilder::Edges& edges) {
-    if (!basePath.empty()) writer.Write(rings.Of(edges));
+    if (!basePath.empty()) rings.Add(edges);
   });
   const auto add = [&](const auto& epoch, geo::UtmPoint centre) {
     polygons.Add(SwathRow::Of(centre, epoch.yaw, widths.At(epoch.time)), epoch.BeginsStretch());
@@ -37,6 +37,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
   outcome.lastStep = epochs.LastStep();
   polygons.Finish();
+  rings.Finish();
   outcome.made = writer.Finish();
   if (outcome.made) outcome.figures = {{"acres", shapefile::RoundTo(writer.Acres(), 2)}};
   return outcome;

@@ -25,7 +25,7 @@ class RingWriter {
  public:
   RingWriter(const std::string& basePath, const geo::WorkingPlane& plane, exports::ExportRun& run);
 
-  /// Takes a ring to write; an empty one leaves no trace.
+  /// Takes a ring to write, which is not empty.
   void Write(Ring ring);
 
   /// Completes the set; false when there is none.

@@ -1,206 +1,28 @@
 #include "export/coverage/rings.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-
-#include "export/ground/oneLine.h"
-#include "export/ground/planeGeometry.h"
-#include "export/ground/sweptGround.h"
-#include "export/ground/unfold.h"
+#include <memory>
+#include <utility>
 
 namespace kestrin::coverage {
-namespace {
 
-using Edges = PolygonBuilder::Edges;
-using ground::Clearance;
+RingMaker::RingMaker(const geo::WorkingPlane& plane, exports::ExportRun& run,
+                     std::function<void(Ring)> sink)
+    : rings_(
+          run.crew,
+          [&] {
+            // The host serves its own thread alone. What a crew is at ends with the run.
+            std::function<void()> yield = [&host = run.host] { host.Yield(); };
+            if (run.crew != nullptr)
+              yield = [this] {
+                if (ends_) throw base::RunCancelled();
+              };
+            return std::make_unique<PolygonRing>(plane.Zone(), std::move(yield));
+          },
+          [put = std::move(sink)](const PolygonRing& ring) { put(ring.Points()); }) {}
 
-constexpr double kAcresPerSquareMetre = 0.000247105381;
-
-/// Ground that is thinner than this, in metres, is what rounding makes of rows in one line.
-constexpr double kThinnest = 1e-6;
-
-/// The share of a polygon's ground that may be wrong for the sake of speed, and what a share
-/// of all polygons' ground so far allows beyond that, up to half a square metre: where a
-/// vehicle stands and jitters there are polygons of a hand's breadth by the dozen.
-constexpr double kMayBeWrong = 0.002;
-constexpr double kSaved = 0.001;
-constexpr double kMostOfOne = 0.5;
-
-/// A whole field can be one ring.
-constexpr std::size_t kBetweenYields = 64;
-
-/// The length of the longest segment.
-double Longest(Ring line) {
-  double square = 0;
-  for (std::size_t i = 0; i + 1 < line.size(); ++i) {
-    square = std::max(square, ground::SquareDistance(line[i], line[i + 1]));
-  }
-  return std::sqrt(square);
-}
-
-double Longest(const Edges& edges) {
-  const geo::UtmPoint first[] = {edges.left.front(), edges.right.front()};
-  const geo::UtmPoint last[] = {edges.left.back(), edges.right.back()};
-  return std::max({Longest(edges.left), Longest(edges.right), Longest(first), Longest(last)});
-}
-
-void DrawAround(const Edges& edges, ground::TestedLine& line) {
-  line.Restart(edges.left.size() + edges.right.size() + 1, Longest(edges));
-  for (const geo::UtmPoint& point : edges.left) line.Add(point);
-  for (std::size_t i = edges.right.size(); i-- > 0;) {
-    if (i > 0 || edges.right[i] != edges.left.front()) line.Add(edges.right[i]);
-  }
-  line.Close();
-}
-
-void Draw(Ring ring, ground::TestedLine& line, double longest = 0) {
-  line.Restart(ring.size(), longest);
-  // In degrees some points before the last can be where the ring begins, too.
-  while (ring.size() > 1 && ring.back() == ring.front()) ring = ring.first(ring.size() - 1);
-  for (const geo::UtmPoint& point : ring) line.Add(point);
-  line.Close();
-}
-
-bool HasThreePoints(Ring ring) {
-  std::size_t distinct = 0;
-  const geo::UtmPoint* known[2] = {};
-  for (const geo::UtmPoint& point : ring) {
-    if ((distinct > 0 && point == *known[0]) || (distinct > 1 && point == *known[1])) continue;
-    if (distinct == 2) return true;
-    known[distinct++] = &point;
-  }
-  return false;
-}
-
-geo::UtmPoint Sum(geo::UtmPoint a, geo::UtmPoint b) {
-  return {a.easting + b.easting, a.northing + b.northing};
-}
-
-/// Whether a point can be one on Earth. The geometry library does not survive all others.
-bool IsPlace(geo::UtmPoint point) {
-  constexpr double kFarthest = 1e8;
-  return std::fabs(point.easting) < kFarthest && std::fabs(point.northing) < kFarthest;
-}
-
-/// Some whole metres near a polygon: from there its points have digits enough for what
-/// is computed with them, and come back as they were.
-geo::UtmPoint OriginNear(Ring ring) {
-  const auto point = std::ranges::find_if(ring, IsPlace);
-  if (point == ring.end()) return {};
-  return {std::round(point->easting), std::round(point->northing)};
-}
-
-/// The booms by which ground is known, seen from `origin`.
-std::vector<ground::Boom> BoomsInPlace(const Edges& edges, geo::UtmPoint origin) {
-  const geo::UtmPoint back{-origin.easting, -origin.northing};
-  std::vector<ground::Boom> booms;
-  booms.reserve(edges.left.size());
-  for (std::size_t i = 0; i < edges.left.size(); ++i) {
-    if (!IsPlace(edges.left[i]) || !IsPlace(edges.right[i])) continue;
-    booms.push_back({Sum(edges.left[i], back), Sum(edges.right[i], back)});
-  }
-  return booms;
-}
-
-template <class Try>
-bool Succeeds(Try attempt) {
-  try {
-    return attempt();
-  } catch (const ground::GeometryError&) {
-    return false;
-  }
-}
-
-/// Turns a closed line clockwise, and until it begins at the point nearest to another.
-void BeginAt(ground::Line& line, geo::UtmPoint point) {
-  if (line.empty()) return;
-  if (ground::SignedArea(line) > 0) std::ranges::reverse(line);
-  line.pop_back();
-  // Clang 14 does not know what the library's own rotation of a range returns.
-  const auto nearest = std::ranges::min_element(
-      line, {}, [&](const geo::UtmPoint& other) { return ground::SquareDistance(other, point); });
-  std::rotate(line.begin(), nearest, line.end());
-  line.push_back(line.front());
-}
-
-}  // namespace
-
-double AcresIn(Ring ring) { return std::fabs(ground::PolygonArea(ring)) * kAcresPerSquareMetre; }
-
-Ring RingMaker::Of(const Edges& edges) {
-  DrawAround(edges, drawn_);
-  const Ring ring = drawn_.Points();
-  if (!HasThreePoints(ring)) return {};
-  const double squareMetres = std::fabs(ground::SignedArea(ring));
-  if (std::isfinite(squareMetres)) saved_ += kSaved * squareMetres;
-  if (drawn_.Kept() == Clearance::kWide) return ring;
-  if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return ring;
-  return Repaired(edges);
-}
-
-Ring RingMaker::Repaired(const Edges& edges) {
-  const Ring ring = drawn_.Points();
-  const geo::UtmPoint origin = OriginNear(ring);
-  const std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
-  const ground::Sweep sweep(booms);
-  if (sweep.total <= kThinnest * sweep.length) return ring;
-  const bool whole = booms.size() == edges.left.size();
-  return (whole && Unfold(sweep)) || Mend(booms, sweep, origin) ? ring_ : ring;
-}
-
-bool RingMaker::Unfold(const ground::Sweep& sweep) {
-  const double saved = std::min(saved_, kMostOfOne);
-  double mayBeWrong = kMayBeWrong * sweep.net + saved - sweep.hiddenGround;
-  if (mayBeWrong <= 0) return false;
-  ring_ = ground::Unfold(drawn_.Points(), mayBeWrong);
-  if (ring_.size() < 4 || !IsFit()) return false;
-  saved_ -= std::max(0.0, saved - mayBeWrong);
-  return true;
-}
-
-bool RingMaker::Mend(const std::vector<ground::Boom>& booms, const ground::Sweep& sweep,
-                     geo::UtmPoint origin) {
-  ground::Geos geos;
-  const auto isFit = [&](ground::Line line) {
-    for (geo::UtmPoint& point : line) point = Sum(point, origin);
-    ring_ = std::move(line);
-    return !ring_.empty() && IsFit();
-  };
-  const auto isAround = [&](const ground::Geos::Area& swept) {
-    // What lies closer together than a projection's last digits can touch in degrees. A
-    // grid keeps it apart.
-    return std::ranges::any_of(std::array{0.0, 0.0001, 0.001, 0.01}, [&](double grid) {
-      return isFit(ground::OneLineAround(geos, geos.OnGrid(swept, grid)));
-    });
-  };
-  const auto ofSweep = [&] {
-    return isAround(ground::SweptGround(geos, booms, sweep, kMayBeWrong * sweep.net, host_));
-  };
-  // The library may fail. A ring never gets lost.
-  return Succeeds(ofSweep) || Succeeds([&] { return isFit(ground::HullAround(geos, booms)); });
-}
-
-bool RingMaker::IsFit() {
-  BeginAt(ring_, drawn_.Points().front());
-  Draw(ring_, tested_, Longest(ring_));
-  return tested_.Kept() == Clearance::kWide ||
-         (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring_, true));
-}
-
-bool RingMaker::IsSimpleInDegrees(Ring ring, bool andBack) {
-  ground::Line degrees;
-  ground::Line metres;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    if (i % kBetweenYields == 0) host_.Yield();
-    const geo::GeoPoint point = plane_.ToGeo(ring[i]);
-    degrees.push_back({point.longitude, point.latitude});
-    if (andBack) metres.push_back(plane_.ToUtm(point));
-  }
-  Draw(degrees, tested_);
-  if (tested_.Kept() == Clearance::kNone || !andBack) return tested_.Kept() != Clearance::kNone;
-  Draw(metres, tested_);
-  return tested_.Kept() != Clearance::kNone;
+void RingMaker::Add(const PolygonBuilder::Edges& edges) {
+  rings_.Filling().Draw(edges, saved_);
+  rings_.Filled();
 }
 
 }  // namespace kestrin::coverage

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
-#include "base/runHost.h"
 #include "export/ground/geos.h"
 #include "export/ground/sweep.h"
 
@@ -14,8 +14,8 @@ namespace kestrin::ground {
 /// That is what the line around the rows winds about, which is one call of the library for
 /// some hundred rows, and the patches hidden in it, one by one; they are left out, as they
 /// cost the most, where they are not more than `mayBeWrong` square metres. Costs some microseconds
-/// a row. Yields to the host now and then, whose base::RunCancelled passes. Failure: GeometryError.
+/// a row. Calls `yield` now and then, and lets pass what it throws. Failure: GeometryError.
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
-                       double mayBeWrong, base::RunHost& host);
+                       double mayBeWrong, const std::function<void()>& yield);
 
 }  // namespace kestrin::ground

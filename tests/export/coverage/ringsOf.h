@@ -19,14 +19,14 @@ struct MadeRing {
 };
 
 /// The rings made of rows, as they are handed to the writer.
-inline std::vector<MadeRing> RingsOf(const std::vector<LiteralRow>& rows) {
+inline std::vector<MadeRing> RingsOf(const std::vector<LiteralRow>& rows,
+                                     base::Crew* crew = nullptr) {
   const geo::WorkingPlane plane({{}, 45, -99});
   RecordingHost host;
-  coverage::RingMaker maker(plane, host);
+  const auto files = base::NativeFileSystem();
+  exports::ExportRun run{.host = host, .files = *files, .options = {}, .crew = crew};
   std::vector<MadeRing> rings;
-  coverage::PolygonBuilder builder([&](const coverage::PolygonBuilder::Edges& edges) {
-    const coverage::Ring ring = maker.Of(edges);
-    if (ring.empty()) return;
+  coverage::RingMaker maker(plane, run, [&](coverage::Ring ring) {
     MadeRing& made = rings.emplace_back();
     made.metres.assign(ring.begin(), ring.end());
     made.acres = coverage::AcresIn(ring);
@@ -35,8 +35,11 @@ inline std::vector<MadeRing> RingsOf(const std::vector<LiteralRow>& rows) {
       if (made.degrees.empty() || made.degrees.back() != degrees) made.degrees.push_back(degrees);
     }
   });
+  coverage::PolygonBuilder builder(
+      [&](const coverage::PolygonBuilder::Edges& edges) { maker.Add(edges); });
   for (const auto& [row, begins] : rows) builder.Add(row, begins);
   builder.Finish();
+  maker.Finish();
   return rings;
 }
 

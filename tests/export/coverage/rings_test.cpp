@@ -2,228 +2,60 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
-#include "tests/export/ground/drawnLines.h"
-#include "tests/support/recordingHost.h"
-#include "tools/sample/randomness.h"
+#include "tests/export/coverage/hardPolygons.h"
+#include "tests/export/coverage/ringsOf.h"
 
 namespace kestrin::coverage {
 namespace {
 
-using Edges = PolygonBuilder::Edges;
-using ground::Clearance;
-using ground::Line;
-
-constexpr geo::UtmPoint kField{500000, 4900000};
-
-/// Points in metres from the field's corner.
-Line InField(Line points) {
-  for (geo::UtmPoint& point : points) {
-    point = {kField.easting + point.easting, kField.northing + point.northing};
-  }
-  return points;
-}
-
-Edges InField(Edges edges) { return {InField(edges.left), InField(edges.right)}; }
-
-/// Due north, so many metres long and wide.
-Edges Straight(double length, double width) {
-  return InField(Edges{{{0, 0}, {0, length / 2}, {0, length}},
-                       {{width, 0}, {width, length / 2}, {width, length}}});
-}
-
-/// The same with a loop in its left edge as wide and high as `loop` says, its area half
-/// that squared.
-Edges Looped(double length, double width, double loop) {
-  const double middle = length / 2;
-  return InField(
-      Edges{{{0, 0}, {0, middle + loop}, {loop, middle}, {-loop, middle}, {-loop, length}},
-            {{width, 0},
-             {width, middle + loop},
-             {width, middle + 1.1 * loop},
-             {width, middle + 1.2 * loop},
-             {width, length}}});
-}
-
-/// The ring as the edges draw it.
-Line DrawnAround(const Edges& edges) {
-  Line line = edges.left;
-  line.insert(line.end(), edges.right.rbegin(), edges.right.rend());
-  return test::Closed(line);
-}
-
-Line Copied(Ring ring) { return {ring.begin(), ring.end()}; }
-
-/// To the bit, NaN for NaN.
-bool AreSame(const Line& one, const Line& other) {
-  return std::ranges::equal(one, other, [](const geo::UtmPoint& a, const geo::UtmPoint& b) {
-    return a == b || (!a.IsFinite() && !b.IsFinite());
-  });
-}
-
-class Rings : public testing::Test {
- protected:
-  Line Of(const Edges& edges) { return Copied(maker_.Of(edges)); }
-
-  geo::WorkingPlane plane_{{{}, 45, -99}};
-  test::RecordingHost host_;
-  RingMaker maker_{plane_, host_};
-};
-
-TEST_F(Rings, ThatCrossNothingStayAsDrawn) {
-  const Edges straight = Straight(30, 10);
-  EXPECT_EQ(Of(straight), DrawnAround(straight));
-  // Also counter-clockwise, as reversing draws it.
-  const Edges mirrored{straight.right, straight.left};
-  EXPECT_EQ(Of(mirrored), DrawnAround(mirrored));
-}
-
-TEST_F(Rings, OfFewerThanThreePointsAreNone) {
-  EXPECT_TRUE(Of(InField(Edges{{{0, 0}}, {{5, 0}}})).empty());
-  EXPECT_TRUE(Of(InField(Edges{{{0, 0}, {0, 0}}, {{5, 0}, {5, 0}}})).empty());
-}
-
-TEST_F(Rings, WithoutGroundStayAsDrawn) {
-  // No width, across its own line; and along the boom itself.
-  const Line way{{0, 0}, {10, 10}, {10, 0}, {0, 10}};
-  Line drawn = InField({{0, 0}, {10, 10}, {10, 0}, {0, 10}, {10, 0}, {10, 10}, {0, 0}});
-  EXPECT_EQ(Of(InField(Edges{way, way})), drawn);
-  const Edges along = InField(Edges{{{0, 0}, {3, 0}, {9, 0}}, {{5, 0}, {8, 0}, {14, 0}}});
-  EXPECT_EQ(Of(along), DrawnAround(along));
-}
-
-TEST_F(Rings, WhoseRowsAreAllNotFiniteStayAsDrawn) {
-  const double none = std::numeric_limits<double>::quiet_NaN();
-  const Edges edges{{{none, 0}, {none, 1}, {none, 2}}, {{1, none}, {2, none}, {3, none}}};
-  EXPECT_TRUE(AreSame(Of(edges), DrawnAround(edges)));
-  EXPECT_EQ(host_.yields, 0);
-}
-
-TEST_F(Rings, LeaveRowsOutThatAreNotFinite) {
-  for (const double what :
-       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
-    Edges edges = Straight(30, 10);
-    edges.left[1].easting = what;
-    const Line ring = Of(edges);
-    EXPECT_EQ(test::ClearanceOf(ring, 30), Clearance::kWide);
-    EXPECT_DOUBLE_EQ(test::SquareMetresIn(ring), 300);
-  }
-}
-
-TEST_F(Rings, SaveNothingAtPolygonsThatAreNotFinite) {
-  Edges endless = Straight(100, 1);
-  endless.left[1].northing = std::numeric_limits<double>::infinity();
-  Of(endless);
-  endless.left[1].northing = std::numeric_limits<double>::quiet_NaN();
-  Of(endless);
-  host_.yields = 0;
-  Of(Looped(1, 1, 0.15));
-  EXPECT_EQ(host_.yields, 1);
-  Of(Looped(20, 10, 0.2));
-  EXPECT_EQ(host_.yields, 1) << "its own ground allows that";
-}
-
-TEST_F(Rings, OfRowsThatAreNoPlacesAreMadeWithoutAFailure) {
-  constexpr double kAnywhere[] = {0,    1,    2.5,   1e3,   1e7,   1e10,
-                                  1e16, 1e18, 1e100, 1e160, 1e300, 1.7e308};
-  sample::Randomness chance(5);
-  const auto coordinate = [&](std::uint64_t wildest) {
-    return kAnywhere[chance.Next() % wildest] * (chance.Chance(0.5) ? 1 : -1);
-  };
-  for (int run = 0; run < 1000; ++run) {
-    const std::uint64_t wildest = 2 + chance.Next() % 11;
-    Edges edges;
-    for (int i = 0; i < 6; ++i) {
-      edges.left.push_back({coordinate(wildest), coordinate(wildest)});
-      edges.right.push_back({coordinate(wildest), coordinate(wildest)});
+/// All hard polygons as one way, some hundred rings.
+std::vector<test::LiteralRow> ManyRows() {
+  std::vector<test::LiteralRow> all;
+  for (std::uint64_t seed = 1; seed <= 8; ++seed) {
+    for (const test::HardKind& kind : test::HardKinds()) {
+      const std::vector<test::LiteralRow> rows = test::HardPolygon(kind, seed);
+      all.insert(all.end(), rows.begin(), rows.end());
     }
-    const Line ring = Of(edges);
-    ASSERT_GE(ring.size(), 4U) << run;
-    EXPECT_EQ(ring.front(), ring.back()) << run;
+  }
+  return all;
+}
+
+TEST(RingMaker, HandsOnTheSameRingsInTheSameOrderWithACrew) {
+  base::Crew crew(3);
+  const auto alone = test::RingsOf(ManyRows());
+  const auto together = test::RingsOf(ManyRows(), &crew);
+  ASSERT_GT(alone.size(), 100U);
+  ASSERT_EQ(alone.size(), together.size());
+  for (std::size_t i = 0; i < alone.size(); ++i) {
+    ASSERT_EQ(alone[i].metres, together[i].metres) << i;
+    ASSERT_EQ(alone[i].acres, together[i].acres) << i;
   }
 }
 
-TEST_F(Rings, OfNumbersThatTheLibraryDoesNotSurviveAreMade) {
-  const Edges edges{
-      {{1e16, 1e18},
-       {-1e16, -1e18},
-       {0, -1.7e308},
-       {1e10, 1.7e308},
-       {1000, -1e100},
-       {-1e18, -1e160}},
-      {{-2.5, 1e7}, {1.7e308, -1e18}, {1e10, -1e16}, {-2.5, 1}, {-1.7e308, -2.5}, {-1e18, -1e16}}};
-  EXPECT_EQ(Of(edges), DrawnAround(edges));
+TEST(RingMaker, LeavesPolygonsWithoutThreePointsOut) {
+  const geo::WorkingPlane plane({{}, 45, -99});
+  test::RecordingHost host;
+  const auto files = base::NativeFileSystem();
+  exports::ExportRun run{host, *files, {}};
+  int rings = 0;
+  RingMaker maker(plane, run, [&rings](Ring) { ++rings; });
+  maker.Add({{{0, 0}}, {{5, 0}}});
+  maker.Add({{{0, 0}, {0, 9}}, {{5, 0}, {5, 9}}});
+  maker.Finish();
+  EXPECT_EQ(rings, 1);
 }
 
-TEST_F(Rings, AreRepairedFromTheirOwnBeginningClockwise) {
-  const Edges looped = Looped(20, 10, 0.2);
-  ASSERT_EQ(test::ClearanceOf(DrawnAround(looped)), Clearance::kNone);
-  for (const Edges& edges : {looped, Edges{looped.right, looped.left}}) {
-    const Line ring = Of(edges);
-    EXPECT_EQ(test::ClearanceOf(ring, 20), Clearance::kWide);
-    EXPECT_EQ(ring.front(), edges.left.front());
-    EXPECT_EQ(ring.back(), edges.left.front());
-    EXPECT_LT(ground::SignedArea(ring), 0);
-    EXPECT_NEAR(test::SquareMetresIn(ring), 202, 0.1);
-  }
-}
-
-TEST_F(Rings, LoseALoopOfAFewThousandthsOfTheirGround) {
-  // 0.02 square metres of 200, without another polygon to save at.
-  const Line ring = Of(Looped(20, 10, 0.2));
-  EXPECT_EQ(ring.size(), DrawnAround(Looped(20, 10, 0.2)).size() - 1);
-  EXPECT_EQ(host_.yields, 0) << "no union was needed";
-}
-
-TEST_F(Rings, KeepTheGroundOfALargerLoop) {
-  const Line ring = Of(Looped(20, 10, 2));
-  EXPECT_GT(host_.yields, 0) << "a union was needed";
-  EXPECT_EQ(test::ClearanceOf(ring, 20), Clearance::kWide);
-}
-
-TEST_F(Rings, OfSmallPolygonsMayLoseWhatAThousandthOfAllGroundAllows) {
-  // What cutting this loop off may spoil is 0.078 square metres: a hundredth in the loop,
-  // and what it sweeps backward, which is not looked at more closely.
-  const Edges small = Looped(1, 1, 0.15);
-  Of(small);
-  EXPECT_EQ(host_.yields, 1) << "nothing saved";
-  // Of a hundred square metres a tenth may go: enough for one, and not for another.
-  Of(Straight(100, 1));
-  EXPECT_EQ(Of(small).size(), DrawnAround(small).size() - 1);
-  EXPECT_EQ(host_.yields, 1);
-  Of(small);
-  EXPECT_EQ(host_.yields, 2) << "savings are spent";
-}
-
-TEST_F(Rings, LoseNoMoreThanHalfASquareMetreOfSavings) {
-  Of(Straight(100000, 40));
-  host_.yields = 0;
-  Of(Looped(8, 6, 0.2));  // 0.47 square metres
-  EXPECT_EQ(host_.yields, 0);
-  Of(Looped(8, 6, 0.3));  // 0.77 square metres
-  EXPECT_EQ(host_.yields, 1);
-}
-
-TEST_F(Rings, LetACancelPass) {
-  host_.cancelAt = 1;
-  EXPECT_THROW(Of(Looped(20, 10, 2)), base::RunCancelled);
-}
-
-TEST_F(Rings, AreMadeAnewAfterACancel) {
-  host_.cancelAt = 1;
-  EXPECT_THROW(Of(Looped(20, 10, 2)), base::RunCancelled);
-  host_.cancelAt = 0;
-  EXPECT_EQ(Of(Straight(30, 10)), DrawnAround(Straight(30, 10)));
-}
-
-TEST(AcresIn, AreThoseOfTheRingWhicheverWayItRuns) {
-  Line ring = test::Rectangle(0, 0, 100, 100);
-  EXPECT_DOUBLE_EQ(AcresIn(ring), 2.47105381);
-  std::ranges::reverse(ring);
-  EXPECT_DOUBLE_EQ(AcresIn(ring), 2.47105381);
+TEST(RingMaker, EndsWithoutTheRingsThatNobodyTakesAnyMore) {
+  base::Crew crew(3);
+  const geo::WorkingPlane plane({{}, 45, -99});
+  test::RecordingHost host;
+  const auto files = base::NativeFileSystem();
+  exports::ExportRun run{.host = host, .files = *files, .options = {}, .crew = &crew};
+  const auto hand = [&] {
+    RingMaker maker(plane, run, [](Ring) { throw base::RunCancelled(); });
+    for (int i = 0; i < 100; ++i) maker.Add({{{0, 0}, {9, 9}, {0, 9}}, {{5, 0}, {-4, 4}, {5, 9}}});
+  };
+  EXPECT_THROW(hand(), base::RunCancelled);
 }
 
 }  // namespace

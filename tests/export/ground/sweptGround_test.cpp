@@ -14,7 +14,7 @@ namespace {
 class TheSweptGround : public testing::Test {
  protected:
   Geos::Area Of(const std::vector<Boom>& booms) {
-    return SweptGround(geos_, booms, Sweep(booms), 0, host_);
+    return SweptGround(geos_, booms, Sweep(booms), 0, [this] { host_.Yield(); });
   }
 
   /// How far it is from the union of all strips, one by one.
