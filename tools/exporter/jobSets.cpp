@@ -35,8 +35,6 @@ std::optional<MadeSet> JobSets::Try(const exports::ExportKind& kind, SetHost& ho
     host.Yield();
     if (plan_.obstacle.empty()) return MakeSet(kind, host);
     host.ShowMessage(plan_.obstacle);
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const base::FileError& error) {
     host.ShowMessage(exports::NotWrittenText(error));
   } catch (const std::exception& error) {

@@ -75,8 +75,6 @@ std::optional<double> FigureOf(const exports::ExportKind& kind, const std::strin
     // Any name will do, but none would be no set.
     const exports::ExportOutcome outcome = kind.procedure("summary", jobPath, run);
     if (!outcome.figures.empty()) return outcome.figures.front().value;
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception& error) {
     host.ShowMessage(exports::NotMadeText(kind.name, error));
   }
