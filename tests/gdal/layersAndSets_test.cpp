@@ -55,7 +55,7 @@ void LayersAndSets::ExpectLayerLikeSet(OGRLayer& layer, OGRLayer& set) {
 void LayersAndSets::ExpectLayersLikeSets(const std::string& job) {
   const GDALDatasetUniquePtr opened = OpenJob(job);
   ASSERT_TRUE(opened);
-  for (const exports::ExportKind* kind : test::AllKinds()) {
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
     SCOPED_TRACE(job + ", " + std::string(kind->name));
     OGRLayer* layer = opened->GetLayerByName(std::string(kind->name).c_str());
     ASSERT_TRUE(layer);
