@@ -16,11 +16,12 @@ namespace {
 
 using Fields = std::vector<shapefile::Field>;
 
-/// Of a kind whose sets have the same fields whatever the job.
-template <const auto& fields>
-Fields Always(const std::string&) {
-  return {fields.begin(), fields.end()};
+Fields WireFields(const std::string&) { return {wire::kFields.begin(), wire::kFields.end()}; }
+Fields BoomFields(const std::string&) { return {boom::kFields.begin(), boom::kFields.end()}; }
+Fields PolyFields(const std::string&) {
+  return {coverage::kFields.begin(), coverage::kFields.end()};
 }
+Fields NetFields(const std::string&) { return {net::kFields.begin(), net::kFields.end()}; }
 
 Fields PointFields(const std::string& jobPath) {
   jobstore::Job job(jobPath);
@@ -30,16 +31,16 @@ Fields PointFields(const std::string& jobPath) {
 }  // namespace
 
 const ExportKinds kExportKinds{{
-    {"wire", "_WIRE", wire::ExportWireShape, Shape::kLine, Always<wire::kFields>},
-    {"boom", "_BOOM", boom::ExportBoomShape, Shape::kLines, Always<boom::kFields>},
-    {"poly", "_POLY", coverage::ExportPolyShape, Shape::kPolygon, Always<coverage::kFields>},
+    {"wire", "_WIRE", wire::ExportWireShape, Shape::kLine, WireFields},
+    {"boom", "_BOOM", boom::ExportBoomShape, Shape::kLines, BoomFields},
+    {"poly", "_POLY", coverage::ExportPolyShape, Shape::kPolygon, PolyFields},
     {"point", "_POINT", point::ExportPointShape, Shape::kPoint, PointFields},
 }};
 
 namespace {
 
 constexpr ExportKind kNamed[] = {
-    {"net", "_NET", net::ExportNetShape, Shape::kPolygon, Always<net::kFields>,
+    {"net", "_NET", net::ExportNetShape, Shape::kPolygon, NetFields,
      "the ground really covered, overlap counted once, under the sections that were on; its "
      "width is the implement row's own, where that of poly adds up"},
 };
