@@ -38,14 +38,6 @@ TEST_F(WindowsFiles, ATargetInUseIsAClearErrorAndStays) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
 }
 
-TEST_F(WindowsFiles, ANameBesideThemThatIsNoUtf16IsLeftAlone) {
-  const std::wstring beside = (folder_.Path() / L"kestrin-0123456789abcde\xd83c.tmp").native();
-  CloseHandle(CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-  files_->Create(folder_ / "next")->Publish();
-  EXPECT_NE(GetFileAttributesW(beside.c_str()), INVALID_FILE_ATTRIBUTES);
-  EXPECT_TRUE(DeleteFileW(beside.c_str()));
-}
-
 TEST_F(WindowsFiles, WhatIsInUseForAMomentIsWaitedFor) {
   const auto works = [&](const std::function<void(const std::string&)>& act) {
     const std::string to = Make("to");
