@@ -6,6 +6,23 @@
 #include <utility>
 
 namespace kestrin::base {
+namespace {
+
+/// Works without the lock; what the work throws.
+template <class Work>
+std::exception_ptr Unlocked(std::unique_lock<std::mutex>& lock, Work work) {
+  lock.unlock();
+  std::exception_ptr failure;
+  try {
+    work();
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  lock.lock();
+  return failure;
+}
+
+}  // namespace
 
 /// What is left of a call of WorkOff.
 struct Crew::Round {
@@ -103,15 +120,7 @@ bool Crew::DoOldest(Lock& lock) {
 
 void Crew::Do(Task& task, Lock& lock) {
   task.state_ = Task::State::kBegun;
-  lock.unlock();
-  std::exception_ptr failure;
-  try {
-    task.Do();
-  } catch (...) {
-    failure = std::current_exception();
-  }
-  lock.lock();
-  task.failure_ = std::move(failure);
+  task.failure_ = Unlocked(lock, [&] { task.Do(); });
   task.state_ = Task::State::kIdle;
   changed_.notify_all();
 }
@@ -138,15 +147,8 @@ bool Crew::DoMember(Lock& lock) {
   if (!group) return false;
   const std::size_t member = round.groups[*group].begun++;
   ++round.underWay;
-  lock.unlock();
-  std::exception_ptr failure;
-  try {
-    round.work(*group, member);
-  } catch (...) {
-    failure = std::current_exception();
-  }
-  lock.lock();
-  if (failure && !round.failure) round.failure = std::move(failure);
+  const std::exception_ptr failure = Unlocked(lock, [&] { round.work(*group, member); });
+  if (!round.failure) round.failure = failure;
   round.End(*group);
   changed_.notify_all();
   return true;

@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -11,7 +10,6 @@
 #include "base/nativePath.h"
 #include "base/systemReason.h"
 #include "base/temporaryName.h"
-#include "base/utf8Path.h"
 
 namespace kestrin::base {
 namespace {
@@ -103,7 +101,7 @@ void RemoveAbandoned(const std::string& path) {
   const HANDLE search = FindFirstFileW((folder + L"kestrin-*.tmp").c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return;
   do {
-    if (!IsTemporaryName(Utf8Of(std::filesystem::path(found.cFileName)))) continue;
+    if (!IsTemporaryName(Utf8Text(found.cFileName))) continue;
     const HANDLE abandoned = CreateFileW((folder + found.cFileName).c_str(), DELETE, 0, nullptr,
                                          OPEN_EXISTING, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (abandoned != INVALID_HANDLE_VALUE) CloseHandle(abandoned);
@@ -202,7 +200,7 @@ class FolderLock {
  public:
   /// Not opened where the system has none for this user.
   explicit FolderLock(const std::wstring& folder) {
-    const auto key = std::hash<std::string>()(NameKey(Utf8Of(std::filesystem::path(folder))));
+    const auto key = std::hash<std::string>()(NameKey(Utf8Text(folder)));
     const std::wstring name = L"Global\\kestrin-" + std::to_wstring(key);
     mutex_ = CreateMutexW(nullptr, FALSE, name.c_str());
     if (mutex_ != nullptr) code_ = WaitForSingleObject(mutex_, kLongestWait);

@@ -13,11 +13,7 @@ std::string NameKey(const std::string& name) {
   std::wstring upper(wide->size(), L'\0');
   LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, wide->data(), size, upper.data(), size,
                 nullptr, nullptr, 0);
-  std::string key(upper.size() * 4, '\0');
-  const int length = WideCharToMultiByte(CP_UTF8, 0, upper.data(), size, key.data(),
-                                         static_cast<int>(key.size()), nullptr, nullptr);
-  key.resize(static_cast<std::size_t>(length));
-  return key;
+  return Utf8Text(upper);
 }
 
 }  // namespace kestrin::base

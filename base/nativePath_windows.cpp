@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <string_view>
 
 namespace kestrin::base {
 namespace {
@@ -26,6 +25,15 @@ std::optional<std::wstring> Wide(const std::string& text) {
 }
 
 }  // namespace
+
+std::string Utf8Text(std::wstring_view text) {
+  const int length = static_cast<int>(text.size());
+  std::string utf8(text.size() * 3, '\0');
+  utf8.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(),
+                          static_cast<int>(utf8.size()), nullptr, nullptr)));
+  return utf8;
+}
 
 std::wstring AbsolutePath(const std::wstring& path) {
   std::wstring whole(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');

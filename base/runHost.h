@@ -1,16 +1,13 @@
 #pragma once
 
-#include <exception>
 #include <string>
 
 namespace kestrin::base {
 
 /// Thrown by RunHost::Yield when whoever started a run wants it stopped. A run
-/// lets it pass: its destructors remove what was half made.
-class RunCancelled : public std::exception {
- public:
-  const char* what() const noexcept override { return "cancelled"; }
-};
+/// lets it pass: its destructors remove what was half made. It is no std::exception, so
+/// that whoever tells of errors lets it pass, too.
+struct RunCancelled {};
 
 /// What a long walk over a job asks of whoever started it, and all it knows of
 /// them: exports and preview run the same under a window, a terminal or a test.

@@ -11,6 +11,8 @@ target_compile_options(
             -Woverloaded-virtual -Wdouble-promotion -Wformat=2
             # Clang 14 takes the 0 in a defaulted <=> for a pointer.
             $<$<CXX_COMPILER_ID:GNU>:-Wzero-as-null-pointer-constant>
+            # A source that is compiled with others may keep its own types in its own class.
+            $<$<BOOL:${CMAKE_UNITY_BUILD}>:$<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>>
             # Results are compared to the byte between compilers and machines.
             -ffp-contract=off)
 if(WIN32)
@@ -43,6 +45,11 @@ function(kestrin_sources variable)
     set(other_system windows)
   endif()
   list(FILTER sources EXCLUDE REGEX "_(${other_system})(_test)?\\.cpp$")
+  # Where sources are compiled together, the header of Windows would turn names of others into
+  # its own.
+  set(alone ${sources})
+  list(FILTER alone INCLUDE REGEX "_windows(_test)?\\.cpp$")
+  set_source_files_properties(${alone} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 

@@ -49,4 +49,11 @@ constexpr ExportKind kNamed[] = {
 
 constinit const std::span<const ExportKind> kNamedKinds(kNamed);
 
+std::vector<const ExportKind*> AllKinds() {
+  std::vector<const ExportKind*> kinds;
+  for (const ExportKind& kind : kExportKinds) kinds.push_back(&kind);
+  for (const ExportKind& kind : kNamedKinds) kinds.push_back(&kind);
+  return kinds;
+}
+
 }  // namespace kestrin::exports

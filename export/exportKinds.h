@@ -37,4 +37,7 @@ extern const ExportKinds kExportKinds;
 /// screen. One more is one more line of this table.
 extern const std::span<const ExportKind> kNamedKinds;
 
+/// All kinds, the named ones last.
+std::vector<const ExportKind*> AllKinds();
+
 }  // namespace kestrin::exports

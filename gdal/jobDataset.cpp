@@ -23,11 +23,9 @@ OGRwkbGeometryType GeometryOf(exports::Shape shape) {
 
 JobDataset::JobDataset(const JobSource& job, bool listNet)
     : listed_(exports::kKindCount + (listNet ? static_cast<int>(exports::kNamedKinds.size()) : 0)) {
-  const auto add = [&](const exports::ExportKind& kind) {
-    layers_.push_back(std::make_unique<JobLayer>(kind, GeometryOf(kind.shape), job));
-  };
-  for (const exports::ExportKind& kind : exports::kExportKinds) add(kind);
-  for (const exports::ExportKind& kind : exports::kNamedKinds) add(kind);
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
+    layers_.push_back(std::make_unique<JobLayer>(*kind, GeometryOf(kind->shape), job));
+  }
 }
 
 OGRLayer* JobDataset::GetLayer(int index) {

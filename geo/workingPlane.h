@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 
 #include "geo/modProj4.h"
 #include "geo/points.h"
@@ -35,11 +34,7 @@ class WorkingPlane {
 
   UtmPoint ToUtm(const GeoPoint& point) const { return projection_.ToUtm(point); }
 
-  /// A point of the plane in degrees, or each of a range of them.
   GeoPoint ToGeo(const UtmPoint& point) const { return projection_.ToGeo(point); }
-  void ToGeo(std::span<const UtmPoint> from, std::span<GeoPoint> to) const {
-    projection_.ToGeo(from, to);
-  }
 
  private:
   std::int16_t zone_;

@@ -36,8 +36,6 @@ void ExportCommands::Run(ControlId clicked, Body body) {
   ports_.controls.SetEnabled(clicked, true);
   try {
     if (JobIsThere()) body();
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception& error) {
     ports_.dialogs.ShowMessage(error.what());
   }
@@ -139,8 +137,6 @@ bool ExportCommands::RunProcedure(const exports::ExportKind& kind, const std::st
       ports_.dialogs.ShowMessage(exports::kNothingToExport);
     }
     return true;
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const base::FileError& error) {
     ports_.dialogs.ShowMessage(exports::NotWrittenText(error));
     return false;

@@ -21,8 +21,6 @@ void JobSelection::Command3_Click() {
   }
   try {
     Select();
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception&) {
     // A selection that fails is abandoned without a word.
   }
@@ -108,8 +106,6 @@ void JobSelection::Option1_Click(int index) {
   rules_.ShowPreviewProgress(true);
   try {
     preview::DrawPreview(index, state_.preview, ports_.picture, host_);
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception&) {
     // A preview fails silently, with what was drawn.
   }

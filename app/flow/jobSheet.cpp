@@ -3,8 +3,6 @@
 #include <chrono>
 #include <exception>
 
-#include "base/runHost.h"
-
 namespace kestrin::flow {
 namespace {
 
@@ -12,8 +10,6 @@ template <class Step>
 void Try(Step step) {
   try {
     step();
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception&) {
     // A sheet is printed with what can be had.
   }

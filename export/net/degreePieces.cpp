@@ -1,11 +1,8 @@
 #include "export/net/degreePieces.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 #include <numeric>
-#include <span>
 
 #include "export/ground/planeGeometry.h"
 
@@ -47,19 +44,12 @@ Line WithShortWays(const Line& line) {
 }  // namespace
 
 Line DegreePieces::Projected(const Line& line, base::RunHost& host) const {
-  constexpr std::size_t kTogether = 64;
-  std::array<geo::GeoPoint, kTogether> some{};
-  const Line metres = WithShortWays(line);
   Line degrees;
-  degrees.reserve(metres.size());
-  for (std::size_t i = 0; i < metres.size(); i += kTogether) {
+  for (const geo::UtmPoint& metres : WithShortWays(line)) {
     host.Yield();
-    const auto from = std::span(metres).subspan(i, std::min(kTogether, metres.size() - i));
-    plane_.ToGeo(from, some);
-    for (const geo::GeoPoint& point : std::span(some).first(from.size())) {
-      // To the library a point is two numbers, whatever they stand for.
-      degrees.push_back({point.longitude, point.latitude});
-    }
+    const geo::GeoPoint point = plane_.ToGeo(metres);
+    // To the library a point is two numbers, whatever they stand for.
+    degrees.push_back({point.longitude, point.latitude});
   }
   return degrees;
 }

@@ -5,6 +5,7 @@ import sys
 
 import fiona
 import geopandas
+from each import look_at_each
 
 # Fiona asks only drivers that it has heard of.
 fiona.supported_drivers["Kestrin"] = "r"
@@ -28,12 +29,4 @@ def look_at(job):
           f"; net measures {measured:.2f} acres, in its table {told:.2f}")
 
 
-failed = 0
-for path in sys.argv[1:]:
-    print(path.rsplit("/", 1)[-1], flush=True)
-    try:
-        look_at(path)
-    except Exception as fault:  # whatever it is, the next job is looked at
-        failed = 1
-        print(f"  FAILED: {fault!r}")
-sys.exit(failed)
+sys.exit(look_at_each(look_at))

@@ -4,6 +4,7 @@ to one. Ends with 1 where something is not as it must be."""
 
 import sys
 
+from each import look_at_each
 from qgis.core import (
     QgsApplication,
     QgsDistanceArea,
@@ -69,13 +70,6 @@ def look_at(job):
 
 
 application = started()
-failed = 0
-for path in sys.argv[1:]:
-    print(path.rsplit("/", 1)[-1], flush=True)
-    try:
-        look_at(path)
-    except Exception as fault:  # whatever it is, the next job is looked at
-        failed = 1
-        print(f"  FAILED: {fault}")
+failed = look_at_each(look_at)
 application.exitQgis()
 sys.exit(failed)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -107,6 +108,15 @@ TEST(Crew, WithdrawnTaskIsNotDone) {
 
 TEST(Crew, WithdrawingWaitsForATaskThatHasBegun) {
   Crew crew(2);
+  Holding held;
+  crew.Post(held);
+  AwaitTrue(held.begun);
+  const std::jthread releasing([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    held.released = true;
+  });
+  crew.Withdraw(held);
+  EXPECT_TRUE(held.released);
   for (int time = 0; time < 100; ++time) {
     auto task = std::make_unique<Noting>();
     crew.Post(*task);

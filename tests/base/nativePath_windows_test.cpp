@@ -19,6 +19,12 @@ TEST(NativePath, IsMarkedOnlyWhenLong) {
   EXPECT_EQ(NativePath("\xff"), std::nullopt);
 }
 
+TEST(Utf8Text, HasMarksInThePlaceOfWhatIsNoUtf16) {
+  EXPECT_EQ(Utf8Text(L"Grün \xd83c\xdf31"), "Grün \xf0\x9f\x8c\xb1");
+  EXPECT_EQ(Utf8Text(L"a\xd83cz"), "a\xef\xbf\xbdz");
+  EXPECT_EQ(Utf8Text(L""), "");
+}
+
 TEST(NativePath, IsMarkedWhenShortBehindAFolderFarDown) {
   const test::TempFolder folder;
   const std::filesystem::path deep = folder.Path() / std::string(100, 'x');

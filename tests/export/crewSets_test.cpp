@@ -16,7 +16,7 @@
 namespace kestrin::exports {
 namespace {
 
-constexpr unsigned kThreads[] = {1, 2, 5};
+constexpr unsigned kThreads[] = {2, 5};
 
 /// What a run leaves.
 struct Left {

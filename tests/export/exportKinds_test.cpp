@@ -25,13 +25,11 @@ TEST(ExportKinds, TellTheFieldsThatTheirSetsHave) {
   test::RecordingHost host;
   const auto files = base::NativeFileSystem();
   ExportRun run{host, *files, {}};
-  std::vector<ExportKind> kinds(kExportKinds.begin(), kExportKinds.end());
-  kinds.insert(kinds.end(), kNamedKinds.begin(), kNamedKinds.end());
-  for (const ExportKind& kind : kinds) {
-    SCOPED_TRACE(kind.name);
-    const std::string base = folder / std::string(kind.suffix);
-    ASSERT_TRUE(kind.procedure(base, job, run).made);
-    EXPECT_EQ(Told(kind, job), test::ReadShapeSet(base, test::RecordBoxes::kAny).fields);
+  for (const ExportKind* kind : AllKinds()) {
+    SCOPED_TRACE(kind->name);
+    const std::string base = folder / std::string(kind->suffix);
+    ASSERT_TRUE(kind->procedure(base, job, run).made);
+    EXPECT_EQ(Told(*kind, job), test::ReadShapeSet(base, test::RecordBoxes::kAny).fields);
   }
 }
 

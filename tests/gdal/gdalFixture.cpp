@@ -90,13 +90,6 @@ GDALDatasetUniquePtr Translated(GDALDataset& from, const std::string& to,
   return GDALDatasetUniquePtr(GDALDataset::FromHandle(made));
 }
 
-std::vector<const exports::ExportKind*> AllKinds() {
-  std::vector<const exports::ExportKind*> kinds;
-  for (const exports::ExportKind& kind : exports::kExportKinds) kinds.push_back(&kind);
-  for (const exports::ExportKind& kind : exports::kNamedKinds) kinds.push_back(&kind);
-  return kinds;
-}
-
 std::string InWords(OGRFeature& feature, OGRwkbGeometryType multi) {
   std::string words = "feature " + std::to_string(feature.GetFID());
   for (int i = 0; i < feature.GetFieldCount(); ++i) {

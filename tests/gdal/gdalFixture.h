@@ -63,9 +63,6 @@ class GdalFixture : public testing::Test {
 GDALDatasetUniquePtr Translated(GDALDataset& from, const std::string& to,
                                 std::vector<std::string> arguments);
 
-/// The kinds with net last.
-std::vector<const exports::ExportKind*> AllKinds();
-
 /// A feature in words: ID, fields with their values, geometry to the bit. A line of one point has
 /// it twice, and a geometry of a set that is to be one of the type `multi` becomes that first.
 std::string InWords(OGRFeature& feature, OGRwkbGeometryType multi = wkbUnknown);

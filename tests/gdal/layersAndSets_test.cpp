@@ -1,12 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 
 #include "tests/gdal/gdalFixture.h"
 #include "tests/support/database.h"
 #include "tests/support/jobBuilder.h"
+#include "tests/support/manyJobs.h"
 
 namespace kestrin::gdal {
 namespace {
@@ -56,7 +55,7 @@ void LayersAndSets::ExpectLayerLikeSet(OGRLayer& layer, OGRLayer& set) {
 void LayersAndSets::ExpectLayersLikeSets(const std::string& job) {
   const GDALDatasetUniquePtr opened = OpenJob(job);
   ASSERT_TRUE(opened);
-  for (const exports::ExportKind* kind : test::AllKinds()) {
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
     SCOPED_TRACE(job + ", " + std::string(kind->name));
     OGRLayer* layer = opened->GetLayerByName(std::string(kind->name).c_str());
     ASSERT_TRUE(layer);
@@ -77,26 +76,13 @@ TEST_P(LayersOfSamples, EqualTheSetsFeatureByFeature) {
   ExpectLayersLikeSets(Sample("job.sqlite", GetParam().name, 1200));
 }
 
-INSTANTIATE_TEST_SUITE_P(Profiles, LayersOfSamples,
-                         testing::ValuesIn(sample::SampleProfiles().begin(),
-                                           sample::SampleProfiles().end()),
-                         [](const auto& profile) {
-                           std::string name(profile.param.name);
-                           std::erase(name, '-');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Profiles, LayersOfSamples, testing::ValuesIn(sample::SampleProfiles()),
+                         test::NameOfProfile);
 
-/// Jobs of real machines are no part of the sources.
 TEST_F(LayersAndSets, OfRecordedJobsAreEqual) {
-  const char* folder = std::getenv("KESTRIN_JOBS");
-  if (folder == nullptr) GTEST_SKIP() << "KESTRIN_JOBS names no folder of recorded jobs";
-  int jobs = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension() != ".sqlite") continue;
-    ++jobs;
-    ExpectLayersLikeSets(base::Utf8Of(entry.path()));
-  }
-  EXPECT_GT(jobs, 0) << "no job in " << folder;
+  const std::vector<std::string> jobs = test::RecordedJobs();
+  if (jobs.empty()) GTEST_SKIP() << "KESTRIN_JOBS names no folder of recorded jobs";
+  for (const std::string& job : jobs) ExpectLayersLikeSets(job);
 }
 
 TEST_F(LayersAndSets, GiveTheStretchOfOneRowAsALineThatEveryHostTakes) {

@@ -282,11 +282,11 @@ TEST_F(OpenJob, ReadsSeveralJobsAndLayersInThreadsAtOnce) {
     return test::FeaturesOf(*layer);
   };
   std::vector<std::vector<std::string>> alone;
-  for (const exports::ExportKind* kind : test::AllKinds()) {
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
     alone.push_back(read(*GdalFixture::OpenJob(job), *kind));
   }
   const auto shared = GdalFixture::OpenJob(job);
-  const auto kinds = test::AllKinds();
+  const auto kinds = exports::AllKinds();
   std::vector<std::vector<std::string>> one(kinds.size()), own(kinds.size());
   {
     std::vector<std::jthread> threads;

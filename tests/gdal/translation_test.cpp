@@ -49,7 +49,7 @@ void Translation::ExpectSameFeature(OGRFeature& before, OGRFeature& after) {
 
 TEST_P(Translation, KeepsEveryFeatureOfEveryLayer) {
   const auto job = OpenJob(Sample("job.sqlite", "unicode"));
-  for (const exports::ExportKind* kind : test::AllKinds()) {
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
     SCOPED_TRACE(kind->name);
     const std::string name(kind->name);
     const std::string target = folder_ / (name + "." + GetParam().extension);
@@ -109,7 +109,7 @@ TEST_F(Tools, ListTheLayersOfAJob) {
 
 TEST_F(Tools, SayOfEachLayerWhatTheySayOfItsSet) {
   const std::string job = Sample("job.sqlite");
-  for (const exports::ExportKind* kind : test::AllKinds()) {
+  for (const exports::ExportKind* kind : exports::AllKinds()) {
     ASSERT_TRUE(OpenSet(*kind, job));
     const std::string layer = Line("ogrinfo -so job.sqlite " + std::string(kind->name));
     const std::string set = Line("ogrinfo -so -al set" + std::string(kind->suffix) + ".shp");

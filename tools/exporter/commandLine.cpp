@@ -19,8 +19,7 @@ constexpr const char* kNet = "net";
 
 std::vector<std::string> KindNames() {
   std::vector<std::string> names;
-  for (const exports::ExportKind& kind : exports::kExportKinds) names.emplace_back(kind.name);
-  for (const exports::ExportKind& kind : exports::kNamedKinds) names.emplace_back(kind.name);
+  for (const exports::ExportKind* kind : exports::AllKinds()) names.emplace_back(kind->name);
   names.emplace_back(kEveryKind);
   return names;
 }

@@ -62,8 +62,6 @@ bool SumUpJob(const JobPlan& plan, const DateRules& dates, const Workshop& shop)
     if (const auto summary = Summarise(plan.jobPath, dates, host, shop.crew)) {
       shop.report.Summed(*summary);
     }
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception& error) {
     host.ShowMessage(error.what());
   }

@@ -18,30 +18,13 @@ std::wstring Wide(const std::string& path) {
   return *wide;
 }
 
-/// A name that is no UTF-16 comes out with marks in the place of what is wrong in it, and can
-/// then not be opened, which is said.
-std::string Utf8(const wchar_t* name) {
-  const int length = static_cast<int>(std::wcslen(name));
-  std::string text(static_cast<std::size_t>(length) * 3, '\0');
-  text.resize(static_cast<std::size_t>(WideCharToMultiByte(
-      CP_UTF8, 0, name, length, text.data(), static_cast<int>(text.size()), nullptr, nullptr)));
-  return text;
-}
-
-struct CloseHandleOf {
-  void operator()(void* handle) const { CloseHandle(handle); }
-};
-struct CloseSearch {
-  void operator()(void* search) const { FindClose(search); }
-};
-
 /// A junction can lead back to a folder above it, so a folder is known by its number.
 std::string IdentityOf(const std::string& path) {
   const HANDLE handle =
       CreateFileW(Wide(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                   nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (handle == INVALID_HANDLE_VALUE) throw base::FileError(path, base::ReasonOf(GetLastError()));
-  const std::unique_ptr<void, CloseHandleOf> folder(handle);
+  const std::unique_ptr<void, decltype(&CloseHandle)> folder(handle, &CloseHandle);
   BY_HANDLE_FILE_INFORMATION known{};
   if (!GetFileInformationByHandle(handle, &known)) {
     throw base::FileError(path, base::ReasonOf(GetLastError()));
@@ -51,7 +34,7 @@ std::string IdentityOf(const std::string& path) {
 }
 
 void Add(const WIN32_FIND_DATAW& entry, FolderListing& listing) {
-  const std::string name = Utf8(entry.cFileName);
+  const std::string name = base::Utf8Text(entry.cFileName);
   if (name == "." || name == "..") return;
   const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   (isFolder ? listing.folders : listing.files).push_back(name);
@@ -73,7 +56,7 @@ FolderListing ListFolder(const std::string& path) {
   const HANDLE handle = FindFirstFileW(Wide(base::WithSeparator(path) + '*').c_str(), &entry);
   DWORD code = GetLastError();
   if (handle != INVALID_HANDLE_VALUE) {
-    const std::unique_ptr<void, CloseSearch> search(handle);
+    const std::unique_ptr<void, decltype(&FindClose)> search(handle, &FindClose);
     do Add(entry, listing);
     while (FindNextFileW(handle, &entry));
     code = GetLastError();

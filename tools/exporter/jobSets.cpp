@@ -1,5 +1,6 @@
 #include "tools/exporter/jobSets.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -10,15 +11,10 @@
 
 namespace kestrin::exporter {
 
-JobSets::JobSets(const JobPlan& plan, const Workshop& shop)
-    : plan_(plan),
-      shop_(shop),
-      ended_(shop.options.kinds.size()),
-      failures_(shop.report, plan.jobPath, shop.options.kinds.size()) {}
-
 JobSets::~JobSets() {
-  for (std::size_t kind = next_; kind < ended_.size(); ++kind) Tell(kind);
-  failures_.Finish();
+  if (next_ == ended_.size()) return;
+  while (next_ < ended_.size()) TellSet(next_++);
+  TellFailures();
 }
 
 void JobSets::Make(std::size_t kind) {
@@ -39,8 +35,6 @@ std::optional<MadeSet> JobSets::Try(const exports::ExportKind& kind, SetHost& ho
     host.Yield();
     if (plan_.obstacle.empty()) return MakeSet(kind, host);
     host.ShowMessage(plan_.obstacle);
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const base::FileError& error) {
     host.ShowMessage(exports::NotWrittenText(error));
   } catch (const std::exception& error) {
@@ -72,15 +66,36 @@ std::optional<MadeSet> JobSets::MakeSet(const exports::ExportKind& kind, SetHost
 void JobSets::End(std::size_t kind, Ended ended) {
   const std::scoped_lock lock(mutex_);
   ended_[kind] = std::move(ended);
-  while (next_ < ended_.size() && ended_[next_]) Tell(next_++);
-  if (next_ == ended_.size()) failures_.Finish();
+  while (next_ < ended_.size() && ended_[next_]) TellSet(next_++);
+  if (next_ == ended_.size()) TellFailures();
 }
 
-void JobSets::Tell(std::size_t kind) {
-  if (!ended_[kind]) return;
-  const Ended ended = *std::exchange(ended_[kind], std::nullopt);
-  if (ended.made) shop_.report.Made(*ended.made);
-  failures_.Add(shop_.options.kinds[kind]->name, ended.texts);
+void JobSets::TellSet(std::size_t kind) const {
+  if (ended_[kind] && ended_[kind]->made) shop_.report.Made(*ended_[kind]->made);
+}
+
+void JobSets::TellFailures() const {
+  const auto& kinds = shop_.options.kinds;
+  // What a kind says after its first text follows from that.
+  const auto saysTheSame = [&](const std::optional<Ended>& ended) {
+    return ended && !ended->texts.empty() && ended->texts[0] == ended_[0]->texts[0];
+  };
+  if (kinds.size() > 1 && std::ranges::all_of(ended_, saysTheSame)) {
+    Failure failure{plan_.jobPath, false, {}, ended_[0]->texts[0]};
+    for (const auto* kind : kinds) failure.kinds.push_back(kind->name);
+    return shop_.report.Fail(failure);
+  }
+  for (std::size_t kind = 0; kind < kinds.size(); ++kind) {
+    if (!ended_[kind]) continue;
+    for (const std::string& text : ended_[kind]->texts) {
+      shop_.report.Fail({plan_.jobPath, false, {kinds[kind]->name}, text});
+    }
+  }
+}
+
+bool JobSets::AreComplete() const {
+  return std::ranges::all_of(ended_,
+                             [](const auto& ended) { return ended && ended->texts.empty(); });
 }
 
 }  // namespace kestrin::exporter

@@ -10,7 +10,6 @@
 #include "base/fileSystem.h"
 #include "tools/exporter/commandLine.h"
 #include "tools/exporter/console.h"
-#include "tools/exporter/jobFailures.h"
 #include "tools/exporter/jobPlan.h"
 #include "tools/exporter/report.h"
 #include "tools/exporter/setHost.h"
@@ -26,13 +25,15 @@ struct Workshop {
   Report& report;
 };
 
-/// The asked sets of one job. Kinds may be made side by side, each by any thread; what comes of
-/// them is reported in the order of the kinds.
+/// The asked sets of one job. Kinds may be made side by side, each by any thread. What comes of
+/// them is reported in the order of the kinds: a set when those before it have ended, failures
+/// when all have, since one line tells what every kind says.
 class JobSets {
  public:
   /// The plan must outlive it.
-  JobSets(const JobPlan& plan, const Workshop& shop);
-  /// Reports what was not, as kinds before it were never begun.
+  JobSets(const JobPlan& plan, const Workshop& shop)
+      : plan_(plan), shop_(shop), ended_(shop.options.kinds.size()) {}
+  /// Reports what was not, as a run that was stopped never began other kinds.
   ~JobSets();
   JobSets(const JobSets&) = delete;
   JobSets& operator=(const JobSets&) = delete;
@@ -41,8 +42,8 @@ class JobSets {
   /// stop; what was half made is gone then.
   void Make(std::size_t kind);
 
-  /// Whether all that have been made are there and complete.
-  bool AreComplete() const { return !failures_.Any(); }
+  /// Whether all are there and complete.
+  bool AreComplete() const;
 
  private:
   struct Ended {
@@ -53,14 +54,14 @@ class JobSets {
   std::optional<MadeSet> Try(const exports::ExportKind& kind, SetHost& host);
   std::optional<MadeSet> MakeSet(const exports::ExportKind& kind, SetHost& host);
   void End(std::size_t kind, Ended ended);
-  void Tell(std::size_t kind);
+  void TellSet(std::size_t kind) const;
+  void TellFailures() const;
 
   const JobPlan& plan_;
   const Workshop& shop_;
   std::mutex mutex_;
-  std::vector<std::optional<Ended>> ended_;  // by kind; emptied when told
-  std::size_t next_ = 0;                     // to tell
-  JobFailures failures_;
+  std::vector<std::optional<Ended>> ended_;  // by kind
+  std::size_t next_ = 0;                     // whose set is to tell
 };
 
 }  // namespace kestrin::exporter

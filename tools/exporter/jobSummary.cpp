@@ -1,7 +1,9 @@
 #include "tools/exporter/jobSummary.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdio>
 #include <exception>
 
 #include "base/text.h"
@@ -18,18 +20,13 @@
 namespace kestrin::exporter {
 namespace {
 
-/// Of at least so many digits.
-std::string Digits(std::int64_t number, std::size_t count) {
-  const std::string text = std::to_string(number);
-  return std::string(count - std::min(count, text.size()), '0') + text;
-}
-
 SummaryDay DayOf(jobstore::GpsKey key, const DateRules& dates) {
   const geo::LocalDateTime time = geo::LocalTimeOf(key, dates.zoneOffset);
   const std::chrono::year_month_day day(std::chrono::floor<std::chrono::days>(time));
-  return {geo::DateText(time, dates.months), Digits(static_cast<int>(day.year()), 4) + "-" +
-                                                 Digits(static_cast<unsigned>(day.month()), 2) +
-                                                 "-" + Digits(static_cast<unsigned>(day.day()), 2)};
+  std::array<char, 16> iso{};
+  std::snprintf(iso.data(), iso.size(), "%04d-%02u-%02u", static_cast<int>(day.year()),
+                static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()));
+  return {geo::DateText(time, dates.months), iso.data()};
 }
 
 void AddNames(const jobstore::ProductsRow& row, std::vector<std::string>& products) {
@@ -75,8 +72,6 @@ std::optional<double> FigureOf(const exports::ExportKind& kind, const std::strin
     // Any name will do, but none would be no set.
     const exports::ExportOutcome outcome = kind.procedure("summary", jobPath, run);
     if (!outcome.figures.empty()) return outcome.figures.front().value;
-  } catch (const base::RunCancelled&) {
-    throw;
   } catch (const std::exception& error) {
     host.ShowMessage(exports::NotMadeText(kind.name, error));
   }

@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 
 #include "base/utf8Path.h"
 #include "export/coverage/coverageExport.h"
 #include "tests/export/coverage/setJudge.h"
+#include "tests/support/manyJobs.h"
 #include "tests/support/recordingHost.h"
 #include "tests/support/tempFolder.h"
 #include "tools/sample/sampleJob.h"
@@ -45,32 +44,20 @@ TEST_P(SampleJobs, RingsAreValidAndTheGroundCovered) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Profiles, SampleJobs,
-                         testing::ValuesIn(sample::SampleProfiles().begin(),
-                                           sample::SampleProfiles().end()),
-                         [](const auto& profile) {
-                           std::string name(profile.param.name);
-                           std::erase(name, '-');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Profiles, SampleJobs, testing::ValuesIn(sample::SampleProfiles()),
+                         test::NameOfProfile);
 
-/// Jobs of real machines are no part of the sources.
 TEST(RecordedJobs, RingsAreValidAndTheGroundCovered) {
-  const char* folder = std::getenv("KESTRIN_JOBS");
-  if (folder == nullptr) GTEST_SKIP() << "KESTRIN_JOBS names no folder of recorded jobs";
-  int jobs = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension() != ".sqlite") continue;
-    ++jobs;
-    const std::string name = base::Utf8Of(entry.path().stem());
-    const test::Verdict verdict =
-        JudgeJob(name, base::Utf8Of(entry.path()), test::Asked::kAllGround);
+  const std::vector<std::string> jobs = test::RecordedJobs();
+  if (jobs.empty()) GTEST_SKIP() << "KESTRIN_JOBS names no folder of recorded jobs";
+  for (const std::string& job : jobs) {
+    const std::string name = base::Utf8Of(base::PathOf(job).stem());
+    const test::Verdict verdict = JudgeJob(name, job, test::Asked::kAllGround);
     std::printf("%s: %d rings, %zu faults, %.3f %% of the ground wrong\n", name.c_str(),
                 verdict.rings, verdict.faults.size(), 100 * verdict.all.Share());
     ExpectFitAndTrue(verdict);
     EXPECT_LE(verdict.all.Share(), test::kWrongShare) << name;
   }
-  EXPECT_GT(jobs, 0) << "no job in " << folder;
 }
 
 }  // namespace

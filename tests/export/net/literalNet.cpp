@@ -108,6 +108,12 @@ double AddQuad(geo::UtmPoint l0, geo::UtmPoint r0, geo::UtmPoint l1, geo::UtmPoi
   if (Meet(l0, l1, r0, r1, at)) {
     return AddTriangle(l0, r0, at, geos, areas) + AddTriangle(l1, r1, at, geos, areas);
   }
+  Geos::Area whole = geos.Inside(Line{l0, r0, r1, l1, l0});
+  if (geos.IsValid(whole)) {
+    const double area = geos.SquareMetres(whole);
+    areas.push_back(std::move(whole));
+    return area;
+  }
   // The diagonal that lies within it.
   if (Cross(l0, r1, r0) * Cross(l0, r1, l1) <= 0) {
     return AddTriangle(l0, r1, r0, geos, areas) + AddTriangle(l0, r1, l1, geos, areas);

@@ -5,6 +5,7 @@
 #include "export/net/netExport.h"
 #include "tests/export/net/literalNet.h"
 #include "tests/support/jobBuilder.h"
+#include "tests/support/manyJobs.h"
 #include "tests/support/recordingHost.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
@@ -120,9 +121,8 @@ std::vector<GroundCase> GroundCases() {
 
 INSTANTIATE_TEST_SUITE_P(NetGround, NetGroundOfSamples, testing::ValuesIn(GroundCases()),
                          [](const auto& at) {
-                           std::string name = at.param.profile;
-                           std::erase(name, '-');
-                           return name + (at.param.allSections ? "Whole" : "BySection") +
+                           return test::TestName(at.param.profile) +
+                                  (at.param.allSections ? "Whole" : "BySection") +
                                   std::to_string(at.param.rows);
                          });
 

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "tests/support/jobBuilder.h"
 #include "tests/support/shapeReader.h"
 #include "tests/tools/exporter/exportFixture.h"
@@ -60,6 +62,14 @@ TEST_F(ExportJson, SaysOfASetThatTheJobEndedAmidItsRows) {
   EXPECT_THAT(run.out, ::testing::HasSubstr(R"("kinds":["wire"],"message":"The job could not)"));
   EXPECT_THAT(run.out, ::testing::HasSubstr(R"("code":11,"reason":"the file is damaged)"));
   EXPECT_EQ(run.code, 1);
+}
+
+TEST_F(ExportJson, TellsTheSetsOfAJobBeforeItsFailures) {
+  // Without its targets the boom set has something to say, and there is one all the same.
+  test::Database(Sample("job.sqlite", 20)).Execute("DROP TABLE AsAppliedDesRateChangeTable");
+  const CommandResult run = Run({"--json", "--base", "x", "job.sqlite"});
+  const std::regex order(R"((.*"type":"set".*\n){4}(.*"type":"failure".*\n)+)");
+  EXPECT_TRUE(std::regex_match(run.out, order)) << run.out;
 }
 
 TEST_F(ExportJson, QuietLeavesFailuresAlone) {

@@ -10,6 +10,7 @@
 #include "jobstore/job.h"
 #include "jobstore/queries.h"
 #include "tests/support/database.h"
+#include "tests/support/manyJobs.h"
 #include "tests/support/tempFolder.h"
 #include "tools/sample/sampleJob.h"
 
@@ -37,15 +38,8 @@ class EveryProfile : public Sample, public ::testing::WithParamInterface<SampleP
   std::string Profile() const { return std::string(GetParam().name); }
 };
 
-std::string NameOf(const ::testing::TestParamInfo<SampleProfile>& info) {
-  std::string name;
-  for (const char c : info.param.name) {
-    if (c != '-') name += c;
-  }
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Sample, EveryProfile, ::testing::ValuesIn(SampleProfiles()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Sample, EveryProfile, ::testing::ValuesIn(SampleProfiles()),
+                         test::NameOfProfile);
 
 /// Without the one that shows what consoles and receivers do wrong.
 class EveryCleanProfile : public EveryProfile {};
@@ -56,7 +50,8 @@ std::vector<SampleProfile> CleanProfiles() {
   return profiles;
 }
 
-INSTANTIATE_TEST_SUITE_P(Sample, EveryCleanProfile, ::testing::ValuesIn(CleanProfiles()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Sample, EveryCleanProfile, ::testing::ValuesIn(CleanProfiles()),
+                         test::NameOfProfile);
 
 TEST_P(EveryProfile, IsTheSameToTheByteForASeed) {
   const std::string one = Make(Profile(), 1500, 7);
