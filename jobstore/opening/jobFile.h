@@ -25,6 +25,10 @@ std::string LibraryText(const std::filesystem::path& path);
 /// Failure: 0, for one that is missing or no regular file.
 std::uintmax_t SizeOf(const std::filesystem::path& file);
 
+/// When a file was last written to, in the system's own count.
+/// Failure: 0, as above.
+std::int64_t WrittenAt(const std::filesystem::path& file);
+
 /// Copies a file to a name that nothing has yet.
 /// Failure: false, with the reason in `error`.
 bool CopyTo(const std::filesystem::path& from, const std::filesystem::path& to,

@@ -63,6 +63,12 @@ std::uintmax_t SizeOf(const fs::path& file) {
   return error ? 0 : size;
 }
 
+std::int64_t WrittenAt(const fs::path& file) {
+  std::error_code error;
+  const auto time = fs::last_write_time(file, error);
+  return error ? 0 : time.time_since_epoch().count();
+}
+
 bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
   return fs::copy_file(from, to, error);
 }

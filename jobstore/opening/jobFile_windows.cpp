@@ -37,6 +37,12 @@ class Properties {
     return static_cast<std::uintmax_t>(size.QuadPart);
   }
 
+  std::int64_t Written() const {
+    FILETIME time{};
+    if (!IsFile() || !GetFileTime(handle_, nullptr, nullptr, &time)) return 0;
+    return (std::int64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime;
+  }
+
   /// Marked as a long one; empty where the drive cannot tell.
   std::wstring FinalPath() const {
     std::wstring path(GetFinalPathNameByHandleW(handle_, nullptr, 0, 0), L'\0');
@@ -73,6 +79,8 @@ std::string LibraryText(const fs::path& path) {
 }
 
 std::uintmax_t SizeOf(const fs::path& file) { return Properties(file.native()).Size(); }
+
+std::int64_t WrittenAt(const fs::path& file) { return Properties(file.native()).Written(); }
 
 bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
   if (CopyFileW(from.c_str(), to.c_str(), TRUE)) {

@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <fstream>
 
+#include "jobstore/opening/jobMarks.h"
+
 namespace kestrin::opening {
 namespace fs = std::filesystem;
 namespace {
@@ -27,9 +29,13 @@ PrivateFolder::~PrivateFolder() {
 
 PrivateCopy::PrivateCopy(const fs::path& job) {
   if (error_) return;
+  const JobMarks before = MarksOf(job);
   Copy(job, "");
   for (const char* suffix : {"-journal", "-wal"}) {
     if (!error_ && SizeOf(Beside(job, suffix)) > 0) Copy(job, suffix);
+  }
+  if (!error_ && !StillHold(before, job)) {
+    error_ = std::make_error_code(std::errc::device_or_resource_busy);
   }
   const fs::path journal = Beside(Path(), "-journal");
   if (!error_ && SizeOf(journal) > 0) error_ = HideSuperJournal(journal);

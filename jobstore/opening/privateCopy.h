@@ -36,7 +36,8 @@ class PrivateFolder {
 class PrivateCopy {
  public:
   /// Copies at once.
-  /// Failure: Error() says why; there is then nothing to be read.
+  /// Failure: Error() says why; there is then nothing to be read. It is "busy" where somebody
+  /// wrote to the job meanwhile.
   explicit PrivateCopy(const std::filesystem::path& job);
 
   const std::error_code& Error() const { return error_; }
