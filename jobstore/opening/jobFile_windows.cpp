@@ -92,17 +92,23 @@ bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
 }
 
 // The temporary folder is the user's own here.
-TemporaryFolder MakePrivateFolder(std::error_code& error) {
-  const fs::path root = fs::temp_directory_path(error);
-  if (error) return {};
+fs::path MakeOwnFolder(const fs::path& root, const std::string& begin, std::error_code& error) {
   std::random_device random;
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const fs::path folder = root / ("kestrin-copy-" + std::to_string(random()));
-    if (fs::create_directory(folder, error)) return {folder};
+    fs::path folder = root / (begin + std::to_string(random()));
+    if (fs::create_directory(folder, error)) return folder;
     if (error) return {};
   }
   error = std::make_error_code(std::errc::file_exists);
   return {};
+}
+
+std::shared_ptr<const void> UseFolder(const fs::path& folder) {
+  const HANDLE use =
+      CreateFileW((folder / "in-use").c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (use == INVALID_HANDLE_VALUE) return {};
+  return {use, CloseHandle};
 }
 
 }  // namespace kestrin::opening

@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <fstream>
 
+#include "base/utf8Path.h"
+#include "jobstore/opening/jobFile.h"
 #include "jobstore/opening/jobMarks.h"
 
 namespace kestrin::opening {
@@ -20,11 +22,42 @@ std::error_code HideSuperJournal(const fs::path& journal) {
   return {errno != 0 ? errno : EIO, std::generic_category()};
 }
 
+constexpr const char* kBegin = "kestrin-copy-";
+
+void RemoveAbandoned(const fs::path& root) {
+  std::error_code error;
+  for (fs::directory_iterator entry(root, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    const bool ours = base::Utf8Of(entry->path().filename()).starts_with(kBegin);
+    if (ours && UseFolder(entry->path())) fs::remove_all(entry->path(), ignored);
+  }
+}
+
 }  // namespace
+
+PrivateFolder::PrivateFolder() {
+  const fs::path root = fs::temp_directory_path(error_);
+  if (error_) return;
+  RemoveAbandoned(root);
+  // Not every drive can say that a folder is in use.
+  constexpr int kTries = 3;
+  for (int tries = 1;; ++tries) {
+    path_ = MakeOwnFolder(root, kBegin, error_);
+    if (error_) return;
+    use_ = UseFolder(path_);
+    // Before it was in use, it may have been taken for abandoned.
+    std::error_code gone;
+    if ((use_ || tries >= kTries) && fs::exists(path_, gone)) return;
+    fs::remove_all(path_, gone);
+  }
+}
 
 PrivateFolder::~PrivateFolder() {
   std::error_code ignored;
-  if (!folder_.path.empty()) fs::remove_all(folder_.path, ignored);
+  // Windows keeps what is open.
+  use_.reset();
+  if (!path_.empty()) fs::remove_all(path_, ignored);
 }
 
 PrivateCopy::PrivateCopy(const fs::path& job) {
