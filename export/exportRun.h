@@ -38,8 +38,8 @@ struct ExportOutcome {
   bool made = false;
   /// GPS rows read.
   std::int64_t epochs = 0;
-  /// What ended the GPS rows: kDone in good order, else the library's
-  /// error code, and the set then holds the rows before it.
+  /// What ended the rows: kDone in good order, else the library's error code, and the set then
+  /// holds what was read before it: all GPS rows where another table could not be read on.
   std::int32_t lastStep = jobstore::kDone;
   /// What else there is to say of a set that was made, or of there being none; mostly
   /// nothing.

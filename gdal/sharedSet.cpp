@@ -17,6 +17,7 @@
 #include "export/outcomeTexts.h"
 #include "export/setNames.h"
 #include "jobstore/job.h"
+#include "jobstore/opening/jobFile.h"
 #include "jobstore/opening/privateCopy.h"
 #include "jobstore/queries.h"
 

@@ -25,6 +25,7 @@ class Job {
   std::int32_t Result() const { return result_; }
 
   Database& Library() { return database_; }
+  const Database& Library() const { return database_; }
 
  private:
   Database database_;

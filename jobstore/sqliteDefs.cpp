@@ -9,6 +9,7 @@ namespace kestrin::jobstore {
 std::int32_t Database::linx_sqlite3_open(const std::string& path) {
   linx_sqlite3_close();
   job_ = opening::OpenJobFile(path);
+  firstError_ = kDone;
   return -job_.result;
 }
 
@@ -40,7 +41,13 @@ std::int32_t Statement::linx_sqlite3_prepare(Database& database, const std::stri
   if (statement == nullptr) return -SQLITE_ERROR;
   if (sqlite3_stmt_readonly(prepared) == 0) return -SQLITE_READONLY;
   prepared_ = std::move(statement);
+  database_ = &database;
   return ++database.statements_;
+}
+
+void Statement::KeepError(std::int32_t result) const {
+  // Stepping on without a statement says nothing of the job.
+  if (prepared_ && database_->firstError_ == kDone) database_->firstError_ = result;
 }
 
 void Statement::linx_getText(std::int32_t column, std::string& buffer) const {

@@ -35,6 +35,14 @@ class Database {
   /// linx_sqlite3_step. It must neither throw nor use this object.
   void CallDuringSteps(std::function<void()> call);
 
+  /// Whether all that was read so far is one state of the job. A console may write while a job
+  /// in write-ahead mode is read, which can mix rows from before with rows from after.
+  bool IsOneState() const { return job_.IsOneState(); }
+
+  /// The first error that a step of its statements ended with; kDone while there was none. Rows
+  /// of a change table that are cut off by one are missing as much as GPS rows.
+  std::int32_t FirstError() const { return firstError_; }
+
   /// The same as the end of the scope. Its statements must have been finalized before.
   void linx_sqlite3_close();
 
@@ -43,10 +51,11 @@ class Database {
 
   opening::OpenedJob job_;
   std::int32_t statements_ = 0;  // prepared so far
+  std::int32_t firstError_ = kDone;
 };
 
 /// A selection over a job's own tables, and the row it has reached. Finalized at the end of
-/// its scope.
+/// its scope, which must lie within that of its database.
 class Statement {
  public:
   /// Prepares the first statement in the text's first `length` characters. A statement is
@@ -57,7 +66,11 @@ class Statement {
                                     const std::int32_t& length);
 
   /// Steps to the next row: kRowReady, kDone, or the library's error code.
-  std::int32_t linx_sqlite3_step() { return sqlite3_step(prepared_.get()); }
+  std::int32_t linx_sqlite3_step() {
+    const std::int32_t result = sqlite3_step(prepared_.get());
+    if (result != kRowReady && result != kDone) KeepError(result);
+    return result;
+  }
 
   // The library's own getters are safe for no statement, no row and no such column: they
   // all read NULL then.
@@ -83,6 +96,9 @@ class Statement {
   void linx_sqlite3_finalize() { prepared_.reset(); }
 
  private:
+  void KeepError(std::int32_t result) const;
+
+  Database* database_ = nullptr;  // of what is prepared
   opening::StatementPtr prepared_;
 };
 

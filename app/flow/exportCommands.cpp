@@ -152,6 +152,8 @@ void ExportCommands::CopyJob(const std::string& basePath) {
   try {
     if (!ports_.files.Exists(copy)) opening::CopyJob(ports_.files, state_.JobPath(), copy);
   } catch (const base::FileError& error) {
+    // Another window may have put the same copy there meanwhile.
+    if (ports_.files.Exists(copy)) return;
     throw std::runtime_error("Error copying: " + error.Path() + ": " + error.Reason());
   }
 }

@@ -52,16 +52,21 @@ void JobSelection::TakeNames(const std::string& path) {
 }
 
 bool JobSelection::ReadJob(const std::string& path) {
+  std::string version;
+  {
+    jobstore::Job job(path, host_);
+    if (!job.IsOpen()) return false;
+    version = jobstore::RecordedFormat(job);
+  }
+  // A warning stands until somebody sees it, and the console is not to wait for that.
+  CheckFormat(version);
   jobstore::Job job(path, host_);
-  if (!job.IsOpen()) return false;
-  CheckFormat(job);
   CountRows(job);
   TakeLastTime(job);
-  return true;
+  return job.IsOpen();
 }
 
-void JobSelection::CheckFormat(jobstore::Job& job) {
-  const std::string version = jobstore::RecordedFormat(job);
+void JobSelection::CheckFormat(const std::string& version) {
   switch (CompareFormat(version)) {
     case FormatAge::kCompatible:
       break;

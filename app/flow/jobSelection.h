@@ -37,7 +37,7 @@ class JobSelection {
   void Select();
   void TakeNames(const std::string& path);
   bool ReadJob(const std::string& path);
-  void CheckFormat(jobstore::Job& job);
+  void CheckFormat(const std::string& version);
   void CountRows(jobstore::Job& job);
   void TakeLastTime(jobstore::Job& job);
   void ShowPreview(const std::string& path);

@@ -178,12 +178,15 @@ exports::ExportOutcome ExportBoomShape(const std::string& basePath, const std::s
   exports::ForEachRow<jobstore::References>(
       job, run.host, [&](const jobstore::ReferenceRow& row) { references.push_back(row); });
   const Timeline timeline = ReadTimeline(job, run.host);
+  if (references.empty() && job.Library().FirstError() != jobstore::kDone) {
+    return exports::NothingIn(job);
+  }
   if (references.empty()) throw exports::SubscriptError("the job has no reference location");
 
   BoomLayer layer(job, run, timeline, std::move(references));
   layer.LayAll();
   outcome.epochs = layer.Epochs();
-  outcome.lastStep = layer.LastStep();
+  outcome.lastStep = exports::EndOfReading(job, layer);
 
   shapefile::ShapefileSet set(run.files, basePath, shapefile::ShapeType::kPolyline, kFields,
                               run.options);

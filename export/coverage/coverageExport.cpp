@@ -20,7 +20,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
   exports::IsPreparedOrTold(offsets, run.host);
-  if (!offsets.HasReference()) return outcome;
+  if (!offsets.HasReference()) return exports::NothingIn(job);
 
   WidthTimeline widths = ReadWidths(job, run.host);
   jobstore::Query<jobstore::PolyEpochs> epochs(job);
@@ -35,7 +35,7 @@ exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::s
     polygons.Add(SwathRow::Of(centre, epoch.yaw, widths.At(epoch.time)), epoch.BeginsStretch());
   };
   outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
-  outcome.lastStep = epochs.LastStep();
+  outcome.lastStep = exports::EndOfReading(job, epochs);
   polygons.Finish();
   rings.Finish();
   outcome.made = writer.Finish();

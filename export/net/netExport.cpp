@@ -47,7 +47,7 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
   exports::IsPreparedOrTold(offsets, run.host);
-  if (!offsets.HasReference()) return outcome;
+  if (!offsets.HasReference()) return exports::NothingIn(job);
 
   Setups setups = ReadSetups(job, run.host);
   jobstore::Query<jobstore::BoomEpochs> epochs(job);
@@ -59,7 +59,7 @@ exports::ExportOutcome ExportNetShape(const std::string& basePath, const std::st
         track.Add(antenna, epoch.yaw, setups.At(epoch.time), epoch.boomStatus,
                   epoch.BeginsStretch());
       });
-  outcome.lastStep = epochs.LastStep();
+  outcome.lastStep = exports::EndOfReading(job, epochs);
 
   outcome.summary = InWords(track.Missing());
   Ground ground = NetGround(track, run.host);

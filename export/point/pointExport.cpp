@@ -103,7 +103,7 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::ReferencesWithAltitude> offsets(job);
   if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
-  if (!offsets.HasReference()) return outcome;
+  if (!offsets.HasReference()) return exports::NothingIn(job);
 
   const Groups groups = CountGroups(job);
   Record record(groups);
@@ -131,7 +131,7 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   };
   outcome.epochs = geo::WalkEpochs(epochs, offsets, run.host, add);
   batches.Finish();
-  outcome.lastStep = epochs.LastStep();
+  outcome.lastStep = exports::EndOfReading(job, epochs);
   if (!set) return outcome;
   set->Commit();
   outcome.made = true;

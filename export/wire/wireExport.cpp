@@ -78,7 +78,7 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
   if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
-  if (!offsets.HasReference()) return outcome;
+  if (!offsets.HasReference()) return exports::NothingIn(job);
 
   jobstore::Query<jobstore::WireEpochs> epochs(job);
   if (!epochs.Prepared()) {
@@ -94,7 +94,7 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
         if (!writer) writer.emplace(basePath, run);
         writer->Add(epoch.BeginsStretch(), point, offsets.Plane().ToGeo(point));
       });
-  outcome.lastStep = epochs.LastStep();
+  outcome.lastStep = exports::EndOfReading(job, epochs);
   if (!writer) return outcome;
   outcome.figures = {{"meters", writer->Finish()}};
   outcome.made = true;

@@ -20,6 +20,10 @@ bool HasPartsBeside(const fs::path& job) {
   return SizeOf(Beside(job, "-wal")) > 0 || HoldsChanges(Beside(job, "-journal"));
 }
 
+base::FileError WrittenMeanwhile(const std::string& job) {
+  return {job, "another program is writing to it"};
+}
+
 /// Ends with its scope.
 class Backup {
  public:
@@ -52,7 +56,25 @@ int BringTogether(const fs::path& job, const std::string& to) {
   const int code = sqlite3_open(to.c_str(), &database);
   const DatabasePtr target(database);
   if (code != SQLITE_OK) return code;
-  return Backup(opened.database.get(), database).Run(SizeOfAll(job) / kSmallestPage);
+  const int copied = Backup(opened.database.get(), database).Run(SizeOfAll(job) / kSmallestPage);
+  return opened.IsOneState() ? copied : SQLITE_BUSY;
+}
+
+/// Copies a job that is in one file while nobody writes to it; where nobody can be kept from
+/// that, a copy that somebody wrote to meanwhile goes again.
+void CopyAtRest(base::FileSystem& files, const std::string& job, const std::string& copy) {
+  const OpenedJob opened = OpenJobFile(job);
+  int code = opened.unreadable;
+  if (opened.database != nullptr) {
+    // Locks it, if only by asking.
+    code = sqlite3_exec(opened.database.get(), "SELECT count(*) FROM sqlite_master", nullptr,
+                        nullptr, nullptr);
+  }
+  if (code == SQLITE_BUSY) throw WrittenMeanwhile(job);
+  files.Copy(job, copy);
+  if (opened.IsOneState()) return;
+  files.Remove(copy);
+  throw WrittenMeanwhile(job);
 }
 
 /// A database in write-ahead mode asks for two files beside it wherever it is opened; this
@@ -69,12 +91,14 @@ bool LeaveWriteAheadMode(const fs::path& database) {
 
 void CopyJob(base::FileSystem& files, const std::string& job, const std::string& copy) {
   const fs::path file = JobFile(job);
-  if (file.empty() || !HasPartsBeside(file)) return files.Copy(job, copy);
+  if (file.empty()) return files.Copy(job, copy);
+  if (!HasPartsBeside(file)) return CopyAtRest(files, job, copy);
   const PrivateFolder folder;
   if (folder.Error()) throw base::FileError(job, folder.Error().message());
   const fs::path whole = folder.Path() / "whole.sqlite";
   int code = BringTogether(file, LibraryText(whole));
   if (code == SQLITE_DONE && !LeaveWriteAheadMode(whole)) code = SQLITE_IOERR;
+  if (code == SQLITE_BUSY) throw WrittenMeanwhile(job);
   if (code != SQLITE_DONE) throw base::FileError(job, "code " + std::to_string(code));
   files.Copy(base::Utf8Of(whole), copy);
 }

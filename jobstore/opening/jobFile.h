@@ -25,21 +25,23 @@ std::string LibraryText(const std::filesystem::path& path);
 /// Failure: 0, for one that is missing or no regular file.
 std::uintmax_t SizeOf(const std::filesystem::path& file);
 
+/// When a file was last written to, in the system's own count.
+/// Failure: 0, as above.
+std::int64_t WrittenAt(const std::filesystem::path& file);
+
 /// Copies a file to a name that nothing has yet.
 /// Failure: false, with the reason in `error`.
 bool CopyTo(const std::filesystem::path& from, const std::filesystem::path& to,
             std::error_code& error);
 
-/// A folder in the system's temporary one.
-struct TemporaryFolder {
-  std::filesystem::path path;
-  /// Until this is gone, nobody takes the folder for one that a killed process has left.
-  std::shared_ptr<const void> use{};
-};
-
-/// Makes a new folder that only this user can enter. On Linux those that killed processes of
-/// this user have left go first.
+/// Makes a new folder that only this user can enter, with a name in `root` that begins so.
 /// Failure: an empty path, with the reason in `error`.
-TemporaryFolder MakePrivateFolder(std::error_code& error);
+std::filesystem::path MakeOwnFolder(const std::filesystem::path& root, const std::string& begin,
+                                    std::error_code& error);
+
+/// Has a folder of this user to itself, by a file "in-use" in it, until what it returns or the
+/// process is gone. (Whoever writes a set there locks the folder itself.)
+/// Failure: null where somebody else has it, or it is somebody else's.
+std::shared_ptr<const void> UseFolder(const std::filesystem::path& folder);
 
 }  // namespace kestrin::opening

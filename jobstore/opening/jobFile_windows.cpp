@@ -37,6 +37,12 @@ class Properties {
     return static_cast<std::uintmax_t>(size.QuadPart);
   }
 
+  std::int64_t Written() const {
+    FILETIME time{};
+    if (!IsFile() || !GetFileTime(handle_, nullptr, nullptr, &time)) return 0;
+    return (std::int64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime;
+  }
+
   /// Marked as a long one; empty where the drive cannot tell.
   std::wstring FinalPath() const {
     std::wstring path(GetFinalPathNameByHandleW(handle_, nullptr, 0, 0), L'\0');
@@ -74,6 +80,8 @@ std::string LibraryText(const fs::path& path) {
 
 std::uintmax_t SizeOf(const fs::path& file) { return Properties(file.native()).Size(); }
 
+std::int64_t WrittenAt(const fs::path& file) { return Properties(file.native()).Written(); }
+
 bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
   if (CopyFileW(from.c_str(), to.c_str(), TRUE)) {
     error.clear();
@@ -84,17 +92,23 @@ bool CopyTo(const fs::path& from, const fs::path& to, std::error_code& error) {
 }
 
 // The temporary folder is the user's own here.
-TemporaryFolder MakePrivateFolder(std::error_code& error) {
-  const fs::path root = fs::temp_directory_path(error);
-  if (error) return {};
+fs::path MakeOwnFolder(const fs::path& root, const std::string& begin, std::error_code& error) {
   std::random_device random;
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const fs::path folder = root / ("kestrin-copy-" + std::to_string(random()));
-    if (fs::create_directory(folder, error)) return {folder};
+    fs::path folder = root / (begin + std::to_string(random()));
+    if (fs::create_directory(folder, error)) return folder;
     if (error) return {};
   }
   error = std::make_error_code(std::errc::file_exists);
   return {};
+}
+
+std::shared_ptr<const void> UseFolder(const fs::path& folder) {
+  const HANDLE use =
+      CreateFileW((folder / "in-use").c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (use == INVALID_HANDLE_VALUE) return {};
+  return {use, CloseHandle};
 }
 
 }  // namespace kestrin::opening

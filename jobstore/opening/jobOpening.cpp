@@ -1,7 +1,6 @@
 #include "jobstore/opening/jobOpening.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "jobstore/opening/immutableUri.h"
@@ -17,14 +16,19 @@ namespace {
 constexpr int kBusyMilliseconds = 1000;
 
 /// Whether a file's header says that it is written ahead; what is no database may say so too.
-bool IsWrittenAhead(const fs::path& path) {
-  constexpr std::size_t kReadVersion = 19;
-  char bytes[kReadVersion + 1] = {};
-  std::ifstream(path, std::ios::binary).read(bytes, sizeof bytes);
-  return bytes[kReadVersion] == 2;
+/// Read by the library's own handle: on POSIX systems, whoever closes a file that was opened
+/// apart gives up every lock that the process has on it, those of other connections too.
+bool IsWrittenAhead(sqlite3* database) {
+  constexpr sqlite3_int64 kReadVersion = 19;
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  char version = 0;
+  if (file == nullptr || file->pMethods == nullptr) return false;
+  return file->pMethods->xRead(file, &version, 1, kReadVersion) == SQLITE_OK && version == 2;
 }
 
 int Failure(const std::error_code& error) {
+  if (error == std::errc::device_or_resource_busy) return SQLITE_BUSY;
   return error == std::errc::no_space_on_device ? SQLITE_FULL : SQLITE_IOERR;
 }
 
@@ -59,6 +63,13 @@ int SetUp(sqlite3* database, const Way& way) {
   if (result == SQLITE_OK && way.setUp != nullptr) {
     result = sqlite3_exec(database, way.setUp, nullptr, nullptr, nullptr);
   }
+  return result;
+}
+
+/// From the first statement on, all are one transaction: none of them sees what a console
+/// writes between two.
+int BeginReading(sqlite3* database) {
+  const int result = sqlite3_exec(database, "BEGIN", nullptr, nullptr, nullptr);
   return result != SQLITE_OK ? result : AllowSelectionsOnly(database);
 }
 
@@ -70,21 +81,33 @@ int ReadSchema(sqlite3* database) {
   return code == SQLITE_OK ? code : sqlite3_extended_errcode(database);
 }
 
-/// Opens one way and reads the schema.
-void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
+void Connect(const Way& way, OpenedJob& opened) {
   sqlite3* database = nullptr;
   // One thread at a time uses a connection, so it needs no mutexes: they would be
   // taken for every column of every row.
   opened.result =
       sqlite3_open_v2(way.name.c_str(), &database, way.flags | SQLITE_OPEN_NOMUTEX, way.vfs);
-  opened.budget = std::make_unique<WorkBudget>(size);
   opened.database.reset(database);
+}
+
+/// Reads the schema of what was connected one way.
+void Begin(const Way& way, std::uintmax_t size, OpenedJob& opened) {
+  sqlite3* const database = opened.database.get();
+  opened.budget = std::make_unique<WorkBudget>(size);
   if (opened.result == SQLITE_OK) {
     opened.budget->Watch(database);
     opened.result = SetUp(database, way);
   }
   if (opened.result == SQLITE_OK) opened.unreadable = ReadSchema(database);
+  if (opened.result == SQLITE_OK && opened.unreadable == SQLITE_OK) {
+    opened.result = BeginReading(database);
+  }
   if (opened.result != SQLITE_OK || opened.unreadable != SQLITE_OK) opened.database.reset();
+}
+
+void Open(const Way& way, std::uintmax_t size, OpenedJob& opened) {
+  Connect(way, opened);
+  Begin(way, size, opened);
 }
 
 OpenedJob OpenRepaired(const fs::path& job) {
@@ -99,13 +122,20 @@ OpenedJob OpenRepaired(const fs::path& job) {
 }
 
 OpenedJob OpenAny(const fs::path& job) {
-  const bool log = SizeOf(Beside(job, "-wal")) > 0;
-  const bool atRest = !log && IsWrittenAhead(job);
-  // The immutable way never looks for a journal.
-  if (atRest && SizeOf(Beside(job, "-journal")) > 0) return OpenRepaired(job);
   OpenedJob opened;
-  Open(log ? WithLog(job) : atRest ? Immutable(job) : InPlace(job), SizeOfAll(job), opened);
+  const bool log = SizeOf(Beside(job, "-wal")) > 0;
+  if (!log) Connect(InPlace(job), opened);
+  if (!log && !IsWrittenAhead(opened.database.get())) {
+    Begin(InPlace(job), SizeOfAll(job), opened);
+  } else {
+    // The immutable way never looks for a journal.
+    if (!log && SizeOf(Beside(job, "-journal")) > 0) return OpenRepaired(job);
+    opened.unlocked = {job, MarksOf(job)};
+    Open(log ? WithLog(job) : Immutable(job), SizeOfAll(job), opened);
+  }
   if (opened.unreadable == SQLITE_READONLY_ROLLBACK) return OpenRepaired(job);
+  // What was half written looks like damage.
+  if (opened.unreadable != SQLITE_OK && !opened.IsOneState()) opened.unreadable = SQLITE_BUSY;
   return opened;
 }
 

@@ -3,6 +3,10 @@
 #include <cerrno>
 #include <fstream>
 
+#include "base/utf8Path.h"
+#include "jobstore/opening/jobFile.h"
+#include "jobstore/opening/jobMarks.h"
+
 namespace kestrin::opening {
 namespace fs = std::filesystem;
 namespace {
@@ -18,18 +22,53 @@ std::error_code HideSuperJournal(const fs::path& journal) {
   return {errno != 0 ? errno : EIO, std::generic_category()};
 }
 
+constexpr const char* kBegin = "kestrin-copy-";
+
+void RemoveAbandoned(const fs::path& root) {
+  std::error_code error;
+  for (fs::directory_iterator entry(root, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    const bool ours = base::Utf8Of(entry->path().filename()).starts_with(kBegin);
+    if (ours && UseFolder(entry->path())) fs::remove_all(entry->path(), ignored);
+  }
+}
+
 }  // namespace
+
+PrivateFolder::PrivateFolder() {
+  const fs::path root = fs::temp_directory_path(error_);
+  if (error_) return;
+  RemoveAbandoned(root);
+  // Not every drive can say that a folder is in use.
+  constexpr int kTries = 3;
+  for (int tries = 1;; ++tries) {
+    path_ = MakeOwnFolder(root, kBegin, error_);
+    if (error_) return;
+    use_ = UseFolder(path_);
+    // Before it was in use, it may have been taken for abandoned.
+    std::error_code gone;
+    if ((use_ || tries >= kTries) && fs::exists(path_, gone)) return;
+    fs::remove_all(path_, gone);
+  }
+}
 
 PrivateFolder::~PrivateFolder() {
   std::error_code ignored;
-  if (!folder_.path.empty()) fs::remove_all(folder_.path, ignored);
+  // Windows keeps what is open.
+  use_.reset();
+  if (!path_.empty()) fs::remove_all(path_, ignored);
 }
 
 PrivateCopy::PrivateCopy(const fs::path& job) {
   if (error_) return;
+  const JobMarks before = MarksOf(job);
   Copy(job, "");
   for (const char* suffix : {"-journal", "-wal"}) {
     if (!error_ && SizeOf(Beside(job, suffix)) > 0) Copy(job, suffix);
+  }
+  if (!error_ && !StillHold(before, job)) {
+    error_ = std::make_error_code(std::errc::device_or_resource_busy);
   }
   const fs::path journal = Beside(Path(), "-journal");
   if (!error_ && SizeOf(journal) > 0) error_ = HideSuperJournal(journal);

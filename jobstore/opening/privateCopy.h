@@ -1,28 +1,29 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
-
-#include "jobstore/opening/jobFile.h"
 
 namespace kestrin::opening {
 
 /// A new folder in the system's temporary one that only this user can enter. It goes at the end
-/// of the scope with all that lies in it; one whose process was killed goes with the next.
+/// of the scope with all that lies in it; those whose processes were killed go with the next.
 class PrivateFolder {
  public:
   /// Failure: Error() says why; there is then no folder.
-  PrivateFolder() : folder_(MakePrivateFolder(error_)) {}
+  PrivateFolder();
   ~PrivateFolder();
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;
 
   const std::error_code& Error() const { return error_; }
-  const std::filesystem::path& Path() const { return folder_.path; }
+  const std::filesystem::path& Path() const { return path_; }
 
  private:
   std::error_code error_;
-  TemporaryFolder folder_;
+  std::filesystem::path path_;
+  // Nobody takes the folder for an abandoned one meanwhile.
+  std::shared_ptr<const void> use_;
 };
 
 /// A copy of a job and of what lies beside it (rollback journal, write-ahead log) in a private
@@ -36,7 +37,8 @@ class PrivateFolder {
 class PrivateCopy {
  public:
   /// Copies at once.
-  /// Failure: Error() says why; there is then nothing to be read.
+  /// Failure: Error() says why; there is then nothing to be read. It is "busy" where somebody
+  /// wrote to the job meanwhile.
   explicit PrivateCopy(const std::filesystem::path& job);
 
   const std::error_code& Error() const { return error_; }

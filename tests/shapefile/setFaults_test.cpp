@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <functional>
 #include <set>
+#include <string>
+#include <vector>
 
 #include "shapefile/shapefileSet.h"
 #include "tests/support/faultyFileSystem.h"
@@ -71,6 +74,24 @@ class SetFaults : public testing::TestWithParam<bool> {
   test::FaultyFileSystem faulty_{*files_};
   std::string base_ = folder_ / "job_WIRE";
 };
+
+TEST_P(SetFaults, EveryFileIsSyncedBeforeAnyHasItsName) {
+  std::vector<std::string> operations;
+  for (;;) {
+    faulty_.FailAt(static_cast<int>(operations.size()) + 1);
+    try {
+      WriteSet(base_);
+      break;
+    } catch (const base::FileError&) {
+      operations.push_back(faulty_.FailedOperation());
+    }
+  }
+  const auto named = std::ranges::find(operations, "publish");
+  EXPECT_EQ(std::count(operations.begin(), named, "sync"), GetParam() ? 5 : 3);
+  EXPECT_EQ(std::count(named, operations.end(), "sync"), 0);
+  EXPECT_EQ(std::count(named, operations.end(), "publish"), GetParam() ? 5 : 3);
+  EXPECT_EQ(operations.back(), "sync folder");
+}
 
 TEST_P(SetFaults, NothingIsLeftWhicheverOperationFails) {
   for (const Lasts lasts : {Lasts::kOnce, Lasts::kEverSince}) {

@@ -3,25 +3,23 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <random>
 #include <set>
 #include <thread>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 #include "base/temporaryName.h"
 #include "shapefile/shapefileSet.h"
 #include "tests/support/faultyFileSystem.h"
+#include "tests/support/fork.h"
 #include "tests/support/shapeReader.h"
 #include "tests/support/tempFolder.h"
 
@@ -29,6 +27,10 @@
 
 namespace kestrin::shapefile {
 namespace {
+
+using test::Child;
+using test::Fork;
+using test::Wait;
 
 const std::array<Field, 1> kOneField{{{"ID", 'N', 8, 0}}};
 
@@ -38,43 +40,6 @@ void WriteSet(base::FileSystem& files, const std::string& base, int points, bool
   for (int i = 0; i < points; ++i) set.AddPoint({1.0 * i, -1.0 * i}, "        0");
   set.Commit();
 }
-
-/// Runs `action` in a process of its own, which ends with what it returns.
-pid_t Fork(const std::function<int()>& action) {
-  const pid_t child = fork();
-  if (child == 0) {
-    int code = 99;
-    try {
-      code = action();
-    } catch (const std::exception& error) {
-      std::fprintf(stderr, "%s\n", error.what());
-    }
-    _exit(code);
-  }
-  return child;
-}
-
-/// The exit code, or a signal's number made negative.
-int Wait(pid_t child) {
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
-/// Killed at the end of the scope, also of a test that fails.
-class Child {
- public:
-  explicit Child(pid_t child) : child_(child) {}
-  ~Child() {
-    if (child_ < 0) return;
-    kill(child_, SIGKILL);
-    EXPECT_EQ(Wait(child_), -SIGKILL);
-  }
-  Child(Child&& other) noexcept : child_(std::exchange(other.child_, -1)) {}
-
- private:
-  pid_t child_;
-};
 
 constexpr int kLeftNothing = 0;
 constexpr int kLeftSomething = 1;

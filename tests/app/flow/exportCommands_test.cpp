@@ -175,6 +175,15 @@ TEST_P(ExportCommand, ACopyThatFailsIsSaidOnceAndRestoresTheControls) {
   EXPECT_TRUE(job.idle);
 }
 
+TEST_P(ExportCommand, ACopyThatAnotherWindowMadeMeanwhileIsAsGood) {
+  files.onCopy = [&](const std::string&) {
+    files.names.insert(Own("/out/North.Field.sqlite"));
+    files.refused.insert(Own("/out/North.Field.sqlite"));
+  };
+  Click();
+  EXPECT_THAT(Between(), Not(testing::Contains(testing::HasSubstr("Error copying"))));
+}
+
 TEST_P(ExportCommand, AFolderThatCannotBeLookedIntoIsSaidOnceAndRestoresTheControls) {
   files.unreadable = Own("/out/");
   Click();

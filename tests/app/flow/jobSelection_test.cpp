@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "tests/app/flow/flowTest.h"
+#include "tests/support/database.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::flow {
@@ -142,6 +143,15 @@ TEST_F(Selection, ANewerJobIsWarnedOfAndShownAllTheSame) {
                           "properly.\r\n\r\nVisit www.kestrin.example to download the latest "
                           "version of Kestrin."));
   EXPECT_NE(state.preview.jobPath, "");
+}
+
+TEST_F(Selection, LetsTheConsoleWriteWhileAWarningStands) {
+  int result = SQLITE_ERROR;
+  window.onWarning = [&] {
+    result = test::Database(window.chosen.value_or("")).Result("UPDATE GpsDataTable SET speed = 2");
+  };
+  SelectVersion("3.2.8-2");
+  EXPECT_EQ(result, SQLITE_OK);
 }
 
 TEST_F(Selection, AnUnknownFormatIsWarnedOfAndShownAllTheSame) {

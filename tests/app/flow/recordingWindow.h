@@ -42,6 +42,7 @@ class RecordingWindow : public flow::Controls,
   void ShowMessage(const std::string& text) override { Add("ShowMessage " + text); }
   void ShowWarning(const std::string& title, const std::string& text) override {
     Add("ShowWarning [" + title + "] " + text);
+    if (onWarning) onWarning();
   }
   bool AskYesNo(const std::string& text) override;
   std::string DocumentsFolder() override { return documents; }
@@ -79,6 +80,7 @@ class RecordingWindow : public flow::Controls,
   bool yes = true;
   int yields = 0;
   std::function<void()> onEvents;
+  std::function<void()> onWarning;
   std::function<void()> onYield;
   /// Hears of every step of the job sheet.
   std::function<void(const std::string& call)> onSheet;

@@ -105,6 +105,44 @@ TEST_F(JobCopy, ThatFailsIsAbsent) {
   EXPECT_EQ(test::StateOf(sets_.Path()).size(), 1U);
 }
 
+/// Writes to the job as soon as it is being copied.
+struct MeanwhileFiles : test::FaultyFileSystem {
+  using FaultyFileSystem::FaultyFileSystem;
+  void Copy(const std::string& from, const std::string& to) override {
+    FaultyFileSystem::Copy(from, to);
+    result = test::Database(from).Result("UPDATE GpsDataTable SET speed = 9");
+  }
+  int result = SQLITE_OK;
+};
+
+TEST_F(JobCopy, KeepsAConsoleFromWritingMeanwhile) {
+  MeanwhileFiles files(*files_);
+  CopyJob(files, Make(JobState::kAtRest), copy_);
+  EXPECT_EQ(files.result, SQLITE_BUSY);
+  ExpectWhole(copy_);
+}
+
+TEST_F(JobCopy, OfAJobThatIsWrittenAheadMeanwhileIsAbsent) {
+  MeanwhileFiles files(*files_);
+  const std::string job = Make(JobState::kWriteAhead);
+  try {
+    CopyJob(files, job, copy_);
+    ADD_FAILURE() << "copied";
+  } catch (const base::FileError& error) {
+    EXPECT_EQ(error.Path(), job);
+    EXPECT_EQ(error.Reason(), "another program is writing to it");
+  }
+  EXPECT_EQ(files.result, SQLITE_OK);
+  EXPECT_EQ(test::StateOf(sets_.Path()).size(), 1U);
+}
+
+TEST_F(JobCopy, OfAJobThatItsConsoleKeepsLockedIsAFailure) {
+  const std::string job = Make(JobState::kAtRest);
+  test::Database console(job);
+  console.Execute("BEGIN EXCLUSIVE");
+  ExpectFailure(job, job);
+}
+
 TEST_F(JobCopy, OfAJobThatIsGoneIsAFailure) { ExpectFailure(jobs_ / "gone", jobs_ / "gone"); }
 
 TEST_F(JobCopy, OfNoDatabaseBesideALogIsAFailure) {

@@ -1,6 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include <string>
 
 #include "jobstore/opening/privateCopy.h"
+#include "tests/support/fork.h"
 #include "tests/support/tempFolder.h"
 
 /// What becomes of private folders when their process is killed.
@@ -36,13 +35,11 @@ class PrivateFolderOfAProcess : public testing::Test {
 };
 
 TEST_F(PrivateFolderOfAProcess, GoesWithTheNextOneOnceItWasKilled) {
-  const pid_t child = fork();
-  if (child == 0) {
+  test::Wait(test::Fork([] {
     const PrivateFolder folder;
     std::ofstream(folder.Path() / "job.sqlite") << "copy";
-    raise(SIGKILL);
-  }
-  waitpid(child, nullptr, 0);
+    return raise(SIGKILL);
+  }));
   EXPECT_EQ(Folders(), 1);
   {
     const PrivateFolder next;
