@@ -29,7 +29,9 @@ ImplementSetup SetupOf(const jobstore::ImplementRow& row) {
 }
 
 void Timeline::AppendDesiredRates(const jobstore::RatesRow& row) {
-  entries_.push_back({row.time, row.rates, 0, 0});
+  const jobstore::GpsKey latest =
+      byLatest_.empty() ? row.time : std::max(row.time, byLatest_.rbegin()->first);
+  byLatest_.emplace_hint(byLatest_.end(), latest, TimelineEntry{row.time, row.rates, 0, 0});
 }
 
 void Timeline::MergeProducts(const jobstore::ProductsRow& row) {
@@ -43,26 +45,17 @@ void Timeline::MergeImplement(const jobstore::ImplementRow& row) {
 }
 
 TimelineEntry& Timeline::EntryAt(jobstore::GpsKey time) {
-  // Keys that do not order as stored (not integers) can come out of order: such a
-  // row is looked for from the front again.
-  if (time < lastMerged_) EndTable();
-  lastMerged_ = time;
-  while (moved_ < entries_.size() && entries_[moved_].time < time) {
-    passed_.push_back(entries_[moved_++]);
+  auto at = byLatest_.lower_bound(time);
+  if (at == byLatest_.end() || at->first != time) {
+    at = byLatest_.emplace_hint(at, time, TimelineEntry{time, {}, 0, 0});
   }
-  if (!passed_.empty() && passed_.back().time == time) return passed_.back();
-  if (moved_ < entries_.size() && entries_[moved_].time == time) return entries_[moved_];
-  passed_.push_back({time, {}, 0, 0});
-  return passed_.back();
+  return at->second;
 }
 
-void Timeline::EndTable() {
-  passed_.insert(passed_.end(), entries_.begin() + static_cast<std::ptrdiff_t>(moved_),
-                 entries_.end());
-  entries_ = std::move(passed_);
-  passed_.clear();
-  moved_ = 0;
-  lastMerged_ = {INT32_MIN, INT32_MIN};
+void Timeline::Close() {
+  entries_.reserve(byLatest_.size());
+  for (const auto& [latest, entry] : byLatest_) entries_.push_back(entry);
+  byLatest_.clear();
 }
 
 void Timeline::FillForward() {
@@ -81,10 +74,9 @@ Timeline ReadTimeline(jobstore::Job& job, base::RunHost& host) {
       job, host, [&](const auto& row) { timeline.AppendDesiredRates(row); });
   exports::ForEachRow<jobstore::Products>(job, host,
                                           [&](const auto& row) { timeline.MergeProducts(row); });
-  timeline.EndTable();
   exports::ForEachRow<jobstore::Implements>(job, host,
                                             [&](const auto& row) { timeline.MergeImplement(row); });
-  timeline.EndTable();
+  timeline.Close();
   timeline.FillForward();
   return timeline;
 }

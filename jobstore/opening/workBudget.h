@@ -27,8 +27,13 @@ class WorkBudget {
 
   void Watch(sqlite3* database);
 
-  /// Grants the full budget anew; for each statement prepared.
-  void Renew() { left_ = full_; }
+  /// Grants the full budget anew, unless it is shared; for each statement prepared.
+  void Renew() {
+    if (!shared_) left_ = full_;
+  }
+
+  /// What is left now is for all statements to come.
+  void Share() { shared_ = true; }
 
   /// `call` is called now and then while a statement works, many times in a
   /// millisecond; it must neither throw nor use the connection.
@@ -39,6 +44,7 @@ class WorkBudget {
 
   std::int64_t full_;
   std::int64_t left_;
+  bool shared_ = false;
   std::function<void()> meanwhile_;
 };
 
