@@ -1,12 +1,17 @@
 #include "export/boom/timeline.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/text.h"
 #include "export/tableRows.h"
+#include "shapefile/attributeTable.h"
 
 namespace kestrin::boom {
 namespace {
+
+/// What the set shows of a name: a job made to do harm has long ones by the million.
+std::string Shown(std::string_view name) { return std::string(shapefile::NameText(name)); }
 
 bool AllEmpty(const ProductNames& names) {
   return std::all_of(names.begin(), names.end(), [](const auto& name) { return name.empty(); });
@@ -19,7 +24,7 @@ bool AllZero(const std::array<double, jobstore::kProductSlots>& rates) {
 }  // namespace
 
 ImplementSetup SetupOf(const jobstore::ImplementRow& row) {
-  ImplementSetup setup{std::string(base::TrimmedBlanks(row.name)), {}};
+  ImplementSetup setup{Shown(base::TrimmedBlanks(row.name)), {}};
   for (const jobstore::Section& section : row.sections) {
     if (section.width >= 0) {
       setup.sections.push_back({section.width / 2, section.xOffset, section.yOffset});
@@ -36,7 +41,8 @@ void Timeline::AppendDesiredRates(const jobstore::RatesRow& row) {
 
 void Timeline::MergeProducts(const jobstore::ProductsRow& row) {
   EntryAt(row.time).products = static_cast<std::uint32_t>(products_.size());
-  products_.push_back(row.names);
+  ProductNames& shown = products_.emplace_back();
+  std::ranges::transform(row.names, shown.begin(), Shown);
 }
 
 void Timeline::MergeImplement(const jobstore::ImplementRow& row) {

@@ -20,8 +20,8 @@ struct UsedSection {
   double yOffset = 0;
 };
 
-/// What an implement row says of the boom: the name without its leading and
-/// trailing blanks, and the sections whose width is not negative, in slot order.
+/// What an implement row says of the boom: of the name without its leading and trailing
+/// blanks what a set shows, and the sections whose width is not negative, in slot order.
 struct ImplementSetup {
   std::string name;
   std::vector<UsedSection> sections;
@@ -29,6 +29,7 @@ struct ImplementSetup {
 
 ImplementSetup SetupOf(const jobstore::ImplementRow& row);
 
+/// What a set shows of them.
 using ProductNames = std::array<std::string, jobstore::kProductSlots>;
 
 /// What is in force from `time` on. Products and implement are numbers of the

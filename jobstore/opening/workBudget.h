@@ -12,8 +12,8 @@ namespace kestrin::opening {
 /// for.
 ///
 /// The tree of a forged file can lead to the same pages over and over: a few
-/// kilobytes then hold rows without end, and sorting them fills the temporary disk
-/// before the first one comes.
+/// kilobytes then hold rows without end, or rows of a megabyte each, and sorting them fills
+/// the temporary disk before the first one comes.
 /// Failure: such a statement's step ends with SQLITE_INTERRUPT.
 ///
 /// Must stay where it is, and exist, as long as the connection it watches.
@@ -41,7 +41,9 @@ class WorkBudget {
 
  private:
   static int Spend(void* budget);
+  std::int64_t PagesSinceLast() const;
 
+  sqlite3* database_ = nullptr;
   std::int64_t full_;
   std::int64_t left_;
   bool shared_ = false;

@@ -131,6 +131,13 @@ TEST(Timeline, ImplementNameLosesOuterBlanksAndProductNamesDoNot) {
   EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[0])[0], " Urea ");
 }
 
+TEST(Timeline, KeepsOfLongNamesWhatASetShows) {
+  const std::string longName(1'000'000, 'x');
+  const Timeline timeline = Filled({}, {Named({1, 5}, longName)}, {Implement({1, 5}, longName)});
+  EXPECT_EQ(timeline.ImplementOf(timeline.Entries()[0]).name, "xxxxxxxxxx");
+  EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[0])[0], "xxxxxxxxxx");
+}
+
 TEST(Timeline, ProductOfBlanksAloneIsAName) {
   const Timeline timeline = Filled({}, {Named({1, 5}, "A"), Named({1, 6}, " ")}, {});
   EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[1])[0], " ");
