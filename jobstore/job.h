@@ -52,6 +52,9 @@ class Query {
   /// Of the preparing: the statement's number, or negative, the reason why there is none.
   std::int32_t Result() const { return result_; }
 
+  /// Whether comparisons in its text take the column's values for texts.
+  bool ComparesAsText(std::int32_t column) const { return statement_.ComparesAsText(column); }
+
   /// Reads the next row over `row` and returns true; false when the rows have ended, for
   /// whatever reason, with `row` unchanged. Ended rows stay ended.
   bool Next(Row& row) {

@@ -56,6 +56,15 @@ void Statement::linx_getText(std::int32_t column, std::string& buffer) const {
   if (text != nullptr) std::memcpy(buffer.data(), text, std::min(buffer.size(), size));
 }
 
+bool Statement::ComparesAsText(std::int32_t column) const {
+  const char* declared =
+      prepared_ == nullptr ? nullptr : sqlite3_column_decltype(prepared_.get(), column);
+  std::string type = declared == nullptr ? "" : declared;
+  for (char& letter : type) letter = static_cast<char>(letter & ~0x20);
+  const auto says = [&type](const char* word) { return type.find(word) != std::string::npos; };
+  return !says("INT") && (says("CHAR") || says("CLOB") || says("TEXT"));
+}
+
 void ReadText(const Statement& row, std::int32_t column, std::string& text) {
   const std::int32_t size = row.linx_getColSize(column);
   if (size <= 0) return;

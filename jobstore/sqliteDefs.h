@@ -43,6 +43,12 @@ class Database {
   /// of a change table that are cut off by one are missing as much as GPS rows.
   std::int32_t FirstError() const { return firstError_; }
 
+  /// From now on all statements together may take no more steps than else each of them, so that
+  /// as many as a job asks for still come to an end. What goes beyond fails to step.
+  void ShareSteps() {
+    if (job_.budget) job_.budget->Share();
+  }
+
   /// The same as the end of the scope. Its statements must have been finalized before.
   void linx_sqlite3_close();
 
@@ -88,6 +94,16 @@ class Statement {
   std::int32_t linx_getColSize(std::int32_t column) const {
     return sqlite3_column_bytes(prepared_.get(), column);
   }
+
+  /// What the column's value is in the current row: SQLITE_NULL, SQLITE_TEXT and so on. To be
+  /// asked before the value.
+  std::int32_t linx_getColType(std::int32_t column) const {
+    return sqlite3_column_type(prepared_.get(), column);
+  }
+
+  /// Whether a comparison in a query's text takes the column's values for texts, and a number
+  /// beside them for its digits: by the type that the job declares the column with.
+  bool ComparesAsText(std::int32_t column) const;
 
   /// Fills the front of the buffer with the column's text, at most buffer.size() bytes of
   /// it, unchanged.

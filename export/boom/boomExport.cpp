@@ -84,6 +84,7 @@ class BoomLayer {
 
   void LayAll() {
     for (std::size_t entry = 0; entry < timeline_.Entries().size(); ++entry) {
+      host_.Yield();
       if (exports::IsPreparedOrTold(periods_, host_)) ReadPeriod(entry);
     }
     batches_.Finish();

@@ -1,38 +1,99 @@
 #include "export/boom/periods.h"
 
-#include <optional>
+#include <algorithm>
+#include <limits>
 
 namespace kestrin::boom {
 namespace {
 
-/// Whether a period of the timeline, from `start` up to, not including, `end`, holds a
-/// time; without an end, all times from `start` on.
-///
-/// A period that ends in a later week keeps the bound gpsMsec < end.gpsMsec on the rows of
-/// its own first week too, so those at or after that millisecond belong to no period. This
-/// is how the sets have always been cut; downstream tools rely on it.
+constexpr std::int32_t kWeek = 0;
+constexpr std::int32_t kMsec = 1;
+
+/// A key beside the whole numbers of a query's text: NULL compares with none of them, as NaN
+/// does, and whatever is no number lies behind them all.
+double Compared(const jobstore::Statement& statement, std::int32_t column) {
+  const std::int32_t type = statement.linx_getColType(column);
+  if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return statement.linx_getDouble(column);
+  using Limits = std::numeric_limits<double>;
+  return type == SQLITE_NULL ? Limits::quiet_NaN() : Limits::infinity();
+}
+
+bool IsAtOrBehind(const ScannedEpochs::Row& row, jobstore::GpsKey time) {
+  return row.week > time.gpsWeek || (row.week == time.gpsWeek && row.msec >= time.gpsMsec);
+}
+
+/// Whether the query of the period selects the row: its text, term by term.
 bool PeriodHolds(jobstore::GpsKey start, std::optional<jobstore::GpsKey> end,
-                 jobstore::GpsKey time) {
-  if (!end) return time >= start;
-  if (time.gpsWeek == start.gpsWeek) {
-    return time.gpsMsec >= start.gpsMsec && time.gpsMsec < end->gpsMsec;
-  }
-  return time > start && time < *end;
+                 const ScannedEpochs::Row& row) {
+  if (!end) return IsAtOrBehind(row, start);
+  if (row.week == start.gpsWeek) return row.msec >= start.gpsMsec && row.msec < end->gpsMsec;
+  return row.week > start.gpsWeek &&
+         (row.week < end->gpsWeek || (row.week == end->gpsWeek && row.msec < end->gpsMsec));
+}
+
+bool InOrder(const std::vector<TimelineEntry>& entries) {
+  return std::is_sorted(entries.begin(), entries.end(),
+                        [](const auto& one, const auto& other) { return one.time < other.time; });
 }
 
 }  // namespace
 
+void ScannedEpochs::Read(const jobstore::Statement& statement, Row& row) {
+  row.week = Compared(statement, kWeek);
+  row.msec = Compared(statement, kMsec);
+  jobstore::BoomEpochs::Read(statement, row);
+}
+
+Periods::Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries)
+    : job_(job),
+      entries_(entries),
+      scan_(job),
+      byQueries_(!InOrder(entries) || scan_.ComparesAsText(kWeek) || scan_.ComparesAsText(kMsec)) {
+  if (byQueries_) job.Library().ShareSteps();
+}
+
 bool Periods::Next(std::size_t entry, Row& row) {
+  return byQueries_ ? NextOfQuery(entry, row) : NextOfScan(entry, row);
+}
+
+bool Periods::NextOfScan(std::size_t entry, Row& row) {
   const jobstore::GpsKey start = entries_[entry].time;
-  std::optional<jobstore::GpsKey> end;
-  if (entry + 1 < entries_.size()) end = entries_[entry + 1].time;
-  while (Ahead() && !(end && ahead_.time >= *end)) {
+  const std::optional<jobstore::GpsKey> end = EndOf(entry);
+  while (Ahead() && !(end && IsAtOrBehind(ahead_, *end))) {
     hasAhead_ = false;
-    if (!PeriodHolds(start, end, ahead_.time)) continue;
+    if (!PeriodHolds(start, end, ahead_)) continue;
     row = ahead_;
     return true;
   }
   return false;
+}
+
+bool Periods::Ahead() {
+  hasAhead_ = hasAhead_ || scan_.Next(ahead_);
+  lastStep_ = scan_.LastStep();
+  return hasAhead_;
+}
+
+bool Periods::NextOfQuery(std::size_t entry, Row& row) {
+  if (queried_ != entry) {
+    // What one could not read, none behind it is asked for.
+    if (LastStep() != jobstore::kDone) return false;
+    const std::optional<jobstore::GpsKey> end = EndOf(entry);
+    if (end) {
+      query_.emplace(job_, entries_[entry].time, *end);
+    } else {
+      query_.emplace(job_, entries_[entry].time);
+    }
+    queried_ = entry;
+  }
+  const bool more = query_->Next(row);
+  lastStep_ = query_->LastStep();
+  return more;
+}
+
+std::optional<jobstore::GpsKey> Periods::EndOf(std::size_t entry) const {
+  if (entry + 1 == entries_.size()) return std::nullopt;
+  return entries_[entry + 1].time;
 }
 
 }  // namespace kestrin::boom

@@ -2,26 +2,39 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "export/boom/timeline.h"
 #include "jobstore/epochs.h"
 #include "jobstore/job.h"
+#include "jobstore/periodEpochs.h"
 
 namespace kestrin::boom {
 
-/// The GPS epochs of a timeline's periods, period after period, out of one scan of the job:
-/// a query for each period would read the whole table for each, and a job can hold tens of
-/// thousands. The scan begins with the object; job and entries must outlive it.
+/// All epochs in time order, with what a query's text makes of their keys.
+struct ScannedEpochs : jobstore::BoomEpochs {
+  struct Row : jobstore::BoomEpochs::Row {
+    double week = 0;
+    double msec = 0;
+  };
+  static void Read(const jobstore::Statement& statement, Row& row);
+};
+
+/// The GPS epochs of a timeline's periods, period after period: those that the query of each
+/// (jobstore::PeriodEpochs) selects. They come out of one scan of the job, as a query would read
+/// the whole table for each, and a job can hold tens of thousands. Only for keys that a scan
+/// does not pass in the order of the periods, as no console writes them, are the queries run;
+/// together they may take no more steps than one. The scan begins with the object; job and
+/// entries must outlive it.
 class Periods {
  public:
   using Row = jobstore::BoomEpochs::Row;
 
-  Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries)
-      : query_(job), entries_(entries) {}
+  Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries);
 
-  bool Prepared() const { return query_.Prepared(); }
-  std::int32_t Result() const { return query_.Result(); }
+  bool Prepared() const { return scan_.Prepared(); }
+  std::int32_t Result() const { return scan_.Result(); }
 
   /// Reads the next epoch of an entry's period over `row` and returns true; false when the
   /// period has no more. Entries must be asked for in their order.
@@ -30,16 +43,24 @@ class Periods {
   /// What ended the rows, once the last period has been read: kDone in good order, also
   /// when there was no period to read any for.
   std::int32_t LastStep() const {
-    return query_.LastStep() == jobstore::kRowReady ? jobstore::kDone : query_.LastStep();
+    return lastStep_ == jobstore::kRowReady ? jobstore::kDone : lastStep_;
   }
 
  private:
-  bool Ahead() { return hasAhead_ = hasAhead_ || query_.Next(ahead_); }
+  bool NextOfScan(std::size_t entry, Row& row);
+  bool NextOfQuery(std::size_t entry, Row& row);
+  bool Ahead();
+  std::optional<jobstore::GpsKey> EndOf(std::size_t entry) const;
 
-  jobstore::Query<jobstore::BoomEpochs> query_;
+  jobstore::Job& job_;
   const std::vector<TimelineEntry>& entries_;
-  Row ahead_;
+  jobstore::Query<ScannedEpochs> scan_;
+  ScannedEpochs::Row ahead_;
   bool hasAhead_ = false;
+  bool byQueries_;
+  std::optional<jobstore::Query<jobstore::PeriodEpochs>> query_;
+  std::optional<std::size_t> queried_;
+  std::int32_t lastStep_ = jobstore::kRowReady;
 };
 
 /// The rows of one of the periods.

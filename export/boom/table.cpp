@@ -24,9 +24,9 @@ std::string_view Table::RowOf(std::size_t id, const Records::Record& record) {
   record_.Clear();
   record_.Add(shapefile::IntegerText(static_cast<std::int64_t>(id)).View(),
               shapefile::Keep::kRight);
-  record_.Add(shapefile::NameText(timeline_.ImplementOf(entry).name), shapefile::Keep::kLeft);
+  record_.Add(timeline_.ImplementOf(entry).name, shapefile::Keep::kLeft);
   for (std::size_t slot = 0; slot < jobstore::kProductSlots; ++slot) {
-    record_.Add(shapefile::NameText(products[slot]), shapefile::Keep::kLeft);
+    record_.Add(products[slot], shapefile::Keep::kLeft);
     record_.Add(shapefile::RoundedText(entry.desiredRates[slot], 2).View(), shapefile::Keep::kLeft);
     record_.Add(shapefile::RoundedText(record.rates[slot], 2).View(), shapefile::Keep::kLeft);
   }

@@ -1,12 +1,17 @@
 #include "export/boom/timeline.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/text.h"
 #include "export/tableRows.h"
+#include "shapefile/attributeTable.h"
 
 namespace kestrin::boom {
 namespace {
+
+/// What the set shows of a name: a job made to do harm has long ones by the million.
+std::string Shown(std::string_view name) { return std::string(shapefile::NameText(name)); }
 
 bool AllEmpty(const ProductNames& names) {
   return std::all_of(names.begin(), names.end(), [](const auto& name) { return name.empty(); });
@@ -19,7 +24,7 @@ bool AllZero(const std::array<double, jobstore::kProductSlots>& rates) {
 }  // namespace
 
 ImplementSetup SetupOf(const jobstore::ImplementRow& row) {
-  ImplementSetup setup{std::string(base::TrimmedBlanks(row.name)), {}};
+  ImplementSetup setup{Shown(base::TrimmedBlanks(row.name)), {}};
   for (const jobstore::Section& section : row.sections) {
     if (section.width >= 0) {
       setup.sections.push_back({section.width / 2, section.xOffset, section.yOffset});
@@ -29,12 +34,15 @@ ImplementSetup SetupOf(const jobstore::ImplementRow& row) {
 }
 
 void Timeline::AppendDesiredRates(const jobstore::RatesRow& row) {
-  entries_.push_back({row.time, row.rates, 0, 0});
+  const jobstore::GpsKey latest =
+      byLatest_.empty() ? row.time : std::max(row.time, byLatest_.rbegin()->first);
+  byLatest_.emplace_hint(byLatest_.end(), latest, TimelineEntry{row.time, row.rates, 0, 0});
 }
 
 void Timeline::MergeProducts(const jobstore::ProductsRow& row) {
   EntryAt(row.time).products = static_cast<std::uint32_t>(products_.size());
-  products_.push_back(row.names);
+  ProductNames& shown = products_.emplace_back();
+  std::ranges::transform(row.names, shown.begin(), Shown);
 }
 
 void Timeline::MergeImplement(const jobstore::ImplementRow& row) {
@@ -43,26 +51,17 @@ void Timeline::MergeImplement(const jobstore::ImplementRow& row) {
 }
 
 TimelineEntry& Timeline::EntryAt(jobstore::GpsKey time) {
-  // Keys that do not order as stored (not integers) can come out of order: such a
-  // row is looked for from the front again.
-  if (time < lastMerged_) EndTable();
-  lastMerged_ = time;
-  while (moved_ < entries_.size() && entries_[moved_].time < time) {
-    passed_.push_back(entries_[moved_++]);
+  auto at = byLatest_.lower_bound(time);
+  if (at == byLatest_.end() || at->first != time) {
+    at = byLatest_.emplace_hint(at, time, TimelineEntry{time, {}, 0, 0});
   }
-  if (!passed_.empty() && passed_.back().time == time) return passed_.back();
-  if (moved_ < entries_.size() && entries_[moved_].time == time) return entries_[moved_];
-  passed_.push_back({time, {}, 0, 0});
-  return passed_.back();
+  return at->second;
 }
 
-void Timeline::EndTable() {
-  passed_.insert(passed_.end(), entries_.begin() + static_cast<std::ptrdiff_t>(moved_),
-                 entries_.end());
-  entries_ = std::move(passed_);
-  passed_.clear();
-  moved_ = 0;
-  lastMerged_ = {INT32_MIN, INT32_MIN};
+void Timeline::Close() {
+  entries_.reserve(byLatest_.size());
+  for (const auto& [latest, entry] : byLatest_) entries_.push_back(entry);
+  byLatest_.clear();
 }
 
 void Timeline::FillForward() {
@@ -81,10 +80,9 @@ Timeline ReadTimeline(jobstore::Job& job, base::RunHost& host) {
       job, host, [&](const auto& row) { timeline.AppendDesiredRates(row); });
   exports::ForEachRow<jobstore::Products>(job, host,
                                           [&](const auto& row) { timeline.MergeProducts(row); });
-  timeline.EndTable();
   exports::ForEachRow<jobstore::Implements>(job, host,
                                             [&](const auto& row) { timeline.MergeImplement(row); });
-  timeline.EndTable();
+  timeline.Close();
   timeline.FillForward();
   return timeline;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,8 @@ struct UsedSection {
   double yOffset = 0;
 };
 
-/// What an implement row says of the boom: the name without its leading and
-/// trailing blanks, and the sections whose width is not negative, in slot order.
+/// What an implement row says of the boom: of the name without its leading and trailing
+/// blanks what a set shows, and the sections whose width is not negative, in slot order.
 struct ImplementSetup {
   std::string name;
   std::vector<UsedSection> sections;
@@ -28,6 +29,7 @@ struct ImplementSetup {
 
 ImplementSetup SetupOf(const jobstore::ImplementRow& row);
 
+/// What a set shows of them.
 using ProductNames = std::array<std::string, jobstore::kProductSlots>;
 
 /// What is in force from `time` on. Products and implement are numbers of the
@@ -41,10 +43,11 @@ struct TimelineEntry {
 
 /// The times at which desired rates, products or implement change, in time order,
 /// and what is in force at each. Filled table by table: all desired rates, then
-/// all products, then all implements, then FillForward.
+/// all products, then all implements, then Close and
+/// FillForward.
 ///
-/// A table's rows arrive in time order; each finds its place from that of the row
-/// before it, so filling is linear in rows and entries.
+/// Rows that order otherwise than their times as read, as those of keys that are no whole
+/// numbers can, are taken in any order, and a million of them find their places as fast.
 class Timeline {
  public:
   /// Appends an entry, also when the last one has the same time.
@@ -55,8 +58,8 @@ class Timeline {
   void MergeProducts(const jobstore::ProductsRow& row);
   void MergeImplement(const jobstore::ImplementRow& row);
 
-  /// Closes the table whose rows were merged.
-  void EndTable();
+  /// All tables have been filled in.
+  void Close();
 
   /// Gives each entry but the first what it lacks from the entry before it: the
   /// implement when it has no name, the products when all three names are empty,
@@ -64,6 +67,7 @@ class Timeline {
   /// 0 cannot be told from missing ones and are replaced as well.
   void FillForward();
 
+  /// None before Close.
   const std::vector<TimelineEntry>& Entries() const { return entries_; }
   const ImplementSetup& ImplementOf(const TimelineEntry& entry) const {
     return implements_[entry.implement];
@@ -75,15 +79,12 @@ class Timeline {
  private:
   TimelineEntry& EntryAt(jobstore::GpsKey time);
 
+  /// Each by the latest time up to it. Whatever the entries' order, the first that is not
+  /// before a time is the first here that is not.
+  std::multimap<jobstore::GpsKey, TimelineEntry> byLatest_;
   std::vector<TimelineEntry> entries_;
   std::vector<ImplementSetup> implements_{1};
   std::vector<ProductNames> products_{1};
-
-  /// While a table is merged: the entries before the time of its last row, and how
-  /// many of entries_ have moved there.
-  std::vector<TimelineEntry> passed_;
-  std::size_t moved_ = 0;
-  jobstore::GpsKey lastMerged_{INT32_MIN, INT32_MIN};
 };
 
 /// Reads a job's timeline. A table that cannot be queried is told to the host and

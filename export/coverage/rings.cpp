@@ -10,13 +10,14 @@ RingMaker::RingMaker(const geo::WorkingPlane& plane, exports::ExportRun& run,
     : rings_(
           run.crew,
           [&] {
-            // The host serves its own thread alone. What a crew is at ends with the run.
-            std::function<void()> yield = [&host = run.host] { host.Yield(); };
-            if (run.crew != nullptr)
-              yield = [this] {
-                if (ends_) throw base::RunCancelled();
-              };
-            return std::make_unique<PolygonRing>(plane.Zone(), std::move(yield));
+            const auto yield = [&host = run.host] { host.Yield(); };
+            // The host serves its own thread alone. What other threads are at ends with the run.
+            const auto endWithRun = [this] {
+              if (ends_) throw base::RunCancelled();
+            };
+            const bool alone = run.crew == nullptr || run.crew->Threads() == 1;
+            return std::make_unique<PolygonRing>(plane.Zone(),
+                                                 alone ? std::function<void()>(yield) : endWithRun);
           },
           [put = std::move(sink)](const PolygonRing& ring) { put(ring.Points()); }) {}
 

@@ -15,7 +15,8 @@ namespace kestrin::coverage {
 class RingMaker {
  public:
   /// `sink` gets each ring in order, which lasts for that call; those of polygons that have none
-  /// are left out. Yields to the run's host, unless a crew is at work.
+  /// are left out. Yields to the run's host, unless several threads
+  /// are at work.
   RingMaker(const geo::WorkingPlane& plane, exports::ExportRun& run,
             std::function<void(Ring)> sink);
   ~RingMaker() { ends_ = true; }

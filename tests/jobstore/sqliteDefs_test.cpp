@@ -147,6 +147,35 @@ TEST_F(OpenedDatabase, ColumnsWithoutARowAreZeroOrEmpty) {
   ExpectZeroOrEmpty(statement, 0);
 }
 
+TEST_F(OpenedDatabase, ColumnSaysWhatItsValueIs) {
+  Statement statement = Prepared("Select i, d, s, n, b From t");
+  statement.linx_sqlite3_step();
+  const int types[] = {SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_NULL, SQLITE_BLOB};
+  for (std::int32_t i = 0; i < std::ssize(types); ++i)
+    EXPECT_EQ(statement.linx_getColType(i), types[i]);
+}
+
+TEST(Statement, ComparesAsTextWhereTheLibraryDoes) {
+  const test::TempFolder folder;
+  std::string columns = "a";
+  const char* const types[] = {"integer", "TEXT",    "varchar(3)", "nclob", "real",    "blob",
+                               "",        "charint", "blob text",  "point", "anything"};
+  for (const char* type : types) columns += ", c" + std::to_string(columns.size()) + " " + type;
+  test::JobBuilder builder(folder / "job.sqlite");
+  builder.Execute("CREATE TABLE t(" + columns + "); INSERT INTO t SELECT " +
+                  "NULL, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9");
+  jobstore::Database database;
+  database.linx_sqlite3_open(builder.Finish());
+  const std::string sql = "Select * From t";
+  Statement all;
+  all.linx_sqlite3_prepare(database, sql, static_cast<std::int32_t>(sql.size()));
+  all.linx_sqlite3_step();
+  for (std::int32_t i = 0; i < 12; ++i) {
+    // A column of texts stores the number as one.
+    EXPECT_EQ(all.ComparesAsText(i), all.linx_getColType(i) == SQLITE_TEXT) << i;
+  }
+}
+
 TEST_F(OpenedDatabase, AStatementThatIsNoneIsSafe) {
   Statement finalized = Prepared("Select i From t");
   finalized.linx_sqlite3_finalize();
@@ -154,6 +183,8 @@ TEST_F(OpenedDatabase, AStatementThatIsNoneIsSafe) {
   for (Statement* statement : {&finalized, &never}) {
     EXPECT_EQ(statement->linx_sqlite3_step(), kMisuse);
     ExpectZeroOrEmpty(*statement, 0);
+    EXPECT_EQ(statement->linx_getColType(0), SQLITE_NULL);
+    EXPECT_FALSE(statement->ComparesAsText(0));
     statement->linx_sqlite3_finalize();
   }
 }

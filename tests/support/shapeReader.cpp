@@ -9,7 +9,7 @@
 namespace kestrin::test {
 namespace {
 
-void Require(bool holds, const std::string& what) {
+void Require(bool holds, const char* what) {
   if (!holds) throw std::runtime_error(what);
 }
 
@@ -50,8 +50,8 @@ class Bytes {
   }
   geo::GeoPoint Point() { return {Double(), Double()}; }
   geo::Box Box() { return {Double(), Double(), Double(), Double()}; }
-  void Zeros(int size, const std::string& where) {
-    while (size-- > 0) Require(Byte() == 0, where + " is not 0");
+  void Zeros(int size, const char* what) {
+    while (size-- > 0) Require(Byte() == 0, what);
   }
 
  private:
@@ -61,12 +61,12 @@ class Bytes {
 
 void ReadHeader(Bytes& in, std::size_t size, ReadSet& set) {
   Require(in.Big32() == 9994, "file code");
-  in.Zeros(20, "unused header word");
+  in.Zeros(20, "unused header word is not 0");
   Require(static_cast<std::size_t>(in.Big32()) * 2 == size, "file length");
   Require(in.Little32() == 1000, "version");
   set.type = in.Little32();
   set.box = in.Box();
-  in.Zeros(32, "Z or M bound");
+  in.Zeros(32, "Z or M bound is not 0");
 }
 
 void CheckBox(const ReadRecord& record) {
@@ -130,10 +130,10 @@ ReadField ReadDescriptor(Bytes& in) {
   Require(field.name.find_first_not_of('\0', size) == std::string::npos, "field name");
   field.name.resize(size);
   field.type = static_cast<char>(in.Byte());
-  in.Zeros(4, "field address");
+  in.Zeros(4, "field address is not 0");
   field.width = in.Little(1);
   field.decimals = in.Little(1);
-  in.Zeros(14, "end of a descriptor");
+  in.Zeros(14, "end of a descriptor is not 0");
   return field;
 }
 
@@ -144,7 +144,7 @@ void ReadTable(const std::string& dbf, ReadSet& set) {
   const std::int32_t count = in.Little32();
   const std::int32_t headerLength = in.Little(2);
   const std::int32_t recordLength = in.Little(2);
-  in.Zeros(20, "reserved table header");
+  in.Zeros(20, "reserved table header is not 0");
   int width = 1;
   for (int i = 0; i < (headerLength - 33) / 32; ++i) {
     set.fields.push_back(ReadDescriptor(in));
@@ -163,9 +163,15 @@ void ReadTable(const std::string& dbf, ReadSet& set) {
 }  // namespace
 
 ReadSet ReadShapeSet(const std::string& basePath, RecordBoxes boxes) {
+  return ReadShapeSet(
+      {FileBytes(basePath + ".shp"), FileBytes(basePath + ".shx"), FileBytes(basePath + ".dbf")},
+      boxes);
+}
+
+ReadSet ReadShapeSet(const SetBytes& bytes, RecordBoxes boxes) {
   ReadSet set;
-  ReadShapes(FileBytes(basePath + ".shp"), FileBytes(basePath + ".shx"), boxes, set);
-  ReadTable(FileBytes(basePath + ".dbf"), set);
+  ReadShapes(bytes.shp, bytes.shx, boxes, set);
+  ReadTable(bytes.dbf, set);
   Require(set.rows.size() == set.records.size(), "rows for records");
   return set;
 }

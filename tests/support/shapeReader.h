@@ -40,11 +40,20 @@ struct ReadSet {
 /// export keeps the bounds of lines that it has overwritten since.
 enum class RecordBoxes { kOfTheirPoints, kAny };
 
-/// Reads base path + ".shp", ".shx" and ".dbf" by the ESRI Shapefile Technical
-/// Description and the dBASE III layout, sharing nothing with the code that writes
-/// them.
+/// The bytes of a set's three files.
+struct SetBytes {
+  std::string shp;
+  std::string shx;
+  std::string dbf;
+};
+
+/// Reads a set by the ESRI Shapefile Technical Description and the dBASE III layout,
+/// sharing nothing with the code that writes it.
 /// Failure: std::runtime_error at whatever is not as described there: lengths, numbers,
 /// offsets, parts, boxes, marks, counts.
+ReadSet ReadShapeSet(const SetBytes& bytes, RecordBoxes boxes = RecordBoxes::kOfTheirPoints);
+
+/// The same of base path + ".shp", ".shx" and ".dbf".
 ReadSet ReadShapeSet(const std::string& basePath, RecordBoxes boxes = RecordBoxes::kOfTheirPoints);
 
 /// A field's text without the blanks around it.

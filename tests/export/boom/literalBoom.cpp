@@ -5,8 +5,8 @@
 
 #include "export/exportRun.h"
 #include "geo/modProj4.h"
+#include "jobstore/periodEpochs.h"
 #include "shapefile/numberText.h"
-#include "tests/export/boom/boomPeriodQuery.h"
 
 namespace kestrin::test {
 namespace {
@@ -68,7 +68,7 @@ class Walk {
     }
   }
 
-  void Epoch(const BoomPeriodEpochs::Row& epoch, const jobstore::ImplementRow* setup) {
+  void Epoch(const jobstore::PeriodEpochs::Row& epoch, const jobstore::ImplementRow* setup) {
     AdvanceReference(epoch.time);
     const double e = easting_ + epoch.east;
     const double n = northing_ + epoch.north;
@@ -322,11 +322,11 @@ LiteralSet LiteralBoom(const std::string& jobPath, shapefile::CalendarDate date)
   std::int64_t epochs = 0;
   for (std::size_t k = 1; k < entries.size(); ++k) {
     walk.records.StartPeriod(k);
-    const std::vector<BoomPeriodEpochs::Row> rows =
+    const std::vector<jobstore::PeriodEpochs::Row> rows =
         k + 1 < entries.size()
-            ? AllRows<BoomPeriodEpochs>(job, entries[k].time, entries[k + 1].time)
-            : AllRows<BoomPeriodEpochs>(job, entries[k].time);
-    for (const BoomPeriodEpochs::Row& row : rows) {
+            ? AllRows<jobstore::PeriodEpochs>(job, entries[k].time, entries[k + 1].time)
+            : AllRows<jobstore::PeriodEpochs>(job, entries[k].time);
+    for (const jobstore::PeriodEpochs::Row& row : rows) {
       ++epochs;
       walk.Epoch(row, entries[k].setup == 0 ? nullptr : &implements[entries[k].setup - 1]);
     }

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <tuple>
 
-#include "tests/export/boom/boomPeriodQuery.h"
+#include "jobstore/periodEpochs.h"
 #include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::boom {
@@ -38,7 +40,7 @@ std::vector<std::vector<Seen>> ByScan(jobstore::Job& job,
 template <class... Numbers>
 std::vector<Seen> Selected(jobstore::Job& job, const Numbers&... numbers) {
   std::vector<Seen> rows;
-  jobstore::Query<test::BoomPeriodEpochs> query(job, numbers...);
+  jobstore::Query<jobstore::PeriodEpochs> query(job, numbers...);
   for (Periods::Row row; query.Next(row);) rows.push_back(SeenOf(row));
   return rows;
 }
@@ -101,11 +103,22 @@ TEST(Periods, PeriodsAfterTheLastEpochAreEmpty) {
 }
 
 TEST(Periods, QueryOfOneIntoALaterWeekKeepsTheEndBoundInItsFirstWeek) {
-  EXPECT_EQ(test::BoomPeriodEpochs::Text({1042, 3000}, {1044, 50}),
+  EXPECT_EQ(jobstore::PeriodEpochs::Text({1042, 3000}, {1044, 50}),
             "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield From "
             "GpsDataTable Where type & 8192 And ((gpsWeek = 1042 And gpsMsec >= 3000 And gpsMsec "
             "< 50) Or (gpsWeek > 1042 And gpsWeek < 1044) Or (gpsWeek > 1042 And gpsWeek = 1044 "
             "And gpsMsec < 50)) Order By gpsWeek, gpsMsec");
+}
+
+TEST(Periods, QueryOfOneWithinAWeekAndOfTheLastHaveNoMoreThanTheyNeed) {
+  EXPECT_EQ(jobstore::PeriodEpochs::Text({1042, 3000}, {1042, 4000}),
+            "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield From "
+            "GpsDataTable Where type & 8192 And ((gpsWeek = 1042 And gpsMsec >= 3000 And gpsMsec "
+            "< 4000)) Order By gpsWeek, gpsMsec");
+  EXPECT_EQ(jobstore::PeriodEpochs::Text({-1, 3000}),
+            "Select gpsWeek, gpsMsec, e_I_B__B2, n_I_B__B2, yaw, type, boomStatusBitfield From "
+            "GpsDataTable Where type & 8192 And (gpsWeek > -1 Or (gpsWeek = -1 And gpsMsec >= "
+            "3000)) Order By gpsWeek, gpsMsec");
 }
 
 TEST(Periods, EqualTheQueryOfEachPeriodOnRandomJobs) {
@@ -130,6 +143,139 @@ TEST(Periods, EqualTheQueryOfEachPeriodOnRandomJobs) {
       ASSERT_EQ(ByScan(job, entries), ByQuery(job, entries)) << "job " << round;
     }
   }
+}
+
+/// Tables as no console declares them, with keys as none writes them.
+class AbsurdJob {
+ public:
+  AbsurdJob(unsigned seed, test::JobBuilder& builder) : random_(seed), builder_(builder) {
+    Make("GpsDataTable", "e_I_B__B2, n_I_B__B2, d_I_B__B2, yaw, type, boomStatusBitfield");
+    for (int row = 1 + Upto(40); row > 0; --row) {
+      Insert("GpsDataTable", std::to_string(row) + ", 0, 0, 0, 8192, 0");
+    }
+    Make("AsAppliedDesRateChangeTable", "desiredRate0, desiredRate1, desiredRate2");
+    for (int row = Upto(8); row > 0; --row) Insert("AsAppliedDesRateChangeTable", "1, 2, 3");
+    Make("AsAppliedProductChangeTable", "ProductName0, ProductName1, ProductName2");
+    for (int row = Upto(3); row > 0; --row) Insert("AsAppliedProductChangeTable", "'a', 'b', 'c'");
+  }
+
+ private:
+  int Upto(int most) { return std::uniform_int_distribution(0, most)(random_); }
+
+  template <std::size_t size>
+  std::string OneOf(const std::array<const char*, size>& texts) {
+    return texts[static_cast<std::size_t>(Upto(size - 1))];
+  }
+
+  std::string Column(const char* name) {
+    static constexpr std::array kTypes{"integer",
+                                       "integer",
+                                       "text",
+                                       "real",
+                                       "text collate rtrim",
+                                       "blob",
+                                       "",
+                                       "varchar(8)",
+                                       "text collate nocase",
+                                       "numeric",
+                                       "charint"};
+    return std::string(name) + " " + OneOf(kTypes);
+  }
+
+  void Make(const std::string& table, const std::string& others) {
+    builder_.Execute("DROP TABLE " + table + "; CREATE TABLE " + table + " (" + Column("gpsWeek") +
+                     ", " + Column("gpsMsec") + ", " + others + ")");
+    wild_ = Upto(2);
+  }
+
+  std::string Key() {
+    static constexpr std::array kKeys{"NULL",
+                                      "NULL",
+                                      "''",
+                                      "'abc'",
+                                      "'2'",
+                                      "'2 '",
+                                      "' 2'",
+                                      "'10'",
+                                      "'2.5'",
+                                      "x'32'",
+                                      "4294967298",
+                                      "-4294967293",
+                                      "9e999",
+                                      "-9e999",
+                                      "2.5",
+                                      "-1",
+                                      "3.0",
+                                      "1e300",
+                                      "9223372036854775807",
+                                      "'-3'",
+                                      "0.5"};
+    const bool wild = wild_ == 2 || (wild_ == 1 && Upto(9) == 0);
+    return wild && Upto(1) == 0 ? OneOf(kKeys) : std::to_string(Upto(4));
+  }
+
+  void Insert(const std::string& table, const std::string& others) {
+    builder_.Execute("INSERT INTO " + table + " VALUES (" + Key() + ", " + Key() + ", " + others +
+                     ")");
+  }
+
+  std::mt19937 random_;
+  test::JobBuilder& builder_;
+  int wild_ = 0;
+};
+
+TEST(Periods, EqualTheQueryOfEachPeriodWhateverTheKeysAre) {
+  const test::TempFolder folder;
+  for (unsigned seed = 0; seed < 600; ++seed) {
+    test::JobBuilder builder(folder / ("job" + std::to_string(seed) + ".sqlite"));
+    AbsurdJob(seed, builder);
+    jobstore::Job job(builder.Finish());
+    test::RecordingHost host;
+    const Timeline timeline = ReadTimeline(job, host);
+    ASSERT_EQ(ByScan(job, timeline.Entries()), ByQuery(job, timeline.Entries())) << seed;
+  }
+}
+
+/// What the periods of so many entries cost of a job of as many epochs.
+struct Cost {
+  int steps = 0;  ///< of the library, in ten thousands
+  std::size_t epochs = 0;
+  std::int32_t lastStep = 0;
+};
+Cost CostOf(const std::vector<jobstore::GpsKey>& times) {
+  const test::TempFolder folder;
+  test::JobBuilder builder(folder / "job.sqlite");
+  for (std::int32_t i = 0; i < std::ssize(times); ++i) builder.Epoch({1, i}, 0, 0);
+  jobstore::Job job(builder.Finish());
+  Cost cost;
+  job.Library().CallDuringSteps([&cost] { ++cost.steps; });
+  const auto entries = EntriesAt(times);
+  Periods periods(job, entries);
+  for (std::size_t k = 0; k < entries.size(); ++k) {
+    for (Periods::Row row; periods.Next(k, row);) ++cost.epochs;
+  }
+  cost.lastStep = periods.LastStep();
+  return cost;
+}
+
+TEST(Periods, ManyInOrderTakeOneScan) {
+  std::vector<jobstore::GpsKey> times(4000);
+  const Cost ofOneTime = CostOf(times);
+  for (std::int32_t i = 0; i < std::ssize(times); ++i) times[static_cast<std::size_t>(i)] = {1, i};
+  const Cost ofTheirOwn = CostOf(times);
+  EXPECT_EQ(ofOneTime.epochs, times.size());
+  EXPECT_EQ(ofTheirOwn.epochs, times.size());
+  EXPECT_EQ(ofTheirOwn.steps, ofOneTime.steps);
+}
+
+TEST(Periods, ManyOutOfOrderEndAsOneQueryThatTakesTooManySteps) {
+  std::vector<jobstore::GpsKey> times(4000);
+  for (std::int32_t i = 0; i < std::ssize(times); ++i) {
+    times[static_cast<std::size_t>(i)] = {1, 4000 - i};
+  }
+  const Cost cost = CostOf(times);
+  EXPECT_EQ(cost.lastStep, SQLITE_INTERRUPT);
+  EXPECT_LT(cost.steps, 4000);
 }
 
 TEST(Periods, MissingGpsTableIsNotPrepared) {

@@ -35,9 +35,8 @@ Timeline Filled(const std::vector<jobstore::RatesRow>& rates,
   Timeline timeline;
   for (const auto& row : rates) timeline.AppendDesiredRates(row);
   for (const auto& row : products) timeline.MergeProducts(row);
-  timeline.EndTable();
   for (const auto& row : implements) timeline.MergeImplement(row);
-  timeline.EndTable();
+  timeline.Close();
   timeline.FillForward();
   return timeline;
 }
@@ -59,7 +58,7 @@ TEST(Timeline, FirstEntryOfTheSameTimeReceives) {
   unfilled.AppendDesiredRates({{1, 5}, {1, 0, 0}});
   unfilled.AppendDesiredRates({{1, 5}, {2, 0, 0}});
   unfilled.MergeProducts(Named({1, 5}, "Urea"));
-  unfilled.EndTable();
+  unfilled.Close();
   EXPECT_EQ(unfilled.Entries()[1].products, 0U);
 }
 
@@ -132,6 +131,13 @@ TEST(Timeline, ImplementNameLosesOuterBlanksAndProductNamesDoNot) {
   EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[0])[0], " Urea ");
 }
 
+TEST(Timeline, KeepsOfLongNamesWhatASetShows) {
+  const std::string longName(1'000'000, 'x');
+  const Timeline timeline = Filled({}, {Named({1, 5}, longName)}, {Implement({1, 5}, longName)});
+  EXPECT_EQ(timeline.ImplementOf(timeline.Entries()[0]).name, "xxxxxxxxxx");
+  EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[0])[0], "xxxxxxxxxx");
+}
+
 TEST(Timeline, ProductOfBlanksAloneIsAName) {
   const Timeline timeline = Filled({}, {Named({1, 5}, "A"), Named({1, 6}, " ")}, {});
   EXPECT_EQ(timeline.ProductsOf(timeline.Entries()[1])[0], " ");
@@ -181,6 +187,16 @@ void ExpectLiteral(const std::vector<jobstore::RatesRow>& rates,
     EXPECT_EQ(timeline.ImplementOf(entry).name, expected.implementName);
     EXPECT_EQ(entry.implement, expected.setup);
   }
+}
+
+TEST(Timeline, MillionRowsInTheWorstOrderFindTheirPlaces) {
+  constexpr std::int32_t kRows = 1'000'000;
+  Timeline timeline;
+  for (std::int32_t i = 0; i < kRows; ++i) timeline.AppendDesiredRates({{1, i % 1000}, {}});
+  for (std::int32_t i = kRows; i > 0; --i) timeline.MergeProducts(Named({2, i}, "A"));
+  for (std::int32_t i = kRows; i > 0; --i) timeline.MergeImplement(Implement({0, i}, "Disc"));
+  timeline.Close();
+  EXPECT_EQ(timeline.Entries().size(), 3U * kRows);
 }
 
 class RandomTimeline : public testing::TestWithParam<bool> {};

@@ -133,6 +133,35 @@ TEST_F(StrangersJob, ATreeThatLeadsToItsPagesOverAndOverEnds) {
       << "the next query has its own budget";
 }
 
+TEST_F(StrangersJob, LongRowsThatShareTheirPagesEnd) {
+  test::JobBuilder builder(folder_ / "job.sqlite");
+  for (int i = 0; i < 5000; ++i) builder.Epoch({1, i}, i, 0);
+  builder.Execute("UPDATE GpsDataTable SET e_I_B__B2=zeroblob(900000) WHERE gpsMsec=4999");
+  const std::string path = builder.Finish();
+  std::string bytes = test::FileBytes(path);
+  const auto root =
+      4096 * static_cast<std::size_t>(test::Ask(
+                 path, "SELECT rootpage - 1 FROM sqlite_master WHERE name='GpsDataTable'"));
+  ASSERT_EQ(bytes[root], 5);
+  // The long row is the last leaf's only one; sixty times there, and on every leaf.
+  const std::size_t child = static_cast<unsigned char>(bytes[root + 10]) * 256U +
+                            static_cast<unsigned char>(bytes[root + 11]);
+  const std::size_t leaf = 4096 * (child - 1);
+  ASSERT_EQ(bytes[leaf + 4], 1);
+  bytes[leaf + 4] = 60;
+  for (std::size_t cell = 1; cell < 60; ++cell) {
+    bytes.replace(leaf + 8 + 2 * cell, 2, bytes, leaf + 8, 2);
+  }
+  bytes.replace(root, 4096, AllLeadingTo(bytes.substr(root, 4096), child));
+  std::ofstream(path, std::ios::binary) << bytes;
+
+  jobstore::Job job(path);
+  jobstore::Query<jobstore::WireEpochs> epochs(job);
+  jobstore::WireEpochs::Row row;
+  EXPECT_FALSE(epochs.Next(row));
+  EXPECT_EQ(epochs.LastStep(), kInterrupted);
+}
+
 TEST_F(StrangersJob, ADamagedPageEndsTheRowsAndItsCodeStays) {
   test::JobBuilder builder(folder_ / "job.sqlite");
   builder.Execute("CREATE INDEX byTime ON GpsDataTable (gpsWeek, gpsMsec)");
