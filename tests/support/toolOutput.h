@@ -17,9 +17,10 @@ inline bool Installed(const std::string& tool) {
   return std::system(("command -v " + tool + " >/dev/null 2>&1").c_str()) == 0;
 }
 
-/// What a command prints, warnings included.
+/// What a command prints in plain English, warnings included.
 inline std::string Output(const std::string& command) {
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>&1").c_str(), "r"), pclose);
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
+      popen(("export LC_ALL=C.UTF-8; " + command + " 2>&1").c_str(), "r"), pclose);
   std::string output;
   std::array<char, 4096> part{};
   while (const std::size_t size = fread(part.data(), 1, part.size(), pipe.get())) {
