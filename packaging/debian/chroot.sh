@@ -10,9 +10,8 @@ home=$root/home/grower
 # What each desktop has, and who looks at what was installed.
 desktop=(man-db fonts-liberation libegl1 libgl1 libglx0 libopengl0 libx11-xcb1 libfontconfig1)
 
-# Built a moment ago, kestrin-gdal among them where there is one.
+# Built a moment ago.
 packages() { ls "$out"/*_amd64.deb; }
-has_driver() { [ -e "$out/kestrin-gdal_$version-1_amd64.deb" ]; }
 
 # Named after what went into it: a package that depends on something else needs another one.
 chroot_key() {
@@ -78,7 +77,7 @@ make_chroot() {
 }
 # All that is needed was fetched when the fresh system was made.
 apt_offline() { offline=1 apt_in_root "$@"; }
-extras() { ! has_driver || echo gdal-bin; }
+extras() { echo gdal-bin; }
 
 # One to install in, with a user: laid over the kept one where the system can, or a copy.
 take_chroot() {
