@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// A forged tree can hold far more rows than its file has bytes.
-constexpr std::int64_t kRowsAtMost = 2000;
+constexpr std::int64_t kRowsWalked = 2000;
 
 void Write(const fs::path& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc)
@@ -46,7 +46,7 @@ std::map<fs::path, std::string> Content(const fs::path& folder) {
 template <class Part>
 void Guarded(Part part) {
   test::RecordingHost host;
-  host.cancelAt = kRowsAtMost;
+  host.cancelAt = kRowsWalked;
   try {
     part(host);
   } catch (const base::RunCancelled&) {
