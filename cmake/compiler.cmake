@@ -18,8 +18,6 @@ if(WIN32)
   # C library's has the calls that are safe in threads under the same names as elsewhere.
   target_compile_definitions(kestrin_compile INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX UNICODE
                                                        _POSIX_THREAD_SAFE_FUNCTIONS)
-  # Two builds of a commit give the same bytes.
-  target_link_options(kestrin_compile INTERFACE -Wl,--no-insert-timestamp)
 endif()
 if(KESTRIN_WERROR)
   target_compile_options(kestrin_compile INTERFACE -Werror)
