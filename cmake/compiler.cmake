@@ -24,6 +24,22 @@ endif()
 if(KESTRIN_WERROR)
   target_compile_options(kestrin_compile INTERFACE -Werror)
 endif()
+if(NOT KESTRIN_SANITIZE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  # A slip that is left stops the program instead of writing where it should not.
+  include(CheckPIESupported)
+  check_pie_supported(LANGUAGES CXX)
+  target_compile_definitions(kestrin_compile INTERFACE _FORTIFY_SOURCE=2)
+  target_compile_options(kestrin_compile INTERFACE -fstack-protector-strong)
+  # MinGW has what stands behind it in a library.
+  target_link_options(kestrin_compile INTERFACE -fstack-protector-strong)
+  if(NOT WIN32)
+    include(CheckCXXCompilerFlag)
+    check_cxx_compiler_flag(-fcf-protection KESTRIN_HAS_CF_PROTECTION)
+    target_compile_options(kestrin_compile
+                           INTERFACE $<$<BOOL:${KESTRIN_HAS_CF_PROTECTION}>:-fcf-protection>)
+    target_link_options(kestrin_compile INTERFACE -Wl,-z,relro,-z,now)
+  endif()
+endif()
 if(KESTRIN_SANITIZE)
   target_compile_options(kestrin_compile INTERFACE -fsanitize=${KESTRIN_SANITIZE}
                                                    -fno-sanitize-recover=all

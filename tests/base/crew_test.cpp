@@ -201,5 +201,17 @@ TEST(Crew, AfterAMemberThatThrowsNoOtherBegins) {
   EXPECT_EQ(begun, 4U);
 }
 
+TEST(Crew, OfTwoMembersThatThrowSideBySideOneIsHeardOf) {
+  Crew crew(2);
+  std::atomic<int> begun = 0;
+  EXPECT_THROW(crew.WorkOff({2}, 1,
+                            [&](std::size_t, std::size_t) {
+                              ++begun;
+                              while (begun < 2) std::this_thread::yield();
+                              throw std::runtime_error("no");
+                            }),
+               std::runtime_error);
+}
+
 }  // namespace
 }  // namespace kestrin::base

@@ -124,6 +124,12 @@ TEST_F(PolyExport, WithoutReferenceNothingIsWritten) {
   EXPECT_TRUE(host_.messages.empty());
 }
 
+TEST_F(PolyExport, JobThatCannotBeOpenedIsToldAndTheOldSetIsGone) {
+  LeaveOldSet();
+  ExpectNothingWritten(Export(folder_ / "missing.sqlite"));
+  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error opening: -14"});
+}
+
 jobstore::ImplementRow Implement(jobstore::GpsKey time, std::initializer_list<double> widths) {
   jobstore::ImplementRow row;
   row.time = time;

@@ -285,6 +285,14 @@ TEST_F(NetExport, JobThatCannotBeOpenedIsToldAndTheOldSetIsGone) {
   EXPECT_THAT(host_.messages, ElementsAre(StartsWith("Error opening: -")));
 }
 
+TEST_F(NetExport, WithoutReferenceNothingIsWritten) {
+  builder_.Execute("DELETE FROM ReferenceLocationChangeTable");
+  Wide(10);
+  Drive({0, 0}, {0, 100});
+  ExpectNothingWritten(Export());
+  EXPECT_TRUE(host_.messages.empty());
+}
+
 TEST_F(NetExport, RowsThatEndEarlyLeaveACompleteSetOfThoseBefore) {
   Wide(10);
   Drive({0, 0}, {0, 3000}, 0, 1);
