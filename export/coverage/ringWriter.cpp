@@ -23,7 +23,6 @@ RingWriter::RingWriter(const std::string& basePath, const geo::WorkingPlane& pla
           [this](const Batch& batch) { Put(batch); }) {}
 
 void RingWriter::Write(Ring ring) {
-  if (ring.empty()) return;
   for (std::size_t i = 0; i < ring.size(); ++i) {
     Batch& batch = batches_.Filling();
     batch.points.push_back(ring[i]);

@@ -52,14 +52,14 @@ inline bool OnNow(int id) {
 constexpr bool On(int id) { return !std::is_constant_evaluated() && OnNow(id); }
 
 // Takes up two numbers.
-#define KESTRIN_COMPARISON(NAME, OPERATOR, FIRST, SECOND)          \
-  template <class A, class B>                                      \
-  constexpr bool NAME(int id, const A& a, const B& b) {            \
-    if constexpr (requires { a FIRST b, a SECOND b; }) {           \
-      if (On(id)) return a FIRST b;                                \
-      if (On(id + 1)) return a SECOND b;                           \
-    }                                                              \
-    return a OPERATOR b;                                           \
+#define KESTRIN_COMPARISON(NAME, OPERATOR, FIRST, SECOND) \
+  template <class A, class B>                             \
+  constexpr bool NAME(int id, const A& a, const B& b) {   \
+    if constexpr (requires { a FIRST b, a SECOND b; }) {  \
+      if (On(id)) return a FIRST b;                       \
+      if (On(id + 1)) return a SECOND b;                  \
+    }                                                     \
+    return a OPERATOR b;                                  \
   }
 KESTRIN_COMPARISON(Less, <, <=, >=)
 KESTRIN_COMPARISON(LessEqual, <=, <, >)
@@ -67,13 +67,13 @@ KESTRIN_COMPARISON(Greater, >, >=, <=)
 KESTRIN_COMPARISON(GreaterEqual, >=, >, <)
 #undef KESTRIN_COMPARISON
 
-#define KESTRIN_OPERATION(NAME, OPERATOR, OTHER)                   \
-  template <class A, class B>                                      \
-  constexpr auto NAME(int id, const A& a, const B& b) {            \
-    if constexpr (requires { a OTHER b; }) {                       \
+#define KESTRIN_OPERATION(NAME, OPERATOR, OTHER)                         \
+  template <class A, class B>                                            \
+  constexpr auto NAME(int id, const A& a, const B& b) {                  \
+    if constexpr (requires { a OTHER b; }) {                             \
       if (On(id)) return static_cast<decltype(a OPERATOR b)>(a OTHER b); \
-    }                                                              \
-    return a OPERATOR b;                                           \
+    }                                                                    \
+    return a OPERATOR b;                                                 \
   }
 KESTRIN_OPERATION(Equal, ==, !=)
 KESTRIN_OPERATION(Unequal, !=, ==)
