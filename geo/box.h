@@ -31,10 +31,7 @@ struct Box {
   /// The first point sets all four bounds; a later one lowers a minimum or else raises a
   /// maximum.
   void Widen(double x, double y) {
-    if (IsEmpty()) {
-      *this = {x, y, x, y};
-      return;
-    }
+    if (IsEmpty()) *this = {x, y, x, y};
     if (x < xMin) {
       xMin = x;
     } else if (x > xMax) {

@@ -48,9 +48,8 @@ std::int16_t UtmZoneOf(double latitude, double longitude) {
 
 int GeoToUtm(double& latitudeNorthing, double& longitudeEasting, std::int16_t zone) {
   const Handle geographic(pjInitPlus(kGeographic));
-  if (!geographic) return -1;
   const Handle utm(pjInitPlus(UtmDefinition(zone).c_str()));
-  if (!utm) return -1;
+  if (!geographic || !utm) return -1;
   longitudeEasting *= base::kRadiansPerDegree;
   latitudeNorthing *= base::kRadiansPerDegree;
   return Transform(geographic, utm, longitudeEasting, latitudeNorthing);
@@ -58,9 +57,7 @@ int GeoToUtm(double& latitudeNorthing, double& longitudeEasting, std::int16_t zo
 
 int UtmToGeo(double& northingLatitude, double& eastingLongitude, std::int16_t zone) {
   const Handle utm(pjInitPlus(UtmDefinition(zone).c_str()));
-  if (!utm) return -1;
   const Handle geographic(pjInitPlus(kGeographic));
-  if (!geographic) return -1;
   if (Transform(utm, geographic, eastingLongitude, northingLatitude) != 0) return -1;
   northingLatitude *= base::kDegreesPerRadian;
   eastingLongitude *= base::kDegreesPerRadian;

@@ -26,9 +26,7 @@ class ChangeCursor {
   using Row = typename Q::Row;
 
   explicit ChangeCursor(Job& job)
-      : query_(job),
-        hasCurrent_(query_.Next(current_)),
-        exhausted_(!hasCurrent_ || !query_.Next(next_)) {}
+      : query_(job), hasCurrent_(query_.Next(current_)), exhausted_(!query_.Next(next_)) {}
 
   bool Prepared() const { return query_.Prepared(); }
   std::int32_t Result() const { return query_.Result(); }

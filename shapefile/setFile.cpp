@@ -34,18 +34,14 @@ void SetFile::Append(std::string_view bytes) {
 
 void SetFile::Patch(std::uint64_t offset, std::string_view bytes) {
   if (offset < flushed_) {
-    const auto written =
-        static_cast<std::size_t>(std::min<std::uint64_t>(bytes.size(), flushed_ - offset));
-    WriteAt(offset, bytes.substr(0, written));
-    offset += written;
-    bytes.remove_prefix(written);
+    WriteAt(offset, bytes);
+  } else {
+    std::memcpy(buffer_.get() + (offset - flushed_), bytes.data(), bytes.size());
   }
-  if (!bytes.empty()) std::memcpy(buffer_.get() + (offset - flushed_), bytes.data(), bytes.size());
 }
 
 void SetFile::Flush() {
   if (Size() > kLargest) throw base::FileError(target_, "The file would pass 2 GiB");
-  if (filled_ == 0) return;
   WriteAt(flushed_, {buffer_.get(), filled_});
   flushed_ += filled_;
   filled_ = 0;

@@ -37,8 +37,8 @@ class SetFile {
   /// Appends any number of bytes.
   void Append(std::string_view bytes);
 
-  /// Replaces bytes already appended: in the buffer where they are still there,
-  /// with a write of its own where they are not.
+  /// Replaces bytes that one call of Next gave, or that a file no longer than the buffer begins
+  /// with: in the buffer where they are still there, with a write of their own where they are not.
   void Patch(std::uint64_t offset, std::string_view bytes);
 
   /// Bytes so far.

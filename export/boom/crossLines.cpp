@@ -11,7 +11,6 @@ void CrossLineList::Append(const CrossLine& line) {
 }
 
 std::span<const CrossLine> CrossLineList::Piece(std::size_t begin, std::size_t end) const {
-  if (begin >= end) return {};
   const std::size_t at = begin % kBlock;
   return {&blocks_[begin / kBlock][at], std::min(end - begin, kBlock - at)};
 }

@@ -25,8 +25,8 @@ class CrossLineList {
   /// Valid until the list ends.
   CrossLine& operator[](std::size_t index) { return blocks_[index / kBlock][index % kBlock]; }
 
-  /// The lines from `begin` up to `end`, or as many of them as lie in one piece; at least one
-  /// unless the range is empty. Valid until the list ends.
+  /// The lines from `begin` up to `end`, of which there must be one, or as many of them as lie in
+  /// one piece. Valid until the list ends.
   std::span<const CrossLine> Piece(std::size_t begin, std::size_t end) const;
 
  private:

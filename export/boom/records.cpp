@@ -28,10 +28,7 @@ void Records::StartPeriod(std::size_t entry) {
 void Records::Select(const ActualRateSet& rates) {
   if (!wantsRecord_ && records_[current_].rates != rates) wantsRecord_ = true;
   if (!wantsRecord_) return;
-  if (records_.size() - periodBegin_ >= 2 && FindEarlier(rates)) {
-    wantsRecord_ = false;
-    return;
-  }
+  if (records_.size() - periodBegin_ >= 2 && FindEarlier(rates)) return;
   current_ = records_.size();
   records_.push_back({entry_, rates, {}});
   slices_.push_back({laid_.Size(), {}});

@@ -8,10 +8,8 @@ namespace {
 bool MeetsItself(ground::IndexedPath& outline) {
   const geo::UtmPoint a = outline[outline.Size() - 2];
   const geo::UtmPoint b = outline.Back();
-  // A segment of no length has no line, and none meets it.
-  return a != b && outline.AnyNearNewest(0, [&](std::size_t i) {
-    return ground::SegmentsMeet(a, b, outline[i], outline[i + 1]);
-  });
+  return outline.AnyNearNewest(
+      0, [&](std::size_t i) { return ground::SegmentsMeet(a, b, outline[i], outline[i + 1]); });
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ exports::ExportOutcome ExportPointShape(const std::string& basePath, const std::
   jobstore::Job job(jobPath, run.host);
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::ReferencesWithAltitude> offsets(job);
-  if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
+  exports::IsPreparedOrTold(offsets, run.host);
   if (!offsets.HasReference()) return exports::NothingIn(job);
 
   const Groups groups = CountGroups(job);

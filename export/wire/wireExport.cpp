@@ -77,7 +77,7 @@ exports::ExportOutcome ExportWireShape(const std::string& basePath, const std::s
   jobstore::Job job(jobPath, run.host);
   if (!exports::IsOpenOrTold(job, run.host)) return outcome;
   geo::LocalOffsets<jobstore::References> offsets(job);
-  if (!exports::IsPreparedOrTold(offsets, run.host)) return outcome;
+  exports::IsPreparedOrTold(offsets, run.host);
   if (!offsets.HasReference()) return exports::NothingIn(job);
 
   jobstore::Query<jobstore::WireEpochs> epochs(job);

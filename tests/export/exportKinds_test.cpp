@@ -33,6 +33,19 @@ TEST(ExportKinds, TellTheFieldsThatTheirSetsHave) {
   }
 }
 
+TEST(ExportKinds, AreWireBoomPolygonAndPointInThisOrder) {
+  const auto is = [](const ExportKind& kind, std::string_view name, std::string_view suffix,
+                     Shape shape) {
+    EXPECT_EQ(kind.name, name);
+    EXPECT_EQ(kind.suffix, suffix);
+    EXPECT_EQ(kind.shape, shape);
+  };
+  is(kExportKinds[0], "wire", "_WIRE", Shape::kLine);
+  is(kExportKinds[1], "boom", "_BOOM", Shape::kLines);
+  is(kExportKinds[2], "poly", "_POLY", Shape::kPolygon);
+  is(kExportKinds[3], "point", "_POINT", Shape::kPoint);
+}
+
 TEST(ExportKinds, TellEachGroupOnceOfAJobThatCannotBeRead) {
   EXPECT_EQ(Told(kExportKinds[3], "gone.sqlite").size(), 16U + 4 + 3);
 }

@@ -17,6 +17,7 @@ struct Doubling : base::Crew::Task {
   bool IsFull() const { return numbers.size() == 3; }
   void Clear() { numbers.clear(); }
   void Do() override {
+    if (begun != nullptr) ++*begun;
     if (numbers.front() % 7 == 0) std::this_thread::sleep_for(std::chrono::microseconds(200));
     if (numbers.front() == failsAt) throw std::runtime_error("no");
     for (int& number : numbers) number *= 2;
@@ -24,6 +25,18 @@ struct Doubling : base::Crew::Task {
 
   std::vector<int> numbers;
   int failsAt = -1;
+  std::atomic<int>* begun = nullptr;
+};
+
+/// Keeps a thread busy until it is let go.
+struct Busy : base::Crew::Task {
+  void Do() override {
+    begun = true;
+    while (!letGo) std::this_thread::yield();
+  }
+
+  std::atomic<bool> begun = false;
+  std::atomic<bool> letGo = false;
 };
 
 /// So many threads; 0 for no crew at all.
@@ -40,9 +53,11 @@ class InOrderOf : public testing::TestWithParam<unsigned> {
         [&] {
           auto batch = std::make_unique<Doubling>();
           batch->failsAt = failsAt;
+          ++made_;
           return batch;
         },
         [&](const Doubling& batch) {
+          ++takings_;
           if (refusesAt_ == batch.numbers.front()) throw std::logic_error("not this one");
           taken_.insert(taken_.end(), batch.numbers.begin(), batch.numbers.end());
         });
@@ -61,6 +76,8 @@ class InOrderOf : public testing::TestWithParam<unsigned> {
   std::optional<base::Crew> crew_;
   std::vector<int> taken_;
   int refusesAt_ = -1;
+  unsigned made_ = 0;  // batches
+  int takings_ = 0;
 };
 
 TEST_P(InOrderOf, WhatWasFilledFirstIsTakenFirst) {
@@ -87,6 +104,43 @@ TEST_P(InOrderOf, WhatTakingThrowsEndsTheRun) {
   refusesAt_ = 600;
   EXPECT_THROW(Double(1000), std::logic_error);
   ExpectDoubled(300);
+}
+
+TEST_P(InOrderOf, BatchesAreTwoAThreadAndOneWithoutACrew) {
+  Double(1);
+  EXPECT_EQ(made_, GetParam() == 0 ? 1 : 2 * GetParam());
+}
+
+TEST_P(InOrderOf, BatchIsHandedOverOnceItIsFull) {
+  Double(7);
+  EXPECT_EQ(takings_, 3);
+}
+
+TEST(InOrder, RunThatEndsEarlyTakesBackAllThatNobodyHasBegun) {
+  base::Crew crew(2);
+  Busy busy;
+  crew.Post(busy);
+  while (!busy.begun) std::this_thread::yield();
+  std::atomic<int> begun = 0;
+  {
+    const auto make = [&] {
+      auto batch = std::make_unique<Doubling>();
+      batch->begun = &begun;
+      return batch;
+    };
+    InOrder<Doubling> batches(&crew, make, [](const Doubling&) {});
+    for (int i = 0; i < 9; ++i) {
+      batches.Filling().numbers.push_back(i);
+      batches.Filled();
+    }
+  }
+  Doubling last;
+  last.numbers = {1};
+  crew.Post(last);
+  busy.letGo = true;
+  crew.Await(busy);
+  crew.Await(last);
+  EXPECT_EQ(begun, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Threads, InOrderOf, testing::Values(0U, 1U, 2U, 5U));

@@ -22,6 +22,18 @@ TEST(OutcomeTexts, SayThatNobodyKnowsHowManyEpochsADamagedJobHas) {
   }
 }
 
+TEST(OutcomeTexts, SayHowManyEpochsAlsoWhereTheErrorCameBehindTheLast) {
+  const ExportOutcome outcome{.made = true, .epochs = 1, .lastStep = 11};
+  EXPECT_EQ(NotReadToEndText(outcome, 1),
+            "The job could not be read to its end: the set holds 1 of 1 epochs, code 11");
+}
+
+TEST(OutcomeTexts, SayThatNobodyKnowsHowManyEpochsThereAreWhereNoneWasRead) {
+  EXPECT_EQ(NotReadToEndText({.made = true, .epochs = 0, .lastStep = 11}, 0),
+            "The job could not be read to its end: the set holds 0 epochs of an unknown number, "
+            "code 11");
+}
+
 TEST(OutcomeTexts, SayThatNoSetCameOfAJobThatCouldNotBeRead) {
   EXPECT_EQ(NotReadToEndText({.lastStep = 10}, 5000),
             "The job could not be read to its end: no set made, code 10");

@@ -47,6 +47,15 @@ TEST(Box, LaterPointsWidenOneSideOfEachAxis) {
   EXPECT_EQ(box.yMax, 1);
 }
 
+TEST(Box, EqualBoundStaysAsItIsToTheSignOfZero) {
+  Box box;
+  box.Widen(0, 0);
+  box.Widen(-0.0, -0.0);
+  for (const double bound : {box.xMin, box.yMin, box.xMax, box.yMax}) {
+    EXPECT_FALSE(std::signbit(bound));
+  }
+}
+
 TEST(Box, OfTwoPointsIsTheSameWhicheverComesFirst) {
   const Box box{1, 2, 5, 7};
   EXPECT_EQ(Box::Of({1, 7}, {5, 2}), box);

@@ -70,6 +70,20 @@ TEST(LocalTimeOf, RefusesDatesBeyondFourDigitYears) {
   EXPECT_THROW(LocalTimeOf({-306783378, 0}, 0), std::overflow_error);
 }
 
+TEST(LocalTimeOf, TakesAllDatesOfFourDigitYearsAndNoOthers) {
+  const auto second = [](LocalDateTime time) {
+    const auto since = time - Date(1999, 8, 22);
+    const auto weeks = std::chrono::floor<std::chrono::weeks>(since);
+    const auto rest = std::chrono::milliseconds(since - weeks);
+    return LocalTimeOf(
+        {static_cast<std::int32_t>(weeks.count()), static_cast<std::int32_t>(rest.count())}, 0);
+  };
+  EXPECT_EQ(second(Date(1, 1, 1)), Date(1, 1, 1));
+  EXPECT_THROW(second(Date(1, 1, 1) - seconds{1}), std::overflow_error);
+  EXPECT_EQ(second(Date(10000, 1, 1) - seconds{1}), Date(10000, 1, 1) - seconds{1});
+  EXPECT_THROW(second(Date(10000, 1, 1)), std::overflow_error);
+}
+
 TEST(DateText, PadsNoDay) { EXPECT_EQ(DateText(Date(2006, 6, 5), kEnglish), "2006Jun5"); }
 
 TEST(DateText, KeepsTheDateUntilTheLastSecondOfTheDay) {

@@ -44,6 +44,7 @@ TEST(UtmZoneOf, WidensZone32OnTheNorwegianCoast) {
   EXPECT_EQ(UtmZoneOf(60, 5), 32);
   EXPECT_EQ(UtmZoneOf(56, 3), 32);
   EXPECT_EQ(UtmZoneOf(63.999, 11.999), 32);
+  EXPECT_EQ(UtmZoneOf(63.999, 3), 32);
   EXPECT_EQ(UtmZoneOf(55.999, 5), 31);
   EXPECT_EQ(UtmZoneOf(64, 5), 31);
   EXPECT_EQ(UtmZoneOf(60, 2.999), 31);
@@ -57,6 +58,7 @@ TEST(UtmZoneOf, LeavesOutZones32To36AroundSvalbard) {
   EXPECT_EQ(UtmZoneOf(72, 9), 33);
   EXPECT_EQ(UtmZoneOf(72, 20.999), 33);
   EXPECT_EQ(UtmZoneOf(72, 21), 35);
+  EXPECT_EQ(UtmZoneOf(72, 32.999), 35);
   EXPECT_EQ(UtmZoneOf(72, 33), 37);
   EXPECT_EQ(UtmZoneOf(72, 41.999), 37);
   EXPECT_EQ(UtmZoneOf(72, 42), 38);

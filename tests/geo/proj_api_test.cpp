@@ -102,6 +102,9 @@ TEST(ProjApi, NothingMovesWithinOneSystem) {
   ASSERT_EQ(TransformOne(pair.geographic, pair.geographic, x, y), 0);
   EXPECT_EQ(x, 1.25);
   EXPECT_EQ(y, 0.5);
+  x = 3.5;  // not wrapped around
+  ASSERT_EQ(TransformOne(pair.geographic, pair.geographic, x, y), 0);
+  EXPECT_EQ(x, 3.5);
   x = 600000;
   y = 4e6;
   ASSERT_EQ(TransformOne(pair.utm, pair.utm, x, y), 0);

@@ -53,6 +53,11 @@ TEST(WeekFirstOffsets, SeveralChangesBetweenTwoEpochsLeaveTheLast) {
   EXPECT_EQ(InForce(offsets, 1400, 800), 49);
 }
 
+TEST(WeekFirstOffsets, EpochOfAnEarlierWeekThanTheLocationInForceChangesNothing) {
+  WeekFirstOffsets offsets({At(1401, 500, 47), At(1400, 900, 48)});
+  EXPECT_EQ(InForce(offsets, 1400, 900), 47);
+}
+
 TEST(WeekFirstOffsets, LaterLocationIsProjectedInTheFirstOnesZone) {
   WeekFirstOffsets offsets({At(1400, 500, 47, -96.5), At(1400, 900, 47, -95.5)});
   offsets.AdvanceTo({1400, 900});

@@ -6,6 +6,7 @@
 
 #include "jobstore/queries.h"
 #include "tests/support/jobBuilder.h"
+#include "tests/support/recordingHost.h"
 #include "tests/support/tempFolder.h"
 
 namespace kestrin::jobstore {
@@ -29,6 +30,24 @@ class QueryRows : public testing::Test {
   test::TempFolder folder_;
   test::JobBuilder builder_{folder_ / "job.sqlite"};
 };
+
+/// Counts what it hears from inside the database's steps.
+class Listener : public test::RecordingHost {
+ public:
+  void YieldInsideStep() noexcept override { ++heard; }
+
+  int heard = 0;
+};
+
+TEST_F(QueryRows, HostHearsOfALongStepWhileItLasts) {
+  for (int i = 5000; i-- > 0;) Add({1, i}, i);
+  Listener host;
+  Job job(builder_.Finish(), host);
+  Query<WireEpochs> epochs(job);
+  WireEpochs::Row row;
+  EXPECT_TRUE(epochs.Next(row));
+  EXPECT_GT(host.heard, 0);
+}
 
 TEST_F(QueryRows, ComeByWeekThenMillisecond) {
   Add({2, 5}, 3);

@@ -94,6 +94,23 @@ TEST(AttributeTable, NameIsItsFirstTenBytes) {
 
 TEST(AttributeTable, NameIsNotCutInsideACharacter) {
   EXPECT_EQ(NameText("123456789\xC3\xA4"), "123456789");
+  for (const char* first : {"\xC2", "\xDF"}) {
+    EXPECT_EQ(NameText("123456789" + std::string(first) + "\x80z"), "123456789");
+  }
+  for (const char* first : {"\xE0", "\xEF"}) {
+    EXPECT_EQ(NameText("12345678" + std::string(first) + "\x80\x80z"), "12345678");
+  }
+  for (const char* first : {"\xF0", "\xF4"}) {
+    EXPECT_EQ(NameText("1234567" + std::string(first) + "\x80\x80\x80z"), "1234567");
+  }
+  // Nor is what looks like one and lacks its end.
+  for (const char* name : {"123456789\xE2\x82", "123456789\xC3z\xA4", "123456789a\x80"}) {
+    EXPECT_EQ(NameText(name).size(), 10U);
+  }
+  // What begins no character is a byte like others.
+  for (const char* first : {"\xC1", "\xF5"}) {
+    EXPECT_EQ(NameText("123456789" + std::string(first) + "\x80\x80\x80").size(), 10U);
+  }
   EXPECT_EQ(NameText("12345678\xC3\xA4z"), "12345678\xC3\xA4");
   EXPECT_EQ(NameText("12345678\xE2\x82\xAC"), "12345678");
   EXPECT_EQ(NameText("123456789\xE2\x82\xAC"), "123456789");

@@ -197,6 +197,20 @@ TEST(SetLimits, ShapesOverTwoGiBAreAnErrorAboutTheShapes) {
   EXPECT_EQ(files.published, 0);
 }
 
+TEST(SetLimits, LargestFileIsAByteShortOfTwoGiB) {
+  BottomlessFileSystem files;
+  for (const std::size_t more : {0U, 1U}) {
+    SetFile file(files, "base.shp", kTwoGiB / 2);
+    file.Next(kTwoGiB / 2);
+    file.Next(kTwoGiB / 2 - 1 + more);
+    if (more == 0) {
+      EXPECT_NO_THROW(file.Finish(true));
+    } else {
+      EXPECT_THROW(file.Finish(true), base::FileError);
+    }
+  }
+}
+
 /// Writes as many rows as fit into a table, and so many more.
 void WriteLargestTable(base::FileSystem& files, std::uint64_t moreRows) {
   // 32 + 200 * 32 + 1 bytes of header, 50,001 a row, one at the end.

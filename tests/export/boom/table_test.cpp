@@ -65,11 +65,29 @@ TEST_F(BoomAttributes, NamesNeverEndInsideACharacter) {
 
 TEST_F(BoomAttributes, RateTooLongForItsFieldKeepsItsFirstCharacters) {
   ReferenceAndDisc();
-  builder_.DesiredRates(kStart, 12345678.25, 12345678901.5);
+  builder_.DesiredRates(kStart, 12345678.25, 12345678901.5).ActualRates(kStart, 98765432.75);
   builder_.Epoch(kStart, 0, 0);
   const test::BoomShape shape = ExportedSet().shapes.at(0);
+  EXPECT_EQ(shape.ActualRate(0), "98765432.7");
   EXPECT_EQ(shape.TargetRate(0), "12345678.2");
   EXPECT_EQ(shape.TargetRate(1), "1234567890");
+}
+
+/// The row of a record of the only period there is.
+std::string RowOf(std::size_t id, double actualRate) {
+  Timeline timeline;
+  timeline.AppendDesiredRates({{1, 0}, {1, 0, 0}});
+  Records::Record record;
+  record.rates[0] = actualRate;
+  return std::string(Table(timeline).RowOf(id, record));
+}
+
+TEST(BoomTable, IdOfMoreThanEightDigitsKeepsItsLastEight) {
+  EXPECT_EQ(RowOf(123456789, 0).substr(1, 8), "23456789");
+}
+
+TEST(BoomTable, ActualRatesAreRoundedToTwoDecimals) {
+  EXPECT_EQ(RowOf(0, 0.126).substr(39, 10), "      0.13");
 }
 
 TEST_F(BoomAttributes, ImplementOfBlanksTakesNameAndSetupOfTheOneBefore) {

@@ -124,10 +124,46 @@ TEST_F(PolyExport, WithoutReferenceNothingIsWritten) {
   EXPECT_TRUE(host_.messages.empty());
 }
 
+TEST_F(PolyExport, MissingReferenceTableIsReportedAndNothingIsWritten) {
+  builder_.Execute("DROP TABLE ReferenceLocationChangeTable");
+  DriveNorth(builder_);
+  ExpectNothingWritten(Export());
+  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error creating statement: -1"});
+}
+
 TEST_F(PolyExport, JobThatCannotBeOpenedIsToldAndTheOldSetIsGone) {
   LeaveOldSet();
   ExpectNothingWritten(Export(folder_ / "missing.sqlite"));
-  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error opening: -14"});
+  ASSERT_EQ(host_.messages.size(), 1U);
+  EXPECT_TRUE(host_.messages[0].starts_with("Error opening: -"));
+}
+
+TEST_F(PolyExport, RowsThatADamagedJobEndsAreToldByTheirError) {
+  DriveNorth(builder_, 5000);
+  const std::string job = builder_.Finish();
+  test::DamageTablePage(job);
+  const exports::ExportOutcome outcome = Export(job);
+  EXPECT_EQ(outcome.lastStep, 11);
+  EXPECT_LT(outcome.epochs, 5000);
+}
+
+// Twice 300 square metres are 0.15 acres, but 0.07 twice.
+TEST_F(PolyExport, FigureAddsUpTheAcresAsTheRecordsShowThem) {
+  DriveNorth(builder_);
+  for (int i = 0; i < 4; ++i) builder_.Epoch({2, i}, 50, 10.0 * i, 0, i == 0 && kBegins);
+  const exports::ExportOutcome outcome = Export();
+  ASSERT_EQ(outcome.figures.size(), 1U);
+  EXPECT_EQ(outcome.figures[0].name, "acres");
+  EXPECT_EQ(outcome.figures[0].value, 0.14);
+}
+
+TEST_F(PolyExport, AcresTooLongForTheirFieldKeepTheirFirstCharacters) {
+  builder_.Execute("DELETE FROM ImplChangeTable");
+  builder_.Implement({1, 0}, "a", {{250000, 0, 0, 0}});
+  for (int i = 0; i < 4; ++i) builder_.Epoch({1, i}, 0, 1e5 * i);
+  const exports::ExportOutcome outcome = Export();
+  EXPECT_EQ(test::ReadShapeSet(base_).rows.at(0).at(1), "18532903.5");
+  EXPECT_EQ(outcome.figures.at(0).value, 18532903.5);
 }
 
 jobstore::ImplementRow Implement(jobstore::GpsKey time, std::initializer_list<double> widths) {

@@ -103,6 +103,10 @@ TEST(CleanOutline, CountIsTheEndIndexOfAHitAndElseNone) {
   swath.Append(Row(5, -5).row);
   CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, 7, 10, count);
   EXPECT_EQ(count, 10U);
+  // Less the row of the hit.
+  EXPECT_EQ(swath.outline.Size(), 3U);
+  EXPECT_EQ(swath.leftEdge.size(), 3U);
+  EXPECT_EQ(swath.rightEdge.size(), 3U);
 }
 
 TEST(SwathRow, EndsLieHalfAWidthToEitherSideOfTheHeading) {

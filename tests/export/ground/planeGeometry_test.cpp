@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 namespace kestrin::ground {
@@ -16,6 +17,28 @@ TEST(FindLineIntersection, IsThatOfTheInfiniteLines) {
   FindLineIntersection(0, 0, 1, 1, 5, 0, 6, 1, x, y);
   EXPECT_EQ(x, 1E+38);
   EXPECT_EQ(y, 1E+38);
+}
+
+TEST(SideOf, IsOneToTheLeftAndMinusOneToTheRightAlsoBelowTheRoundingOfProducts) {
+  EXPECT_EQ(SideOf({0, 0}, {0, 5}, {-1, 2}), 1);
+  EXPECT_EQ(SideOf({0, 0}, {0, 5}, {1, 2}), -1);
+  EXPECT_EQ(SideOf({0, 0}, {0, 5}, {0, 7}), 0);
+  constexpr double kHair = std::numeric_limits<double>::epsilon();
+  EXPECT_EQ(SideOf({0, 0}, {1 + kHair, 1}, {1, 1 - kHair}), -1);
+  EXPECT_EQ(SideOf({0, 0}, {1, 1 + kHair}, {1 - kHair, 1}), 1);
+}
+
+TEST(SegmentsCross, OnlyWhereEachCrossesTheOtherInside) {
+  const auto cross = [](geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
+    EXPECT_EQ(SegmentsCross(a, b, c, d), SegmentsCross(c, d, a, b));
+    return SegmentsCross(a, b, c, d);
+  };
+  EXPECT_TRUE(cross({0, 0}, {2, 2}, {0, 2}, {2, 0}));
+  // The line of one crosses the other, beyond its own end.
+  EXPECT_FALSE(cross({0, 0}, {1, 0}, {5, -1}, {5, 1}));
+  // An end lies on the other, or on an end of it.
+  EXPECT_FALSE(cross({0, 0}, {2, 0}, {1, 0}, {1, 2}));
+  EXPECT_FALSE(cross({0, 0}, {2, 0}, {2, 0}, {3, 5}));
 }
 
 TEST(PolygonArea, IsSignedAndDoesNotMindAClosingPoint) {

@@ -41,7 +41,10 @@ TEST_F(PointFailures, FailedGpsQueryShowsItsOwnResult) {
   jobstore::Job job(path);
   const std::int32_t result = jobstore::Query<jobstore::PointEpochs>(job).Result();
   ASSERT_LT(result, 0);
-  ExpectNothingWritten(Export(path));
+  const exports::ExportOutcome outcome = Export(path);
+  ExpectNothingWritten(outcome);
+  // Told already.
+  EXPECT_EQ(outcome.lastStep, jobstore::kDone);
   ExpectMessage("Error creating statement: ", result);
 }
 

@@ -104,6 +104,12 @@ TEST_F(PointTable, OneGroupOfEachWithoutTheTables) {
   EXPECT_EQ(groups.products, 1);
 }
 
+TEST_F(PointTable, StatusThatCannotBeQueriedLeavesItToTheWidths) {
+  builder_.Execute("DROP TABLE GpsDataTable")
+      .Implement({1, 0}, "Boom", std::vector<jobstore::Section>(5, {3, 0, 0, 0}));
+  EXPECT_EQ(Sections(), 5);
+}
+
 TEST_F(PointTable, SectionsWhoseWidthColumnIsMissingAreSkipped) {
   builder_.Implement({1, 0}, "Boom", std::vector<jobstore::Section>(5, {3, 0, 0, 0}))
       .Execute("ALTER TABLE ImplChangeTable RENAME COLUMN width4 TO other");

@@ -210,7 +210,10 @@ TEST_F(WireExport, FailedGpsQueryShowsTheHandleOfTheReferenceStatement) {
   jobstore::Job job(path);
   const std::int32_t handle = jobstore::Query<jobstore::References>(job).Result();
   ASSERT_GE(handle, 0);
-  ExpectNothingWritten(Export(path));
+  const exports::ExportOutcome outcome = Export(path);
+  ExpectNothingWritten(outcome);
+  // Told already.
+  EXPECT_EQ(outcome.lastStep, jobstore::kDone);
   EXPECT_EQ(host_.messages,
             std::vector<std::string>{"Error creating statement: " + std::to_string(handle)});
 }
