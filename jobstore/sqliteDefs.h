@@ -45,6 +45,7 @@ class Database {
 
   /// From now on all statements together may take no more steps than else each of them, so that
   /// as many as a job asks for still come to an end. What goes beyond fails to step.
+  // NOLINTNEXTLINE(readability-make-member-function-const): what steps may do changes.
   void ShareSteps() {
     if (job_.budget) job_.budget->Share();
   }

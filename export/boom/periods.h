@@ -29,7 +29,7 @@ struct ScannedEpochs : jobstore::BoomEpochs {
 /// entries must outlive it.
 class Periods {
  public:
-  using Row = jobstore::BoomEpochs::Row;
+  using Row = ScannedEpochs::Row;
 
   Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries);
 
@@ -55,7 +55,7 @@ class Periods {
   jobstore::Job& job_;
   const std::vector<TimelineEntry>& entries_;
   jobstore::Query<ScannedEpochs> scan_;
-  ScannedEpochs::Row ahead_;
+  Row ahead_;
   bool hasAhead_ = false;
   bool byQueries_;
   std::optional<jobstore::Query<jobstore::PeriodEpochs>> query_;
