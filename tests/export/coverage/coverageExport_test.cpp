@@ -48,6 +48,12 @@ TEST_F(PolyExport, AreaIsInAcresOfThePlane) {
   EXPECT_EQ(Exported().rows[0], (std::vector<std::string>{"       0", "      0.07"}));
 }
 
+TEST_F(PolyExport, TableIsIdAndAcres) {
+  DriveNorth(builder_);
+  EXPECT_EQ(Exported().fields,
+            (std::vector<test::ReadField>{{"ID", 'N', 8, 0}, {"ACRES", 'N', 10, 2}}));
+}
+
 TEST_F(PolyExport, FewerThanFourRowsWriteNothingAndTheOldSetIsGone) {
   LeaveOldSet();
   DriveNorth(builder_, 3);

@@ -146,6 +146,16 @@ TEST(TestedLine, IsTightWhereProjectingCouldMakeItTouch) {
   EXPECT_EQ(ClearanceFromAnywhere(Bay(0), 101), Clearance::kNone);
 }
 
+TEST(TestedLine, IsTightWhereTheLongerOfTwoSidesEndsNearAShortOne) {
+  // A side of a hundred metres ends so far above one of a metre, and one of a metre begins there.
+  const auto above = [](double metres) {
+    return Closed(
+        {{0, 0}, {1, 0}, {3, -5}, {50, 50}, {0.5, 100}, {0.5, metres}, {-0.4, 0.5}, {-5, -5}});
+  };
+  EXPECT_EQ(ClearanceFromAnywhere(above(0.01), 100), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(above(0.0005), 100), Clearance::kTight);
+}
+
 TEST(TestedLine, IsTightAtASharpCorner) {
   const auto needle = [](double wide) {
     return Closed({{0, 0}, {0, 10}, {100, 10}, {0, 10 + wide}, {0, 20}, {110, 20}, {110, 0}});
