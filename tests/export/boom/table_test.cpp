@@ -77,6 +77,7 @@ TEST_F(BoomAttributes, RateTooLongForItsFieldKeepsItsFirstCharacters) {
 std::string RowOf(std::size_t id, double actualRate) {
   Timeline timeline;
   timeline.AppendDesiredRates({{1, 0}, {1, 0, 0}});
+  timeline.Close();
   Records::Record record;
   record.rates[0] = actualRate;
   return std::string(Table(timeline).RowOf(id, record));
