@@ -44,4 +44,9 @@ std::filesystem::path MakeOwnFolder(const std::filesystem::path& root, const std
 /// Failure: null where somebody else has it, or it is somebody else's.
 std::shared_ptr<const void> UseFolder(const std::filesystem::path& folder);
 
+/// Removes a folder of this user, unless somebody uses it. It takes another name first: whoever has
+/// just made it, and is about to use it, no longer finds it then.
+/// Failure: it stays, or something of it, under a name with ".gone" behind it.
+void RemoveUnused(const std::filesystem::path& folder);
+
 }  // namespace kestrin::opening

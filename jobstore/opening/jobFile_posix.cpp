@@ -60,4 +60,14 @@ std::shared_ptr<const void> UseFolder(const fs::path& folder) {
   return opened;
 }
 
+void RemoveUnused(const fs::path& folder) {
+  const auto use = UseFolder(folder);
+  if (!use) return;
+  fs::path gone = folder;
+  gone += ".gone";
+  std::error_code error;
+  fs::rename(folder, gone, error);
+  if (!error) fs::remove_all(gone, error);
+}
+
 }  // namespace kestrin::opening

@@ -111,4 +111,14 @@ std::shared_ptr<const void> UseFolder(const fs::path& folder) {
   return {use, CloseHandle};
 }
 
+void RemoveUnused(const fs::path& folder) {
+  // A folder in use, from here on as well, cannot be given another name.
+  if (!UseFolder(folder)) return;
+  fs::path gone = folder;
+  gone += ".gone";
+  std::error_code error;
+  fs::rename(folder, gone, error);
+  if (!error) fs::remove_all(gone, error);
+}
+
 }  // namespace kestrin::opening

@@ -28,9 +28,7 @@ void RemoveAbandoned(const fs::path& root) {
   std::error_code error;
   for (fs::directory_iterator entry(root, error), end; !error && entry != end;
        entry.increment(error)) {
-    std::error_code ignored;
-    const bool ours = base::Utf8Of(entry->path().filename()).starts_with(kBegin);
-    if (ours && UseFolder(entry->path())) fs::remove_all(entry->path(), ignored);
+    if (base::Utf8Of(entry->path().filename()).starts_with(kBegin)) RemoveUnused(entry->path());
   }
 }
 
@@ -40,8 +38,9 @@ PrivateFolder::PrivateFolder() {
   const fs::path root = fs::temp_directory_path(error_);
   if (error_) return;
   RemoveAbandoned(root);
-  // Not every drive can say that a folder is in use.
-  constexpr int kTries = 3;
+  // Not every drive can say that a folder is in use. One that can gives it within a few tries,
+  // however many programs begin at once.
+  constexpr int kTries = 20;
   for (int tries = 1;; ++tries) {
     path_ = MakeOwnFolder(root, kBegin, error_);
     if (error_) return;

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "jobstore/opening/privateCopy.h"
 #include "tests/support/fork.h"
@@ -46,6 +49,25 @@ TEST_F(PrivateFolderOfAProcess, GoesWithTheNextOneOnceItWasKilled) {
     EXPECT_FALSE(next.Error());
     EXPECT_EQ(Folders(), 1);
   }
+  EXPECT_EQ(Folders(), 0);
+}
+
+// Each looks for abandoned folders while others have just made theirs.
+TEST_F(PrivateFolderOfAProcess, IsNeverTakenForAbandonedBySomebodyWhoBeginsAtTheSameTime) {
+  std::atomic<int> kept = 0;
+  {
+    std::vector<std::jthread> threads;
+    for (int thread = 0; thread < 8; ++thread) {
+      threads.emplace_back([&kept] {
+        for (int i = 0; i < 100; ++i) {
+          const PrivateFolder folder;
+          std::this_thread::yield();
+          kept += std::ofstream(folder.Path() / "job.sqlite") ? 1 : 0;
+        }
+      });
+    }
+  }
+  EXPECT_EQ(kept, 800);
   EXPECT_EQ(Folders(), 0);
 }
 
