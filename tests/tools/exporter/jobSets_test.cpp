@@ -39,7 +39,7 @@ class SetsOfABrokenJob : public testing::Test {
 };
 
 TEST_F(SetsOfABrokenJob, AreOneLineOnceEveryKindHasSaidIt) {
-  for (const std::size_t kind : {2, 0, 1}) {
+  for (const std::size_t kind : {2U, 0U, 1U}) {
     EXPECT_EQ(Told(), "");
     EXPECT_FALSE(sets_->AreComplete());
     sets_->Make(kind);
