@@ -1,12 +1,43 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include "jobstore/epochs.h"
 #include "jobstore/gpsKey.h"
+#include "jobstore/sqliteDefs.h"
 
 namespace kestrin::jobstore {
+
+/// All epochs in time order, with what a query's text makes of their keys beside whole numbers:
+/// NULL compares with none of them, as NaN does, and whatever is no number lies behind them all.
+struct ScannedEpochs : BoomEpochs {
+  static constexpr std::int32_t kWeek = 0;
+  static constexpr std::int32_t kMsec = 1;
+
+  struct Row : BoomEpochs::Row {
+    double week = 0;
+    double msec = 0;
+  };
+
+  static void Read(const Statement& statement, Row& row) {
+    // The types first, which reading can change.
+    row.week = Compared(statement, kWeek);
+    row.msec = Compared(statement, kMsec);
+    BoomEpochs::Read(statement, row);
+  }
+
+ private:
+  static double Compared(const Statement& statement, std::int32_t column) {
+    const std::int32_t type = statement.linx_getColType(column);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return statement.linx_getDouble(column);
+    using Limits = std::numeric_limits<double>;
+    return type == SQLITE_NULL ? Limits::quiet_NaN() : Limits::infinity();
+  }
+};
 
 /// The epochs of one period of the boom export's change timeline: from `start` up to, not
 /// including, `end`; without an end, all from `start` on. A period that ends in a later week

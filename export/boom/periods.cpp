@@ -1,22 +1,11 @@
 #include "export/boom/periods.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace kestrin::boom {
 namespace {
 
-constexpr std::int32_t kWeek = 0;
-constexpr std::int32_t kMsec = 1;
-
-/// A key beside the whole numbers of a query's text: NULL compares with none of them, as NaN
-/// does, and whatever is no number lies behind them all.
-double Compared(const jobstore::Statement& statement, std::int32_t column) {
-  const std::int32_t type = statement.linx_getColType(column);
-  if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return statement.linx_getDouble(column);
-  using Limits = std::numeric_limits<double>;
-  return type == SQLITE_NULL ? Limits::quiet_NaN() : Limits::infinity();
-}
+using jobstore::ScannedEpochs;
 
 bool IsAtOrBehind(const ScannedEpochs::Row& row, jobstore::GpsKey time) {
   return row.week > time.gpsWeek || (row.week == time.gpsWeek && row.msec >= time.gpsMsec);
@@ -38,17 +27,12 @@ bool InOrder(const std::vector<TimelineEntry>& entries) {
 
 }  // namespace
 
-void ScannedEpochs::Read(const jobstore::Statement& statement, Row& row) {
-  row.week = Compared(statement, kWeek);
-  row.msec = Compared(statement, kMsec);
-  jobstore::BoomEpochs::Read(statement, row);
-}
-
 Periods::Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries)
     : job_(job),
       entries_(entries),
       scan_(job),
-      byQueries_(!InOrder(entries) || scan_.ComparesAsText(kWeek) || scan_.ComparesAsText(kMsec)) {
+      byQueries_(!InOrder(entries) || scan_.ComparesAsText(ScannedEpochs::kWeek) ||
+                 scan_.ComparesAsText(ScannedEpochs::kMsec)) {
   if (byQueries_) job.Library().ShareSteps();
 }
 

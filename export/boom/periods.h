@@ -12,15 +12,6 @@
 
 namespace kestrin::boom {
 
-/// All epochs in time order, with what a query's text makes of their keys.
-struct ScannedEpochs : jobstore::BoomEpochs {
-  struct Row : jobstore::BoomEpochs::Row {
-    double week = 0;
-    double msec = 0;
-  };
-  static void Read(const jobstore::Statement& statement, Row& row);
-};
-
 /// The GPS epochs of a timeline's periods, period after period: those that the query of each
 /// (jobstore::PeriodEpochs) selects. They come out of one scan of the job, as a query would read
 /// the whole table for each, and a job can hold tens of thousands. Only for keys that a scan
@@ -29,7 +20,7 @@ struct ScannedEpochs : jobstore::BoomEpochs {
 /// entries must outlive it.
 class Periods {
  public:
-  using Row = ScannedEpochs::Row;
+  using Row = jobstore::ScannedEpochs::Row;
 
   Periods(jobstore::Job& job, const std::vector<TimelineEntry>& entries);
 
@@ -54,7 +45,7 @@ class Periods {
 
   jobstore::Job& job_;
   const std::vector<TimelineEntry>& entries_;
-  jobstore::Query<ScannedEpochs> scan_;
+  jobstore::Query<jobstore::ScannedEpochs> scan_;
   Row ahead_;
   bool hasAhead_ = false;
   bool byQueries_;
