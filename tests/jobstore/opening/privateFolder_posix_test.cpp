@@ -2,15 +2,14 @@
 
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <string>
 #include <thread>
 #include <vector>
 
 #include "jobstore/opening/privateCopy.h"
 #include "tests/support/fork.h"
+#include "tests/support/setting.h"
 #include "tests/support/tempFolder.h"
 
 /// What becomes of private folders when their process is killed.
@@ -23,18 +22,10 @@ namespace fs = std::filesystem;
 /// A process with a private folder, in a temporary folder that only this test knows.
 class PrivateFolderOfAProcess : public testing::Test {
  protected:
-  PrivateFolderOfAProcess() {
-    if (const char* usual = std::getenv("TMPDIR")) usual_ = usual;
-    setenv("TMPDIR", root_.Path().c_str(), 1);
-  }
-  ~PrivateFolderOfAProcess() override {
-    usual_.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", usual_.c_str(), 1);
-  }
-
   std::ptrdiff_t Folders() const { return std::distance(fs::directory_iterator(root_.Path()), {}); }
 
   test::TempFolder root_;
-  std::string usual_;
+  test::Setting temporary_{"TMPDIR", root_.Path().string()};
 };
 
 TEST_F(PrivateFolderOfAProcess, GoesWithTheNextOneOnceItWasKilled) {
@@ -69,13 +60,6 @@ TEST_F(PrivateFolderOfAProcess, IsNeverTakenForAbandonedBySomebodyWhoBeginsAtThe
   }
   EXPECT_EQ(kept, 800);
   EXPECT_EQ(Folders(), 0);
-}
-
-TEST_F(PrivateFolderOfAProcess, StaysWhileItIsInUse) {
-  const PrivateFolder first;
-  { const PrivateFolder second; }
-  EXPECT_TRUE(fs::exists(first.Path()));
-  EXPECT_EQ(Folders(), 1);
 }
 
 }  // namespace

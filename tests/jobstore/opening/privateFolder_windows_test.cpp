@@ -55,12 +55,5 @@ TEST_F(PrivateFolderOfAProcess, GoesWithTheNextOneOnceItWasKilled) {
   EXPECT_EQ(Folders(), 0);
 }
 
-TEST_F(PrivateFolderOfAProcess, StaysWhileItIsInUse) {
-  const PrivateFolder first;
-  { const PrivateFolder second; }
-  EXPECT_TRUE(fs::exists(first.Path()));
-  EXPECT_EQ(Folders(), 1);
-}
-
 }  // namespace
 }  // namespace kestrin::opening
