@@ -41,9 +41,11 @@ void AllKinds(benchmark::State& state) {
       make(" --threads 1 --kind " + std::string(kind.name), job);
     }
   };
-  SideBySide(state, {{"floor", oneByOne},
-                     {"one", [&] { make(" --threads 1 --kind all", job); }},
-                     {"all", [&] { make(" --kind all", job); }}});
+  SideBySide(state,
+             {{"floor", oneByOne},
+              {"one", [&] { make(" --threads 1 --kind all", job); }},
+              {"all", [&] { make(" --kind all", job); }}},
+             [&] { folder.KeepOnly(".sqlite"); });
   state.counters["peak_MiB"] = peak;
 }
 BENCHMARK(AllKinds)->Name("kestrin-export, four kinds")->Apply(Sizes);
@@ -63,8 +65,10 @@ void ManyJobs(benchmark::State& state) {
     return [=] { RunCommand(command + " --jobs " + std::to_string(count) + jobs); };
   };
   const std::string oneThread = KnowsThreads() ? " --threads 1" : "";
-  SideBySide(state, {{"floor", [&] { RunCommand(command + oneThread + jobs); }},
-                     {"all", all(std::thread::hardware_concurrency())}});
+  SideBySide(state,
+             {{"floor", [&] { RunCommand(command + oneThread + jobs); }},
+              {"all", all(std::thread::hardware_concurrency())}},
+             [&] { folder.KeepOnly(".sqlite"); });
 }
 BENCHMARK(ManyJobs)->Name("kestrin-export, 16 jobs")->Apply(Sizes);
 

@@ -54,8 +54,9 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   base::Crew crew(std::thread::hardware_concurrency());
   const auto all = [&] { MakeSet(what.kind, base, job, &crew); };
   const double peak = PeakOf(all);
-  const auto shapes = static_cast<std::int64_t>(std::filesystem::file_size(base + ".shp"));
-  const auto table = static_cast<std::int64_t>(std::filesystem::file_size(base + ".dbf"));
+  auto sizes = SizesOfSet(base);
+  const auto shapes = static_cast<std::int64_t>(sizes[".shp"]);
+  const auto table = static_cast<std::int64_t>(sizes[".dbf"]);
   const std::int64_t points = what.pointsARow > 0 ? rows * what.pointsARow : shapes / 16;
   // No file of a set may pass 2 GiB.
   const bool grows = 5 * std::max(shapes, table) < std::int64_t{2} << 30;
@@ -63,7 +64,7 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   const auto floor = [&] {
     Database(job).Scan(what.query, what.integers);
     ProjectPoints(points);
-    WriteSetPlainly(base, folder / "plain");
+    WriteSetPlainly(sizes, folder / "plain");
   };
   const auto dump = [&] {
     RunCommand("sqlite3 -readonly -csv " + job + " '" + what.query + "' >" + (folder / "dump.csv"));
@@ -74,7 +75,7 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
                           {"dump", dump}};
   if (grows) sides.push_back({"grown", [&] { MakeSet(what.kind, base, grownJob, &crew); }});
   if (what.peer) sides.push_back({"peer", [&] { what.peer(job, folder); }, true});
-  SideBySide(state, sides);
+  SideBySide(state, sides, [&] { folder.KeepOnly(".sqlite"); });
   state.counters["peak_MiB"] = peak;
 }
 

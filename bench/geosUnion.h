@@ -72,9 +72,11 @@ inline ground::Geos::Area BesideGeos(benchmark::State& state, const exports::Exp
   const std::string job = folder / "job.sqlite";
   base::Crew crew(std::thread::hardware_concurrency());
   ground::Geos::Area all;
-  SideBySide(state, {{"one", [&] { MakeSet(kind, folder / "job", job, nullptr); }},
-                     {"all", [&] { MakeSet(kind, folder / "job", job, &crew); }},
-                     {"peer", [&] { all = geos.Union(QuadsOf(job, geos)); }, true}});
+  SideBySide(state,
+             {{"one", [&] { MakeSet(kind, folder / "job", job, nullptr); }},
+              {"all", [&] { MakeSet(kind, folder / "job", job, &crew); }},
+              {"peer", [&] { all = geos.Union(QuadsOf(job, geos)); }, true}},
+             [&] { folder.KeepOnly(".sqlite"); });
   return all;
 }
 

@@ -8,9 +8,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What the benchmarks of files share.
 
@@ -32,6 +34,15 @@ class ScratchFolder {
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
   std::string operator/(const std::string& name) const { return (path_ / name).string(); }
+
+  /// Removes all files but those that end so.
+  void KeepOnly(std::string_view ending) const {
+    std::vector<std::filesystem::path> others;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+      if (!entry.path().string().ends_with(ending)) others.push_back(entry.path());
+    }
+    for (const auto& path : others) std::filesystem::remove_all(path);
+  }
 
  private:
   std::filesystem::path path_;
@@ -61,11 +72,19 @@ inline void WritePlainly(const std::string& path, std::uint64_t size) {
   if (!good) throw std::runtime_error("cannot write " + path);
 }
 
-/// The three files of a set once more, written plainly in `folder`.
-inline void WriteSetPlainly(const std::string& base, const std::string& copy) {
+/// Sizes of a set's three files.
+inline std::map<std::string, std::uint64_t> SizesOfSet(const std::string& base) {
+  std::map<std::string, std::uint64_t> sizes;
   for (const char* extension : {".shp", ".shx", ".dbf"}) {
-    WritePlainly(copy + extension, std::filesystem::file_size(base + extension));
+    sizes[extension] = std::filesystem::file_size(base + extension);
   }
+  return sizes;
+}
+
+/// Files as large as a set's, written plainly.
+inline void WriteSetPlainly(const std::map<std::string, std::uint64_t>& sizes,
+                            const std::string& base) {
+  for (const auto& [extension, size] : sizes) WritePlainly(base + extension, size);
 }
 
 /// Forgets the process's peak memory so far.

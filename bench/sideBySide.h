@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <functional>
@@ -52,13 +53,19 @@ inline double ProcessorSeconds() {
 
 /// Runs the sides one after another, round by round, so that a busy machine slows all alike.
 /// Counters: of each side the medians of its seconds ("<name>_s") and of its processor seconds
-/// ("<name>_cpu").
-inline void SideBySide(benchmark::State& state, const std::vector<Side>& sides) {
+/// ("<name>_cpu"). Before each run `clear` removes what others wrote, and the system's own writing
+/// has ended: to free a large file takes some drives longer than to write it, and whoever
+/// overwrites one would be charged with it.
+inline void SideBySide(
+    benchmark::State& state, const std::vector<Side>& sides,
+    const std::function<void()>& clear = [] {}) {
   std::vector<Costs> costs(sides.size());
   for ([[maybe_unused]] auto round : state) {
     double whole = 0;
     for (std::size_t i = 0; i < sides.size(); ++i) {
       if (sides[i].once && !costs[i].seconds.empty()) continue;
+      clear();
+      sync();
       const double before = ProcessorSeconds();
       costs[i].seconds.push_back(SecondsOf(sides[i].run));
       costs[i].processorSeconds.push_back(ProcessorSeconds() - before);

@@ -58,7 +58,9 @@ void Writing(benchmark::State& state, Writer write) {
   const auto files = base::NativeFileSystem();
   const auto ours = [&] { write(*files, base, state.range(0)); };
   const double peak = PeakOf(ours);
-  SideBySide(state, {{"floor", [&] { WriteSetPlainly(base, folder / "plain"); }}, {"one", ours}});
+  const auto sizes = SizesOfSet(base);
+  SideBySide(state, {{"floor", [&] { WriteSetPlainly(sizes, folder / "plain"); }}, {"one", ours}},
+             [&] { folder.KeepOnly("."); });
   state.counters["peak_MiB"] = peak;
 }
 BENCHMARK_CAPTURE(Writing, points, WritePoints)->Name("part: writing points")->Apply(Sizes);
