@@ -26,6 +26,8 @@ struct ExportCase {
   std::int64_t pointsARow = 0;
   /// Makes much the same with another program, from a job, in a folder.
   std::function<void(const std::string& job, const ScratchFolder& folder)> peer{};
+  /// A query of one row that it begins with.
+  std::string firstQuery{};
 };
 
 inline void RunCommand(const std::string& command) {
@@ -62,6 +64,7 @@ inline void MeasureExport(benchmark::State& state, const ExportCase& what) {
   const bool grows = 5 * std::max(shapes, table) < std::int64_t{2} << 30;
   if (grows) what.makeJob(grownJob, 5 * rows);
   const auto floor = [&] {
+    if (!what.firstQuery.empty()) Database(job).Scan(what.firstQuery);
     Database(job).Scan(what.query, what.integers);
     ProjectPoints(points);
     WriteSetPlainly(sizes, folder / "plain");

@@ -37,12 +37,13 @@ void Points(benchmark::State& state, int sections) {
   const auto makeJob = [=](const std::string& path, std::int64_t rows) {
     MakeJob(path, rows, sections);
   };
-  MeasureExport(state, {exports::kExportKinds[3],
-                        makeJob,
-                        std::string(jobstore::PointEpochs::Text()),
-                        {9, 10},
-                        1,
-                        MakeWithOgr2ogr});
+  MeasureExport(state, {.kind = exports::kExportKinds[3],
+                        .makeJob = makeJob,
+                        .query = std::string(jobstore::PointEpochs::Text()),
+                        .integers = {9, 10},
+                        .pointsARow = 1,
+                        .peer = MakeWithOgr2ogr,
+                        .firstQuery = std::string(jobstore::BoomStatusMaximum::Text())});
 }
 BENCHMARK_CAPTURE(Points, 1, 1)->Name("points, 1 section")->Apply(Sizes);
 BENCHMARK_CAPTURE(Points, 16, 16)->Name("points, 16 sections")->Apply(Sizes);
