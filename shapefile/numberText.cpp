@@ -23,8 +23,7 @@ double PowerOfTen(int exponent) { return kPowersOfTen[static_cast<std::size_t>(e
 bool HasItsOwnDigits(double number, int decimals) {
   const double magnitude = std::fabs(number);
   const int least = decimals + kLeastFixedExponent;
-  return magnitude < PowerOfTen(kDigits) &&
-         (least <= 0 || magnitude >= PowerOfTen(least) || magnitude == 0);
+  return magnitude < PowerOfTen(kDigits) && (least <= 0 || magnitude >= PowerOfTen(least));
 }
 
 /// Puts `number` / `power`, a power of ten, without trailing zeros.

@@ -158,8 +158,7 @@ bool PolygonRing::Unfold(const ground::Sweep& sweep, double& saved) {
   const double share = std::min(saved, kMostOfOne);
   double mayBeWrong = kMayBeWrong * sweep.net + share - sweep.hiddenGround;
   if (mayBeWrong <= 0) return false;
-  ground::Line ring = ground::Unfold(drawn_.Points(), mayBeWrong);
-  if (ring.size() < 4 || !IsFit(std::move(ring))) return false;
+  if (!IsFit(ground::Unfold(drawn_.Points(), mayBeWrong))) return false;
   saved -= std::max(0.0, share - mayBeWrong);
   return true;
 }
@@ -168,7 +167,7 @@ bool PolygonRing::Unite(const Ground& ground) {
   ground::Geos geos;
   const auto isFit = [&](ground::Line line) {
     for (geo::UtmPoint& point : line) point = Sum(point, ground.origin);
-    return !line.empty() && IsFit(std::move(line));
+    return IsFit(std::move(line));
   };
   const auto isAround = [&](const ground::Geos::Area& swept) {
     // What lies closer together than a projection's last digits can touch in degrees. A

@@ -33,7 +33,7 @@ TEST(ExportKinds, TellTheFieldsThatTheirSetsHave) {
   }
 }
 
-TEST(ExportKinds, AreWireBoomPolygonAndPointInThisOrder) {
+TEST(ExportKinds, AreWireBoomPolygonAndPointInThisOrderAndNetByName) {
   const auto is = [](const ExportKind& kind, std::string_view name, std::string_view suffix,
                      Shape shape) {
     EXPECT_EQ(kind.name, name);
@@ -44,6 +44,8 @@ TEST(ExportKinds, AreWireBoomPolygonAndPointInThisOrder) {
   is(kExportKinds[1], "boom", "_BOOM", Shape::kLines);
   is(kExportKinds[2], "poly", "_POLY", Shape::kPolygon);
   is(kExportKinds[3], "point", "_POINT", Shape::kPoint);
+  ASSERT_EQ(kNamedKinds.size(), 1U);
+  is(kNamedKinds[0], "net", "_NET", Shape::kPolygon);
 }
 
 TEST(ExportKinds, TellEachGroupOnceOfAJobThatCannotBeRead) {

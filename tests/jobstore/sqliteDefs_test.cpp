@@ -9,6 +9,7 @@ namespace kestrin::jobstore {
 namespace {
 
 constexpr std::int32_t kMisuse = 21;
+constexpr std::int32_t kInterrupted = 9;
 
 /// A job with one table t(i, d, s, e, n, b) of one row, opened.
 class OpenedDatabase : public testing::Test {
@@ -201,6 +202,45 @@ TEST_F(OpenedDatabase, AClosedDatabasePreparesNothing) {
   database_.linx_sqlite3_close();
   EXPECT_EQ(database_.linx_sqlite3_open(folder_ / "missing.sqlite"), -14);
   EXPECT_EQ(Prepare("Select i From t"), -kMisuse);
+}
+
+/// A job with a table n of 200 rows, opened, and with a change table that cannot be read.
+class CrossedDatabase : public OpenedDatabase {
+ protected:
+  CrossedDatabase() {
+    test::JobBuilder builder(folder_ / "crossed.sqlite");
+    builder.Execute("CREATE TABLE n(i)").ActualRates({1, 0}, 30);
+    for (int i = 0; i < 200; ++i) builder.Execute("INSERT INTO n VALUES(1)");
+    const std::string path = builder.Finish();
+    test::DamageTable(path, "AsAppliedActRateChangeTable");
+    opened_ = database_.linx_sqlite3_open(path);
+  }
+
+  /// The end of counting the rows of n with each other, which takes some 200,000 of the library's
+  /// steps of the four million that a job of this size is given.
+  std::int32_t Count() {
+    return Prepared("Select Count(*) From n a, n b Where a.i = b.i").linx_sqlite3_step();
+  }
+};
+
+TEST_F(CrossedDatabase, KeepsTheFirstErrorOfAnyStatementUntilItOpensAnother) {
+  EXPECT_EQ(Count(), 100);
+  EXPECT_EQ(database_.FirstError(), kDone);
+  EXPECT_EQ(Prepared("Select * From AsAppliedActRateChangeTable").linx_sqlite3_step(), 11);
+  EXPECT_EQ(Prepared("Select Count(*) From n a, n b, n c Where a.i = c.i").linx_sqlite3_step(),
+            kInterrupted);
+  EXPECT_EQ(Count(), 100);
+  EXPECT_EQ(database_.FirstError(), 11);
+  ASSERT_GE(database_.linx_sqlite3_open(folder_ / "job.sqlite"), 0);
+  EXPECT_EQ(database_.FirstError(), kDone);
+}
+
+TEST_F(CrossedDatabase, GivesEachStatementItsOwnStepsUntilTheyAreShared) {
+  for (int i = 0; i < 60; ++i) ASSERT_EQ(Count(), 100) << i;
+  database_.ShareSteps();
+  std::int32_t result = 100;
+  for (int i = 0; i < 60 && result == 100; ++i) result = Count();
+  EXPECT_EQ(result, kInterrupted);
 }
 
 TEST_F(OpenedDatabase, TwoOfOneFileShareNothing) {

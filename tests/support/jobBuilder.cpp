@@ -30,14 +30,16 @@ std::string Values(jobstore::GpsKey time) {
   return std::to_string(time.gpsWeek) + "," + std::to_string(time.gpsMsec);
 }
 
+constexpr std::size_t kPage = 4096;
+constexpr char kNoPage = '\x7f';  // is no type of a page
+
 /// Makes the first page of a type unreadable, from a share of the file on.
 void DamagePage(const std::string& path, char type, double share) {
-  constexpr std::size_t kPage = 4096;
   std::string bytes = FileBytes(path);
   const auto pages = static_cast<double>(bytes.size() / kPage);
   std::size_t at = static_cast<std::size_t>(pages * share) * kPage;
   while (bytes.at(at) != type) at += kPage;
-  bytes[at] = '\x7f';
+  bytes[at] = kNoPage;
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
@@ -145,6 +147,13 @@ void DamageTablePage(const std::string& path) {
 void DamageIndexPage(const std::string& path) {
   constexpr char kIndexLeaf = 10;
   DamagePage(path, kIndexLeaf, 0.9);
+}
+
+void DamageTable(const std::string& path, const std::string& table) {
+  const double page = Ask(path, "SELECT rootpage FROM sqlite_master WHERE name='" + table + "'");
+  std::string bytes = FileBytes(path);
+  bytes.at((static_cast<std::size_t>(page) - 1) * kPage) = kNoPage;
+  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 }  // namespace kestrin::test

@@ -50,6 +50,9 @@ void DamageTablePage(const std::string& path);
 /// The same of a job's last index: rows read along it end there, others do not.
 void DamageIndexPage(const std::string& path);
 
+/// Makes the first page of a finished job's table unreadable: no row of it comes.
+void DamageTable(const std::string& path, const std::string& table);
+
 /// Degrees as a job gives them back, which stores radians.
 double AsStored(double degrees);
 

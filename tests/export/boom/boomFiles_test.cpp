@@ -120,6 +120,20 @@ TEST_F(BoomFiles, CountsOncePerEpochAndYieldsAtLeastThen) {
   EXPECT_EQ(outcome.lastStep, jobstore::kDone);
 }
 
+TEST_F(BoomFiles, YieldsForEachPeriodAndForEachRecordThatIsWritten) {
+  ReferenceAndDisc();
+  for (int i = 1; i <= 30; ++i) builder_.Products(After(i), std::to_string(i));
+  builder_.Epoch(kStart, 0, 0);
+  const std::string job = builder_.Finish();
+  Export(job);
+  // A row, its record, and periods without any.
+  EXPECT_GE(host_.yields, 32);
+  host_.cancelAt = host_.yields;
+  host_.yields = 0;
+  EXPECT_THROW(Export(job), base::RunCancelled);
+  ExpectNothingWritten();
+}
+
 TEST_F(BoomFiles, RunCancelledWhileTheFilesAreWrittenLeavesNoFiles) {
   LeaveOldSet();
   ReferenceAndDisc();

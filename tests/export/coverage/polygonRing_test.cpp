@@ -97,6 +97,13 @@ TEST_F(PolygonRings, WithoutGroundStayAsDrawn) {
   const Line way{{0, 0}, {10, 10}, {10, 0}, {0, 10}};
   Line drawn = InField({{0, 0}, {10, 10}, {10, 0}, {0, 10}, {10, 0}, {10, 10}, {0, 0}});
   EXPECT_EQ(Of(InField(Edges{way, way})), drawn);
+  // Also where it comes by its beginning once more.
+  const Line back{{0, 0}, {10, 10}, {0, 0}, {5, 0}};
+  drawn = InField({{0, 0}, {10, 10}, {0, 0}, {5, 0}, {0, 0}, {10, 10}, {0, 0}});
+  EXPECT_EQ(Of(InField(Edges{back, back})), drawn);
+  // A ten-thousandth of a millimetre is what rounding makes of none.
+  const Edges thin = InField(Edges{way, {{1e-7, 0}, {10, 10}, {10 + 1e-7, 0}, {1e-7, 10}}});
+  EXPECT_EQ(Of(thin), DrawnAround(thin));
   const Edges along = InField(Edges{{{0, 0}, {3, 0}, {9, 0}}, {{5, 0}, {8, 0}, {14, 0}}});
   EXPECT_EQ(Of(along), DrawnAround(along));
 }
@@ -165,6 +172,11 @@ TEST_F(PolygonRings, OfNumbersThatTheLibraryDoesNotSurviveAreMade) {
 }
 
 TEST_F(PolygonRings, AreRepairedFromTheirOwnBeginningClockwise) {
+  const Edges small = Looped(0.8, 0.6, 0.01);
+  for (const Edges& edges : {small, Edges{small.right, small.left}}) {
+    ASSERT_EQ(test::ClearanceOf(DrawnAround(edges)), Clearance::kNone);
+    EXPECT_LT(ground::SignedArea(Of(edges)), 0);
+  }
   const Edges looped = Looped(20, 10, 0.2);
   ASSERT_EQ(test::ClearanceOf(DrawnAround(looped)), Clearance::kNone);
   for (const Edges& edges : {looped, Edges{looped.right, looped.left}}) {
@@ -182,6 +194,41 @@ TEST_F(PolygonRings, LoseALoopOfAFewThousandthsOfTheirGround) {
   const Line ring = Of(Looped(20, 10, 0.2));
   EXPECT_EQ(ring.size(), DrawnAround(Looped(20, 10, 0.2)).size() - 1);
   EXPECT_EQ(host_.yields, 0) << "no union was needed";
+}
+
+// A kilometre to the east is straight in the plane, and in degrees bends four millimetres past
+// what lies two beside it, 50 m from its end.
+TEST_F(PolygonRings, ThatTouchInDegreesAloneGiveWay) {
+  Edges edges{{{-500, 0}}, {{-500, -10}}};
+  for (int i = 0; i < 20; ++i) {
+    edges.left.push_back({500 + 0.1 * i, 0});
+    edges.right.push_back({-450 + 50.0 * i, i == 0 ? -0.002 : -10});
+  }
+  const auto mirrored = [](Line line, double east, double north) {
+    for (geo::UtmPoint& point : line) point = {east * point.easting, north * point.northing};
+    return line;
+  };
+  Edges reversed{mirrored(edges.left, -1, 1), mirrored(edges.right, -1, 1)};
+  std::ranges::reverse(reversed.left);
+  std::ranges::reverse(reversed.right);
+  for (const Edges& way : {edges, reversed, Edges{edges.right, edges.left}}) {
+    const Line drawn = DrawnAround(InField(way));
+    ASSERT_EQ(test::ClearanceOf(drawn, 1000), Clearance::kTight);
+    EXPECT_NE(Of(InField(way)), drawn);
+  }
+}
+
+TEST_F(PolygonRings, ThatAreSimpleInDegreesTooStayAsDrawnAndYieldEvery64Points) {
+  // So long and narrow that only degrees can tell.
+  Edges edges{{{0, 0}}, {{0.05, 0}}};
+  for (int i = 0; i < 31; ++i) {
+    edges.left.push_back({0, 1000.0 + i});
+    edges.right.push_back({0.05, 1000.0 + i});
+  }
+  edges = InField(edges);
+  ASSERT_EQ(test::ClearanceOf(DrawnAround(edges), 1000), Clearance::kTight);
+  EXPECT_EQ(Of(edges), DrawnAround(edges));
+  EXPECT_EQ(host_.yields, 2);
 }
 
 TEST_F(PolygonRings, KeepTheGroundOfALargerLoop) {
@@ -202,6 +249,11 @@ TEST_F(PolygonRings, OfSmallPolygonsMayLoseWhatAThousandthOfAllGroundAllows) {
   EXPECT_EQ(host_.yields, 1);
   Of(small);
   EXPECT_EQ(host_.yields, 2) << "savings are spent";
+  // What one of them leaves is there for the next.
+  Of(Straight(200, 1));
+  Of(small);
+  Of(small);
+  EXPECT_EQ(host_.yields, 2);
 }
 
 TEST_F(PolygonRings, LoseNoMoreThanHalfASquareMetreOfSavings) {

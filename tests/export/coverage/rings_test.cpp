@@ -45,6 +45,21 @@ TEST(RingMaker, LeavesPolygonsWithoutThreePointsOut) {
   EXPECT_EQ(rings, 1);
 }
 
+TEST(RingMaker, YieldsToItsHostUnlessSeveralThreadsAreAtWork) {
+  base::Crew one(1);
+  base::Crew two(2);
+  const geo::WorkingPlane plane({{}, 45, -99});
+  const auto files = base::NativeFileSystem();
+  for (base::Crew* crew : std::initializer_list<base::Crew*>{nullptr, &one, &two}) {
+    test::RecordingHost host;
+    exports::ExportRun run{.host = host, .files = *files, .options = {}, .crew = crew};
+    RingMaker maker(plane, run, [](Ring) {});
+    maker.Add({{{0, 0}, {9, 9}, {0, 9}}, {{5, 0}, {-4, 4}, {5, 9}}});
+    maker.Finish();
+    EXPECT_EQ(host.yields > 0, crew != &two);
+  }
+}
+
 TEST(RingMaker, EndsWithoutTheRingsThatNobodyTakesAnyMore) {
   base::Crew crew(3);
   const geo::WorkingPlane plane({{}, 45, -99});
