@@ -1,5 +1,6 @@
 #include "shapefile/shapefileSet.h"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
 #include <utility>
@@ -119,9 +120,12 @@ void ShapefileSet::AddPoint(geo::GeoPoint point, std::string_view attributes) {
 void ShapefileSet::BeginRecord(std::size_t parts) {
   recordBox_ = {};
   recordStart_ = shp_.Size();
-  // Their place; what stands there is known when the record ends.
-  shp_.Next(kFixedSize);
-  for (std::size_t part = 0; part < parts; ++part) shp_.Next(kPartSize);
+  // Their place; what stands there is known when the record ends, which can be after it was
+  // written.
+  std::fill_n(shp_.Next(kFixedSize), kFixedSize, '\0');
+  for (std::size_t part = 0; part < parts; ++part) {
+    std::fill_n(shp_.Next(kPartSize), kPartSize, '\0');
+  }
   verticesStart_ = shp_.Size();
   partStarts_.assign(1, 0);
 }
