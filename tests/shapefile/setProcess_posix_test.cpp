@@ -182,7 +182,7 @@ TEST(SetProcess, FullDiskIsAnErrorAndLeavesNothing) {
   const int code = Wait(Fork([&] {
     // A disk of its own, which nobody else sees and which goes with the process.
     const bool mounted = unshare(CLONE_NEWNS) == 0 &&
-                         mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                         mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0 &&
                          mount("tmpfs", folder.Path().c_str(), "tmpfs", 0, "size=1m") == 0;
     return mounted ? WriteTooMuch(folder.Path(), ENOSPC) : kCannotTest;
   }));
