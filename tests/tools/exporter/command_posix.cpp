@@ -16,6 +16,8 @@ namespace {
   std::vector<char*> arguments;
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
+  // Tests that run in the background are deaf to Ctrl-C, and so would be what they start.
+  for (const int stop : {SIGINT, SIGTERM, SIGHUP}) std::signal(stop, SIG_DFL);
   if (chdir(folder.c_str()) == 0) execvp(arguments[0], arguments.data());
   _exit(127);
 }
