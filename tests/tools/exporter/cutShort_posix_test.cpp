@@ -53,6 +53,20 @@ TEST_F(ExportCutShort, NetStoppedAmidItsGeometryLeavesNothing) {
   EXPECT_EQ(FilesBelow("sets"), 0);
 }
 
+// As shells start what they run in the background.
+TEST_F(ExportCutShort, CtrlCThatWasIgnoredBeforeStaysSo) {
+  const std::string job = Sample("job.sqlite", 400000);
+  test::Command command({"sh", "-c", "trap '' INT; exec \"$0\" \"$@\"", KESTRIN_EXPORT, "--kind",
+                         "wire", "--base", "sets/x", job},
+                        folder_.Path().string());
+  while (!Exists("sets") && !command.Ended()) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  command.Send(SIGINT);
+  EXPECT_EQ(command.Wait().code, 0);
+  EXPECT_TRUE(HasSet("sets/x_WIRE"));
+}
+
 class StoppedExport : public ExportCutShort, public ::testing::WithParamInterface<int> {};
 
 TEST_P(StoppedExport, LeavesNothingHalfMade) {
