@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "tests/export/coverage/ringJudge.h"
 #include "tests/export/coverage/ringsOf.h"
 #include "tests/export/ground/drawnLines.h"
 #include "tests/support/recordingHost.h"
@@ -211,10 +212,23 @@ TEST_F(PolygonRings, ThatTouchInDegreesAloneGiveWay) {
   Edges reversed{mirrored(edges.left, -1, 1), mirrored(edges.right, -1, 1)};
   std::ranges::reverse(reversed.left);
   std::ranges::reverse(reversed.right);
+  const geo::UtmProjection projection(test::kRingZone);
+  test::RingJudge judge(projection);
+  const auto whyUnfitInDegrees = [&](Line line) {
+    for (geo::UtmPoint& point : line) {
+      const geo::GeoPoint degrees = projection.ToGeo(point);
+      point = {degrees.longitude, degrees.latitude};
+    }
+    return judge.WhyUnfit(line);
+  };
   for (const Edges& way : {edges, reversed, Edges{edges.right, edges.left}}) {
     const Line drawn = DrawnAround(InField(way));
     ASSERT_EQ(test::ClearanceOf(drawn, 1000), Clearance::kTight);
-    EXPECT_NE(Of(InField(way)), drawn);
+    ASSERT_EQ(judge.WhyUnfit(drawn), "");
+    ASSERT_NE(whyUnfitInDegrees(drawn), "");
+    const Line ring = Of(InField(way));
+    EXPECT_EQ(whyUnfitInDegrees(ring), "");
+    EXPECT_NEAR(test::SquareMetresIn(ring), test::SquareMetresIn(drawn), 1);
   }
 }
 

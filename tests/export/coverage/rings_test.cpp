@@ -62,15 +62,17 @@ TEST(RingMaker, YieldsToItsHostUnlessSeveralThreadsAreAtWork) {
 
 TEST(RingMaker, SavesAtOnePolygonWhatAnotherMayLose) {
   const geo::WorkingPlane plane({{}, 45, -99});
-  test::RecordingHost host;
   const auto files = base::NativeFileSystem();
-  exports::ExportRun run{host, *files, {}};
-  RingMaker maker(plane, run, [](Ring) {});
-  maker.Add({{{0, 0}, {0, 100}}, {{1, 0}, {1, 100}}});
-  maker.Add({{{0, 0}, {0, 0.65}, {0.15, 0.5}, {-0.15, 0.5}, {-0.15, 1}},
-             {{1, 0}, {1, 0.65}, {1, 0.665}, {1, 0.68}, {1, 1}}});
-  maker.Finish();
-  EXPECT_EQ(host.yields, 0) << "a union was needed";
+  for (const bool saves : {true, false}) {
+    test::RecordingHost host;
+    exports::ExportRun run{host, *files, {}};
+    RingMaker maker(plane, run, [](Ring) {});
+    if (saves) maker.Add({{{0, 0}, {0, 100}}, {{1, 0}, {1, 100}}});
+    maker.Add({{{0, 0}, {0, 0.65}, {0.15, 0.5}, {-0.15, 0.5}, {-0.15, 1}},
+               {{1, 0}, {1, 0.65}, {1, 0.665}, {1, 0.68}, {1, 1}}});
+    maker.Finish();
+    EXPECT_EQ(host.yields == 0, saves) << "a union is needed without savings alone";
+  }
 }
 
 TEST(RingMaker, EndsWithoutTheRingsThatNobodyTakesAnyMore) {

@@ -62,6 +62,7 @@ TEST_F(ExportCutShort, CtrlCThatWasIgnoredBeforeStaysSo) {
   while (!Exists("sets") && !command.Ended()) {
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
+  ASSERT_FALSE(command.Ended()) << "done before it could be stopped";
   command.Send(SIGINT);
   EXPECT_EQ(command.Wait().code, 0);
   EXPECT_TRUE(HasSet("sets/x_WIRE"));
