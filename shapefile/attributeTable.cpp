@@ -91,7 +91,7 @@ void AttributeRecord::GoTo(std::size_t field) {
 
 void AttributeRecord::Begin(std::string_view bytes) {
   assert(bytes.size() <= bytes_.size());
-  std::ranges::copy(bytes, bytes_.begin());
+  std::copy_n(bytes.data(), bytes.size(), bytes_.data());
 }
 
 void AttributeRecord::Add(std::string_view text, Keep keep) {
