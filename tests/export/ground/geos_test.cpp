@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/export/ground/drawnLines.h"
 
 namespace kestrin::ground {
@@ -121,6 +123,27 @@ TEST_F(TheLibrary, GivesPiecesAsShapefilesHaveThem) {
   EXPECT_EQ(holes, 1U);
 }
 
+TEST_F(TheLibrary, TurnsTheLinesOfPiecesThatRunTheOtherWay) {
+  Line shell = Rectangle(0, 0, 4, 4);
+  Line hole = Rectangle(1, 1, 2, 2);
+  for (int run = 0; run < 4; ++run) {
+    const auto pieces = geos_.Pieces(geos_.Inside(Piece{shell, {hole}}));
+    ASSERT_EQ(pieces.size(), 1U);
+    EXPECT_EQ(SignedArea(pieces[0].shell), -16) << run;
+    EXPECT_EQ(SignedArea(pieces[0].holes.at(0)), 1) << run;
+    std::ranges::reverse(run % 2 == 0 ? shell : hole);
+  }
+}
+
+TEST_F(TheLibrary, PutsAConvexLineAboutPoints) {
+  const auto around = [&](const Line& points) {
+    return geos_.Pieces(geos_.HullOf(points, 1)).at(0).shell;
+  };
+  // No corner is rounded by more than one cut.
+  EXPECT_EQ(around({{0, 0}, {4, 0}, {4, 3}, {1, 1}, {0, 3}}).size(), 4 * 2 + 1U);
+  EXPECT_NEAR(test::SquareMetresIn(around({{0, 0}, {4, 0}, {4, 3}, {0, 3}})), 12 + 14 + 2, 1e-9);
+}
+
 TEST_F(TheLibrary, LeavesLinesAndPointsOutOfPieces) {
   const Geos::Area line =
       geos_.Own(GEOSIntersection_r(geos_.Handle(), geos_.Inside(Rectangle(0, 0, 1, 1)).get(),
@@ -154,6 +177,14 @@ TEST_F(TheLibrary, MendsAnAreaWhoseLineCrossesItself) {
   const Geos::Area mended = geos_.Mended(bowTie);
   EXPECT_TRUE(geos_.IsValid(mended));
   EXPECT_DOUBLE_EQ(geos_.SquareMetres(mended), 8);
+}
+
+TEST_F(TheLibrary, MendsByTheGroundInsideShellsAndNotInHoles) {
+  // What a line winds about twice lies inside, and what lies in two holes outside.
+  const Line twice = Closed({{0, 0}, {0, 3}, {3, 3}, {3, 1}, {1, 1}, {1, 4}, {4, 4}, {4, 0}});
+  EXPECT_DOUBLE_EQ(geos_.SquareMetres(geos_.Mended(geos_.Inside(twice))), 15);
+  const Piece holes{Rectangle(0, 0, 10, 10), {Rectangle(2, 2, 5, 5), Rectangle(4, 4, 7, 7)}};
+  EXPECT_DOUBLE_EQ(geos_.SquareMetres(geos_.Mended(geos_.Inside(holes))), 100 - 17);
 }
 
 }  // namespace

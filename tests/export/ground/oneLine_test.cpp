@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/export/ground/drawnLines.h"
 #include "tools/sample/randomness.h"
 
@@ -32,6 +34,13 @@ class OneLine : public testing::Test {
     return line;
   }
 
+  /// Whether a line has a corner so near.
+  static bool Has(const Line& line, geo::UtmPoint corner) {
+    return std::ranges::any_of(
+        line, [&](geo::UtmPoint point) { return SquareDistance(point, corner) < 1e-14; });
+  }
+
+  static constexpr double kHalf = 0.0005;  // of a neck's and a slit's width
   Geos geos_;
 };
 
@@ -42,6 +51,20 @@ TEST_F(OneLine, OfOnePieceIsItsOwn) {
 TEST_F(OneLine, PiecesApartAreJoinedByANeck) {
   const Line line = ExpectAround({{Rectangle(0, 0, 10, 10), {}}, {Rectangle(12, 3, 20, 9), {}}});
   EXPECT_NEAR(test::SquareMetresIn(line), 148, 0.01);
+}
+
+TEST_F(OneLine, NeckIsAMillimetreWideAndLeadsTheShortestWay) {
+  // So far along a side that is askew, and so far out from it.
+  const auto at = [](double along, double out) {
+    return geo::UtmPoint{0.8 * along + 0.6 * out, 0.8 * out - 0.6 * along};
+  };
+  const Line line = ExpectAround({{Closed({at(0, 0), at(10, 0), at(10, -10), at(0, -10)}), {}},
+                                  {Closed({at(5, 2), at(3, 4), at(7, 4)}), {}}});
+  EXPECT_EQ(line.size(), 4 + 2 + 4 + 1U) << "two corners at the side, two for the tip";
+  EXPECT_TRUE(Has(line, at(5 - kHalf, 0)));
+  EXPECT_TRUE(Has(line, at(5 + kHalf, 0)));
+  EXPECT_TRUE(Has(line, at(5 - kHalf, 2 + kHalf)));
+  EXPECT_TRUE(Has(line, at(5 + kHalf, 2 + kHalf)));
 }
 
 TEST_F(OneLine, ManyPiecesAreJoinedToTheLargest) {
@@ -61,6 +84,39 @@ TEST_F(OneLine, HolesInARowAreOpenedIntoEachOther) {
   ExpectAround({{Rectangle(0, 0, 10, 30),
                  {Rectangle(4, 4, 6, 6), Rectangle(4, 10, 6, 12), Rectangle(4, 16, 6, 18),
                   Rectangle(3, 22, 7, 24)}}});
+}
+
+/// All closed lines that are one, each begun at another of its points.
+std::vector<Line> BegunAnywhere(Line closed) {
+  std::vector<Line> lines;
+  for (std::size_t i = 1; i < closed.size(); ++i) {
+    lines.push_back(closed);
+    closed.pop_back();
+    std::ranges::rotate(closed, closed.begin() + 1);
+    closed = Closed(closed);
+  }
+  return lines;
+}
+
+TEST_F(OneLine, SlitLeadsNorthToTheNextLineWhereverLinesBegin) {
+  // A bay, another hole and a bay again lie north of the hole, whose tip is west of theirs.
+  const Line shell =
+      Closed({{0, 0}, {0, 30}, {10, 30}, {10, 25}, {2, 25}, {2, 22}, {11, 22}, {11, 0}});
+  const Line low = Closed({{4, 4}, {5, 6}, {7, 4}});
+  const Line high = Closed({{4, 10}, {6, 12}, {8, 10}});
+  for (const Line& around : BegunAnywhere(shell)) {
+    for (const Line& one : BegunAnywhere(low)) {
+      const Line line = OneLineAround(geos_, geos_.Inside(Piece{around, {one}}));
+      EXPECT_TRUE(Has(line, {5 - kHalf, 22}) && Has(line, {5 + kHalf, 22}));
+      EXPECT_FALSE(Has(line, {5 - kHalf, 25}));
+      for (const Line& other : BegunAnywhere(high)) {
+        const Line both = OneLineAround(geos_, geos_.Inside(Piece{around, {one, other}}));
+        EXPECT_TRUE(Has(both, {5 - kHalf, 10}) && Has(both, {5 + kHalf, 10}));
+        EXPECT_FALSE(Has(both, {5 - kHalf, 22}));
+        EXPECT_TRUE(Has(both, {6 - kHalf, 22}) && Has(both, {6 + kHalf, 22}));
+      }
+    }
+  }
 }
 
 TEST_F(OneLine, HoleThatTouchesTheLineAroundItIsOpenedThere) {
@@ -101,6 +157,14 @@ TEST_F(OneLine, TrifleIsLeftOutOrFilled) {
                                   {Rectangle(12, 0, 12.03, 0.03), {}}});
   EXPECT_EQ(line.size(), 5U);
   EXPECT_DOUBLE_EQ(test::SquareMetresIn(line), 100);
+}
+
+TEST_F(OneLine, TrifleIsNoMoreThanATwoThousandthOfTheGround) {
+  const auto pieces = [](double metres) {
+    return std::vector<Piece>{{Rectangle(0, 0, 1999, 1), {}}, {Rectangle(0, 3, metres, 4), {}}};
+  };
+  EXPECT_EQ(ExpectAround(pieces(1)).size(), 5U);
+  EXPECT_GT(ExpectAround(pieces(1.01)).size(), 5U);
 }
 
 TEST_F(OneLine, TriflesThatAreMuchTogetherStay) {

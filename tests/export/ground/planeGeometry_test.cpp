@@ -50,5 +50,19 @@ TEST(PolygonArea, IsSignedAndDoesNotMindAClosingPoint) {
   EXPECT_EQ(PolygonArea(back), -6);
 }
 
+TEST(SignedArea, IsThatOfThePolygonHoweverFarFromTheOrigin) {
+  const std::vector<geo::UtmPoint> open{{0, 0}, {4, 0}, {4, 3}, {0, 3}};
+  EXPECT_EQ(SignedArea(open), 12);
+  std::vector<geo::UtmPoint> closed = open;
+  closed.push_back(open.front());
+  EXPECT_EQ(SignedArea(closed), 12);
+  constexpr double kWide = 0x1p-20;
+  const geo::UtmPoint far{500000, 9000000};
+  std::vector<geo::UtmPoint> thin{far, far, far, far};
+  thin[1].northing = thin[2].northing += 1;
+  thin[2].easting = thin[3].easting += kWide;
+  EXPECT_EQ(SignedArea(thin), -kWide);
+}
+
 }  // namespace
 }  // namespace kestrin::ground

@@ -25,10 +25,25 @@ std::vector<Boom> Driven(const std::vector<int>& northings) {
   return BoomsAt(all);
 }
 
+/// The square metres of what is hidden, whichever way the vehicle looks and wherever it is.
 std::vector<double> HiddenIn(const std::vector<Boom>& booms) {
-  std::vector<double> squareMetres;
-  for (const Patch& patch : Sweep(booms).hidden) squareMetres.push_back(patch.squareMetres);
-  return squareMetres;
+  std::vector<double> first;
+  for (int quarters = 0; quarters < 4; ++quarters) {
+    for (const geo::UtmPoint& from : {geo::UtmPoint{0, 0}, geo::UtmPoint{16384, -65536}}) {
+      std::vector<Boom> moved = booms;
+      for (Boom& boom : moved) {
+        for (geo::UtmPoint* end : {&boom.left, &boom.right}) {
+          *end = QuarterTurned(*end, quarters);
+          *end = {end->easting + from.easting, end->northing + from.northing};
+        }
+      }
+      std::vector<double> squareMetres;
+      for (const Patch& patch : Sweep(moved).hidden) squareMetres.push_back(patch.squareMetres);
+      if (quarters == 0 && from.easting == 0) first = squareMetres;
+      EXPECT_EQ(squareMetres, first) << quarters << " quarters, from " << from.easting;
+    }
+  }
+  return first;
 }
 
 TEST(Sweep, ForwardIsNetAndTotalAndHidesNothing) {
@@ -76,6 +91,19 @@ TEST(Sweep, JitterThatComesBackHidesNothing) {
   northings.insert(northings.end(), {199.01, 199.0, 199.02, 199.01, 199.015, 199.0, 199.03});
   for (int i = 200; i < 400; ++i) northings.push_back(i);
   EXPECT_THAT(HiddenIn(BoomsAt(northings)), IsEmpty());
+}
+
+TEST(Sweep, RowLevelWithWhereAPatchIsLookedAtCountsOnce) {
+  // A patch from 200 back to 199.5 is looked at an eighth of a metre from either.
+  const auto driven = [](const std::vector<double>& turn, int on) {
+    std::vector<double> northings;
+    for (int i = 0; i < 199; ++i) northings.push_back(i);
+    northings.insert(northings.end(), turn.begin(), turn.end());
+    for (int i = 0; i < on; ++i) northings.push_back(201 + i);
+    return BoomsAt(northings);
+  };
+  EXPECT_THAT(HiddenIn(driven({199.5, 200, 199.5, 199.625, 199.875}, 100)), IsEmpty());
+  EXPECT_THAT(HiddenIn(driven({199.5, 199.625, 199.875, 200, 199.5}, 0)), ElementsAre(-5));
 }
 
 TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {

@@ -218,6 +218,71 @@ bool IsSimple(const Line& closed) {
   return true;
 }
 
+double DistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
+  const double share = Dot(a, point, b) / Dot(a, b, b);
+  const geo::UtmPoint foot{a.easting + share * (b.easting - a.easting),
+                           a.northing + share * (b.northing - a.northing)};
+  const geo::UtmPoint& nearest = share <= 0 ? a : share >= 1 ? b : foot;
+  return std::hypot(point.easting - nearest.easting, point.northing - nearest.northing);
+}
+
+/// How far from each other the parts of a simple line must be, for each two by the longer of them:
+/// every pair compared. At a corner that is not sharp two may meet.
+Clearance ClearanceOfSimple(const Line& closed) {
+  const std::size_t count = closed.size() - 1;
+  for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t k = 0; k < count; ++k) {
+      const geo::UtmPoint& a = closed[i];
+      const geo::UtmPoint& b = closed[i + 1];
+      const geo::UtmPoint& c = closed[k];
+      const geo::UtmPoint& d = closed[k + 1];
+      double metres = std::min(
+          {DistanceTo(a, c, d), DistanceTo(b, c, d), DistanceTo(c, a, b), DistanceTo(d, a, b)});
+      if (k == i || k == (i + count - 1) % count) continue;
+      if (k == (i + 1) % count) {
+        if (Dot(b, a, d) <= 0) continue;
+        metres = std::min(DistanceTo(a, b, d), DistanceTo(d, a, b));
+      }
+      if (metres < 1e-7 + 1e-7 * std::max(Dot(a, b, b), Dot(c, d, d))) return Clearance::kTight;
+    }
+  }
+  return Clearance::kWide;
+}
+
+TEST(TestedLine, AmongHairsItAgreesWithEveryPairCompared) {
+  // Corners lie on a grid of whole metres, or quarter ones, and beside it by hairs.
+  constexpr double kHair = 0x1p-22;
+  sample::Randomness chance(13);
+  int tight = 0;
+  int wide = 0;
+  for (int run = 0; run < 40000; ++run) {
+    const double metres = run % 2 == 0 ? 1 : 0.125;
+    Line line;
+    for (std::uint64_t i = 3 + chance.Next() % 5; i > 0; --i) {
+      geo::UtmPoint corner;
+      for (double* at : {&corner.easting, &corner.northing}) {
+        *at = metres * static_cast<double>(chance.Next() % 5);
+        if (chance.Chance(0.5)) *at += kHair * (static_cast<double>(chance.Next() % 17) - 8);
+      }
+      line.push_back(corner);
+      if (line.size() > 1 && line.back() == line[line.size() - 2]) line.pop_back();
+    }
+    while (line.size() > 1 && line.back() == line.front()) line.pop_back();
+    if (line.size() < 3) continue;
+    line = Closed(line);
+    double longest = 0;
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+      longest = std::max(longest, std::sqrt(SquareDistance(line[i], line[i + 1])));
+    }
+    const Clearance expected = IsSimple(line) ? ClearanceOfSimple(line) : Clearance::kNone;
+    ASSERT_EQ(test::ClearanceOf(line, longest), expected) << run;
+    tight += expected == Clearance::kTight ? 1 : 0;
+    wide += expected == Clearance::kWide ? 1 : 0;
+  }
+  EXPECT_GT(tight, 1000);
+  EXPECT_GT(wide, 1000);
+}
+
 TEST(TestedLine, OnAGridOfWholeMetresItAgreesWithEveryPairCompared) {
   sample::Randomness chance(7);
   int simple = 0;

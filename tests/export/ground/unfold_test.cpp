@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 #include "tests/export/ground/drawnLines.h"
+#include "tools/sample/randomness.h"
 
 namespace kestrin::ground {
 namespace {
@@ -126,6 +129,106 @@ TEST(Unfold, GroundOfALoopIsCountedWhicheverWayItRuns) {
   double squareMetres = 1;
   EXPECT_TRUE(AreSame(Unfold(line, squareMetres), line));
   EXPECT_EQ(squareMetres, 1);
+}
+
+// ---------------------------------------------------------------- by its rules alone
+
+/// Draws on to a point, unless the line is there.
+void DrawTo(Line& line, geo::UtmPoint point) {
+  if (line.empty() || line.back() != point) line.push_back(point);
+}
+
+/// Takes the newest corner out where the line runs straight back from it.
+bool TakeSpikeOut(Line& line) {
+  if (line.size() < 3) return false;
+  const auto newest = line.end() - 3;
+  const geo::UtmPoint to = line.back();
+  if (SideOf(newest[0], newest[1], to) != 0 || Dot(newest[1], newest[0], to) <= 0) return false;
+  line.resize(line.size() - 2);
+  DrawTo(line, to);
+  return true;
+}
+
+/// Takes out the loop that the newest segment closes first: every segment before it compared.
+bool TakeLoopOut(Line& line, double& squareMetres) {
+  if (line.size() < 4) return false;
+  const geo::UtmPoint from = line[line.size() - 2];
+  const geo::UtmPoint to = line.back();
+  std::vector<std::size_t> crossed;
+  for (std::size_t i = 0; i + 3 < line.size(); ++i) {
+    if (SegmentsCross(from, to, line[i], line[i + 1])) crossed.push_back(i);
+  }
+  if (crossed.empty()) return false;
+  const auto meeting = [&](std::size_t i) { return MeetingPoint(from, to, line[i], line[i + 1]); };
+  const std::size_t first = *std::ranges::min_element(
+      crossed, {}, [&](std::size_t i) { return SquareDistance(from, meeting(i)); });
+  const geo::UtmPoint where = meeting(first);
+  double twice = 0;
+  for (std::size_t i = first + 1; i + 2 < line.size(); ++i) {
+    twice += std::fabs(Cross(where, line[i], line[i + 1]));
+  }
+  if (twice / 2 >= squareMetres) return false;
+  squareMetres -= twice / 2;
+  line.resize(first + 1);
+  DrawTo(line, where);
+  DrawTo(line, to);
+  return true;
+}
+
+Line UnfoldedByTheRules(Line closed, double& squareMetres) {
+  for (int turn = 0; turn < 2 && closed.size() >= 4; ++turn) {
+    const auto middle = static_cast<std::ptrdiff_t>(closed.size() / 2);
+    closed.pop_back();
+    std::ranges::rotate(closed, closed.begin() + middle);
+    closed.push_back(closed.front());
+    Line drawn;
+    for (const geo::UtmPoint& point : closed) {
+      DrawTo(drawn, point);
+      while (TakeSpikeOut(drawn) || TakeLoopOut(drawn, squareMetres)) {
+      }
+    }
+    closed = drawn;
+  }
+  return closed;
+}
+
+/// Both must give the same line, from the same point on, and leave the same ground.
+void ExpectAsByTheRules(const Line& closed, double squareMetres, int run) {
+  double left = squareMetres;
+  const Line expected = UnfoldedByTheRules(closed, left);
+  double leftHere = squareMetres;
+  ASSERT_EQ(Unfold(closed, leftHere), expected) << run;
+  EXPECT_EQ(leftHere, left) << run;
+}
+
+TEST(Unfold, OfFewPointsOnAGridIsAsByTheRules) {
+  sample::Randomness chance(5);
+  for (int run = 0; run < 20000; ++run) {
+    Line line;
+    for (std::uint64_t i = 3 + chance.Next() % 12; i > 0; --i) {
+      line.push_back(
+          {static_cast<double>(chance.Next() % 5), static_cast<double>(chance.Next() % 5)});
+    }
+    ASSERT_NO_FATAL_FAILURE(ExpectAsByTheRules(Closed(line), run % 3 == 0 ? 100 : 4, run));
+  }
+}
+
+TEST(Unfold, OfALongWayThatWaversIsAsByTheRules) {
+  // Round about a field, with the boom's end unsteady where nothing begins or closes: there a loop
+  // could have begun further back than is looked.
+  constexpr int kPoints = 600;
+  sample::Randomness chance(6);
+  for (int run = 0; run < 100; ++run) {
+    Line line;
+    for (int i = 0; i < kPoints; ++i) {
+      const double angle = 2 * std::numbers::pi * i / kPoints;
+      const bool steady = i % (kPoints / 2) < 30 || i % (kPoints / 2) > 270;
+      const double off = steady ? 0 : 1.2;
+      line.push_back({100 * std::cos(angle) + off * chance.Noise(),
+                      100 * std::sin(angle) + off * chance.Noise()});
+    }
+    ASSERT_NO_FATAL_FAILURE(ExpectAsByTheRules(Closed(line), 200, run));
+  }
 }
 
 }  // namespace
