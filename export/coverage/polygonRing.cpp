@@ -194,18 +194,23 @@ bool PolygonRing::IsFit(ground::Line ring) {
 }
 
 bool PolygonRing::IsSimpleInDegrees(Ring ring, bool andBack) {
-  ground::Line degrees;
-  ground::Line metres;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    if (i % kBetweenYields == 0) yield_();
-    const geo::GeoPoint point = projection_.ToGeo(ring[i]);
-    degrees.push_back({point.longitude, point.latitude});
-    if (andBack) metres.push_back(projection_.ToUtm(point));
-  }
-  Redraw(degrees, tested_);
-  if (tested_.Kept() == Clearance::kNone || !andBack) return tested_.Kept() != Clearance::kNone;
-  Redraw(metres, tested_);
-  return tested_.Kept() != Clearance::kNone;
+  ground::Line points(ring.begin(), ring.end());
+  const auto isSimpleThere = [&](auto projected) {
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      if (i % kBetweenYields == 0) yield_();
+      points[i] = projected(points[i]);
+    }
+    Redraw(points, tested_);
+    return tested_.Kept() != Clearance::kNone;
+  };
+  const auto inDegrees = [this](geo::UtmPoint point) {
+    const geo::GeoPoint degrees = projection_.ToGeo(point);
+    return geo::UtmPoint{degrees.longitude, degrees.latitude};
+  };
+  const auto inMetres = [this](geo::UtmPoint degrees) {
+    return projection_.ToUtm({.longitude = degrees.easting, .latitude = degrees.northing});
+  };
+  return isSimpleThere(inDegrees) && (!andBack || isSimpleThere(inMetres));
 }
 
 }  // namespace kestrin::coverage

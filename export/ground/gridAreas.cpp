@@ -13,7 +13,7 @@ geo::UtmPoint GridAreas::OnGrid(geo::UtmPoint point) const {
 }
 
 Geos::Area GridAreas::Inside(std::span<const geo::UtmPoint> points, Clearance least) {
-  double longest = 0;
+  double longest = SquareDistance(points.back(), points.front());
   for (std::size_t i = 1; i < points.size(); ++i) {
     longest = std::max(longest, SquareDistance(points[i - 1], points[i]));
   }

@@ -54,12 +54,6 @@ bool IsHidden(const Patch& patch, std::size_t row, std::span<const Boom> booms, 
 }  // namespace
 
 Sweep::Sweep(std::span<const Boom> booms) {
-  struct Placed {
-    Patch patch;
-    std::size_t row;
-  };
-  std::vector<Placed> forward;
-  std::vector<Placed> backward;
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
     length += std::sqrt(SquareDistance(booms[i].left, booms[i + 1].left)) +
               std::sqrt(SquareDistance(booms[i].right, booms[i + 1].right));
@@ -67,16 +61,20 @@ Sweep::Sweep(std::span<const Boom> booms) {
     for (const Patch& patch : strip.Patches()) {
       net += patch.squareMetres;
       total += std::fabs(patch.squareMetres);
-      (patch.squareMetres < 0 ? backward : forward).push_back({patch, i});
     }
   }
   isBackward = net < 0;
   net = std::fabs(net);
-  for (const auto& [patch, row] : isBackward ? forward : backward) {
-    const double squareMetres = std::fabs(patch.squareMetres);
-    if (squareMetres <= kLarge * total && !IsHidden(patch, row, booms, isBackward)) continue;
-    hidden.push_back(patch);
-    hiddenGround += squareMetres;
+  // Strip by strip once more: to keep the patches takes more memory than all else of a polygon.
+  for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    const Strip strip(booms[i], booms[i + 1]);
+    for (const Patch& patch : strip.Patches()) {
+      const double squareMetres = isBackward ? patch.squareMetres : -patch.squareMetres;
+      if (squareMetres < 0) continue;
+      if (squareMetres <= kLarge * total && !IsHidden(patch, i, booms, isBackward)) continue;
+      hidden.push_back(patch);
+      hiddenGround += squareMetres;
+    }
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "tests/export/ground/drawnLines.h"
 
@@ -53,17 +54,19 @@ TEST_F(TheGridAreas, HasNoneInsideALineThatTouchesItselfThere) {
 }
 
 TEST_F(TheGridAreas, AsksHowFarALineKeepsClearByItsLongestSide) {
-  // A bay a quarter metre wide: sides of 1,600 metres come nearer to each other elsewhere.
-  const auto bay = [](double deep, std::size_t first) {
-    Line line = {{0, 0},    {0, deep + 1},    {4, deep + 1}, {4, 1},
-                 {4.25, 1}, {4.25, deep + 1}, {8, deep + 1}, {8, 0}};
+  // Half way up its one long side a spit comes as near as a quarter metre: in another frame sides
+  // of 1,600 metres rise higher, and those half as long do not.
+  const auto shore = [](double metres, std::size_t first) {
+    const double middle = std::floor(metres / 2);
+    Line line{{0, 0},         {0, metres}, {4, metres}, {4, middle + 1}, {0.25, middle + 1},
+              {0.25, middle}, {4, middle}, {4, 0}};
     std::ranges::rotate(line, line.begin() + static_cast<std::ptrdiff_t>(first));
     return line;
   };
   for (std::size_t first = 0; first < 8; ++first) {
-    EXPECT_GT(SquareMetresInside(bay(1500, first), Clearance::kWide), 0) << first;
-    EXPECT_GT(SquareMetresInside(bay(1600, first), Clearance::kTight), 0) << first;
-    EXPECT_EQ(SquareMetresInside(bay(1600, first), Clearance::kWide), -1) << first;
+    EXPECT_GT(SquareMetresInside(shore(1500, first), Clearance::kWide), 0) << first;
+    EXPECT_GT(SquareMetresInside(shore(1600, first), Clearance::kTight), 0) << first;
+    EXPECT_EQ(SquareMetresInside(shore(1600, first), Clearance::kWide), -1) << first;
   }
 }
 
