@@ -1,5 +1,6 @@
 #include <array>
 #include <optional>
+#include <span>
 
 #include "preview/drawJob.h"
 #include "preview/sections.h"
@@ -17,8 +18,16 @@ class BoomPainter : public Painter {
 
   void Add(const Epochs::Row& epoch, geo::UtmPoint vehicle) {
     implement_.AdvanceTo(epoch.time);
+    std::size_t count = 0;
     ForEachSection(implement_.Current(), vehicle, epoch.yaw,
-                   [this](geo::UtmPoint right, geo::UtmPoint left) { Draw(right, left); });
+                   [&](geo::UtmPoint right, geo::UtmPoint left) {
+                     Line& line = lines_[count];
+                     if (map.Find(right, line[0]) && map.Find(left, line[1])) ++count;
+                   });
+    for (const auto& [from, to] : std::span(lines_).first(count)) {
+      picture.Line(from, to, colours.line);
+    }
+    if (count > 0) last_ = lines_[count - 1];
   }
 
   void Finish() {
@@ -26,20 +35,11 @@ class BoomPainter : public Painter {
   }
 
  private:
-  void Draw(geo::UtmPoint right, geo::UtmPoint left) {
-    const auto from = map.At(right);
-    const auto to = map.At(left);
-    if (!from || !to) return;
-    // Number by number: copied whole, a point waits until both of its halves have been stored,
-    // and that took longer than all else that is done for a section.
-    const PicturePoint start{from->x, from->y};
-    const PicturePoint end{to->x, to->y};
-    picture.Line(start, end, colours.line);
-    last_ = {start, end};
-  }
+  using Line = std::array<PicturePoint, 2>;
 
   ImplementCursor implement_;
-  std::optional<std::array<PicturePoint, 2>> last_;
+  std::array<Line, jobstore::kSectionSlots> lines_;
+  std::optional<Line> last_;
 };
 
 }  // namespace
