@@ -60,7 +60,7 @@ TEST_F(TheGridAreas, AsksHowFarALineKeepsClearByItsLongestSide) {
     const double middle = std::floor(metres / 2);
     Line line{{0, 0},         {0, metres}, {4, metres}, {4, middle + 1}, {0.25, middle + 1},
               {0.25, middle}, {4, middle}, {4, 0}};
-    std::ranges::rotate(line, line.begin() + static_cast<std::ptrdiff_t>(first));
+    std::rotate(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(first), line.end());
     return line;
   };
   for (std::size_t first = 0; first < 8; ++first) {
@@ -85,7 +85,7 @@ TEST_F(TheGridAreas, WhatTwoHaveInCommonHasItsPointsOnTheGrid) {
   const Geos::Area slope = geos_.Inside(Closed({{0, 0}, {0, 4}, {3, 0}}));
   const auto pieces = geos_.Pieces(areas_.Common(slope, geos_.Inside(Rectangle(0, 0, 1, 4))));
   ASSERT_EQ(pieces.size(), 1U);
-  // Two thirds of a metre north of there the slope crosses the other's side.
+  // The slope crosses the other's side two thirds of a metre beyond two metres.
   EXPECT_EQ(std::ranges::count(pieces[0].shell, geo::UtmPoint{1, 2.75}), 1);
   for (const geo::UtmPoint& point : pieces[0].shell) EXPECT_EQ(areas_.OnGrid(point), point);
 }

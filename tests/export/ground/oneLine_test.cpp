@@ -92,7 +92,7 @@ std::vector<Line> BegunAnywhere(Line closed) {
   for (std::size_t i = 1; i < closed.size(); ++i) {
     lines.push_back(closed);
     closed.pop_back();
-    std::ranges::rotate(closed, closed.begin() + 1);
+    std::rotate(closed.begin(), closed.begin() + 1, closed.end());
     closed = Closed(closed);
   }
   return lines;

@@ -179,7 +179,7 @@ Line UnfoldedByTheRules(Line closed, double& squareMetres) {
   for (int turn = 0; turn < 2 && closed.size() >= 4; ++turn) {
     const auto middle = static_cast<std::ptrdiff_t>(closed.size() / 2);
     closed.pop_back();
-    std::ranges::rotate(closed, closed.begin() + middle);
+    std::rotate(closed.begin(), closed.begin() + middle, closed.end());
     closed.push_back(closed.front());
     Line drawn;
     for (const geo::UtmPoint& point : closed) {
