@@ -116,14 +116,18 @@ TEST_F(PolygonRings, WhoseRowsAreAllNotFiniteStayAsDrawn) {
   EXPECT_EQ(host_.yields, 0);
 }
 
-TEST_F(PolygonRings, LeaveRowsOutThatAreNotFinite) {
-  for (const double what :
-       {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+TEST_F(PolygonRings, LeaveRowsOutThatAreNoPlaces) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kEndless = std::numeric_limits<double>::infinity();
+  // A way far to the north and back folds the ring.
+  for (const geo::UtmPoint off :
+       {geo::UtmPoint{kNone, 0}, {0, kNone}, {kEndless, 0}, {0, -kEndless}, {0, 1e9}, {0, -1e9}}) {
     Edges edges = Straight(30, 10);
-    edges.left[1].easting = what;
+    edges.left[1].easting += off.easting;
+    edges.left[1].northing += off.northing;
     const Line ring = Of(edges);
-    EXPECT_EQ(test::ClearanceOf(ring, 30), Clearance::kWide);
-    EXPECT_DOUBLE_EQ(test::SquareMetresIn(ring), 300);
+    EXPECT_EQ(test::ClearanceOf(ring, 30), Clearance::kWide) << off.easting << ' ' << off.northing;
+    EXPECT_DOUBLE_EQ(test::SquareMetresIn(ring), 300) << off.easting << ' ' << off.northing;
   }
 }
 
