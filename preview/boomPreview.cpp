@@ -2,6 +2,7 @@
 #include <optional>
 #include <span>
 
+#include "jobstore/queries.h"
 #include "preview/drawJob.h"
 #include "preview/sections.h"
 
@@ -38,6 +39,8 @@ class BoomPainter : public Painter {
   using Line = std::array<PicturePoint, 2>;
 
   ImplementCursor implement_;
+  /// An epoch's, all known before the first is drawn: each call between two would have what they
+  /// are made of fetched anew.
   std::array<Line, jobstore::kSectionSlots> lines_;
   std::optional<Line> last_;
 };

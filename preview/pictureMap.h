@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "geo/box.h"
 #include "geo/points.h"
 #include "preview/picture.h"
 #include "preview/previewExtent.h"
@@ -36,7 +37,7 @@ class PictureMap {
   /// long as all else that is done for one. False, and the place as it was, when there is none.
   [[nodiscard]] bool Find(geo::UtmPoint point, PicturePoint& place) const {
     const Pair units = Rounded((Pair{point.easting, point.northing} - origin_) / scale_ + before_);
-    if (!Count(units)) return false;
+    if (!Fit(units)) return false;
     place = {static_cast<std::int32_t>(units[0]), static_cast<std::int32_t>(units[1])};
     return true;
   }
@@ -56,11 +57,11 @@ class PictureMap {
   }
 
   /// Whether both fit a picture's units; NaN does not.
-  static bool Count(Pair units) {
+  static bool Fit(Pair units) {
     constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr double kMost = std::numeric_limits<std::int32_t>::max();
-    const auto count = (units >= Pair{kLeast, kLeast}) & (units <= Pair{kMost, kMost});
-    return (count[0] & count[1]) != 0;
+    const auto fit = (units >= Pair{kLeast, kLeast}) & (units <= Pair{kMost, kMost});
+    return (fit[0] & fit[1]) != 0;
   }
 
   geo::Box ground_;

@@ -91,6 +91,7 @@ void AttributeRecord::GoTo(std::size_t field) {
 
 void AttributeRecord::Begin(std::string_view bytes) {
   assert(bytes.size() <= bytes_.size());
+  // By pointers: from a view to a vector the library copies byte by byte.
   std::copy_n(bytes.data(), bytes.size(), bytes_.data());
 }
 

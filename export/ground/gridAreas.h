@@ -21,8 +21,8 @@ class GridAreas {
   /// The grid's point next to one.
   geo::UtmPoint OnGrid(geo::UtmPoint point) const;
 
-  /// The area inside the closed line through points, moved to the grid, when the line keeps at
-  /// least so clear of itself there; else null.
+  /// The area inside the closed line through points, one at least, moved to the grid, when the line
+  /// keeps at least so clear of itself there; else null.
   Geos::Area Inside(std::span<const geo::UtmPoint> points, Clearance least);
 
   /// The union of areas, each of which must be valid. Where their lines cross are points

@@ -65,7 +65,7 @@ Sweep::Sweep(std::span<const Boom> booms) {
   }
   isBackward = net < 0;
   net = std::fabs(net);
-  // Strip by strip once more: to keep the patches takes more memory than all else of a polygon.
+  // Strip by strip once more: keeping the patches takes more memory than all else of a polygon.
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
     const Strip strip(booms[i], booms[i + 1]);
     for (const Patch& patch : strip.Patches()) {

@@ -85,5 +85,15 @@ TEST(BoomPreview, SkipsALineWithoutAPlace) {
               ElementsAre("Line 1 55,50 45,50", "Polyline 1 55,50 45,50"));
 }
 
+TEST(BoomPreview, SkipsASectionOfWhichOneEndHasNoPlace) {
+  PreviewJob job;
+  // Each of the wide ones has one end at a place, the left or the right.
+  const jobstore::Section toTheRight{2e12, 1e12, 0, 0};
+  const jobstore::Section toTheLeft{2e12, -1e12, 0, 0};
+  job.Implement(0, {{8, -6, 0, 0}, toTheRight, toTheLeft, {4, 6, 0, 0}, toTheRight}).At(1, 50, 50);
+  EXPECT_THAT(job.Drawn(DrawBoomPreview),
+              ElementsAre("Line 1 48,50 40,50", "Line 1 58,50 54,50", "Polyline 1 58,50 54,50"));
+}
+
 }  // namespace
 }  // namespace kestrin::preview

@@ -40,6 +40,14 @@ TEST(PictureMap, HasNoPlaceForWhatIsNoNumber) {
   EXPECT_FALSE(TwoMetres().At({1100, -kInfinity}));
 }
 
+TEST(PictureMap, LeavesAPlaceAsItWasWhereThereIsNone) {
+  for (const geo::UtmPoint none : {geo::UtmPoint{1100, kNaN}, {kNaN, 5100}, {1100, 1e12}}) {
+    PicturePoint place{7, 8};
+    EXPECT_FALSE(TwoMetres().Find(none, place));
+    EXPECT_EQ(place, (PicturePoint{7, 8}));
+  }
+}
+
 TEST(PictureMap, HasNoPlaceBeyond32Bits) {
   EXPECT_FALSE(TwoMetres().At({1e12, 5100}));
   EXPECT_FALSE(TwoMetres().At({1100, 1e300}));

@@ -86,7 +86,7 @@ TEST_F(OneLine, HolesInARowAreOpenedIntoEachOther) {
                   Rectangle(3, 22, 7, 24)}}});
 }
 
-/// All closed lines that are one, each begun at another of its points.
+/// One closed line, begun at each of its points.
 std::vector<Line> BegunAnywhere(Line closed) {
   std::vector<Line> lines;
   for (std::size_t i = 1; i < closed.size(); ++i) {

@@ -250,7 +250,7 @@ Clearance ClearanceOfSimple(const Line& closed) {
 }
 
 TEST(TestedLine, AmongHairsItAgreesWithEveryPairCompared) {
-  // Corners lie on a grid of whole metres, or quarter ones, and beside it by hairs.
+  // Corners lie on a grid of whole metres, or of eighths, and beside it by hairs.
   constexpr double kHair = 0x1p-22;
   sample::Randomness chance(13);
   int tight = 0;
