@@ -21,6 +21,8 @@ void PolygonBuilder::Add(const SwathRow& row, bool begins) {
 void PolygonBuilder::Close() {
   if (rows_ == 0) return;
   complete_.push_back({std::move(swath_.leftEdge), std::move(swath_.rightEdge)});
+  // Its memory is free before the ring takes its own.
+  swath_ = {};
   if (rows_ < kFewestRows) return;
   for (Edges& edges : complete_) sink_(std::move(edges));
   complete_.clear();
@@ -29,7 +31,7 @@ void PolygonBuilder::Close() {
 void PolygonBuilder::Begin(const SwathRow& row) {
   Close();
   startIndex_ = rows_ + 1;
-  swath_.Begin(row);
+  swath_.Append(row);
 }
 
 }  // namespace kestrin::coverage

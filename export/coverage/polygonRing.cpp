@@ -136,7 +136,7 @@ void PolygonRing::Draw(const Edges& edges, double& saved) {
   const double squareMetres = std::fabs(ground::SignedArea(ring));
   if (std::isfinite(squareMetres)) saved += kSaved * squareMetres;
   if (drawn_.Kept() == Clearance::kWide) return;
-  if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring, false)) return;
+  if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(drawn_, false)) return;
   const geo::UtmPoint origin = OriginNear(ring);
   std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
   const ground::Sweep sweep(booms);
@@ -190,11 +190,21 @@ bool PolygonRing::IsFit(ground::Line ring) {
   BeginAt(ring_, drawn_.Points().front());
   Redraw(ring_, tested_, Longest(ring_));
   return tested_.Kept() == Clearance::kWide ||
-         (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(ring_, true));
+         (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(tested_, true));
 }
 
-bool PolygonRing::IsSimpleInDegrees(Ring ring, bool andBack) {
-  ground::Line points(ring.begin(), ring.end());
+bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack) {
+  const auto inDegrees = [this](geo::UtmPoint point) {
+    const geo::GeoPoint degrees = projection_.ToGeo(point);
+    return geo::UtmPoint{degrees.longitude, degrees.latitude};
+  };
+  const auto inMetres = [this](geo::UtmPoint degrees) {
+    return projection_.ToUtm({.longitude = degrees.easting, .latitude = degrees.northing});
+  };
+  const auto andInMetres = [&](geo::UtmPoint point) { return inMetres(inDegrees(point)); };
+  if (line.IsSimpleIn(inDegrees) && (!andBack || line.IsSimpleIn(andInMetres))) return true;
+
+  ground::Line points = line.Points();
   const auto isSimpleThere = [&](auto projected) {
     for (std::size_t i = 0; i < points.size(); ++i) {
       if (i % kBetweenYields == 0) yield_();
@@ -202,13 +212,6 @@ bool PolygonRing::IsSimpleInDegrees(Ring ring, bool andBack) {
     }
     Redraw(points, tested_);
     return tested_.Kept() != Clearance::kNone;
-  };
-  const auto inDegrees = [this](geo::UtmPoint point) {
-    const geo::GeoPoint degrees = projection_.ToGeo(point);
-    return geo::UtmPoint{degrees.longitude, degrees.latitude};
-  };
-  const auto inMetres = [this](geo::UtmPoint degrees) {
-    return projection_.ToUtm({.longitude = degrees.easting, .latitude = degrees.northing});
   };
   return isSimpleThere(inDegrees) && (!andBack || isSimpleThere(inMetres));
 }

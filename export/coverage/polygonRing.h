@@ -70,8 +70,8 @@ class PolygonRing : public base::Crew::Task {
   bool Unite(const Ground& ground);
   /// Whether a ring is simple in every frame. Begins it where the one drawn does.
   bool IsFit(ground::Line ring);
-  /// Whether a ring is simple as it is written, and in the metres of who projects it again.
-  bool IsSimpleInDegrees(Ring ring, bool andBack);
+  /// Whether a line is simple as it is written, and in the metres of who projects it again.
+  bool IsSimpleInDegrees(const ground::TestedLine& line, bool andBack);
 
   geo::UtmProjection projection_;
   std::function<void()> yield_;

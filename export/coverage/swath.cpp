@@ -9,13 +9,6 @@ SwathRow SwathRow::Of(geo::UtmPoint centre, double yaw, double width) {
   return {centre, heading.LeftOf(centre, width / 2), heading.RightOf(centre, width / 2)};
 }
 
-void Swath::Begin(const SwathRow& row) {
-  outline.Restart();
-  leftEdge.clear();
-  rightEdge.clear();
-  Append(row);
-}
-
 void Swath::Append(const SwathRow& row) {
   outline.Append(row.centre);
   leftEdge.push_back(row.left);

@@ -25,8 +25,6 @@ struct Swath {
   ground::Line leftEdge;
   ground::Line rightEdge;
 
-  /// Begins a polygon with a row.
-  void Begin(const SwathRow& row);
   void Append(const SwathRow& row);
 };
 

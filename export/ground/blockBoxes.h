@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -71,7 +72,7 @@ class BlockBoxes {
     return passed;
   }
 
-  std::vector<geo::Box> levels_[kLevels];
+  std::array<std::vector<geo::Box>, kLevels> levels_;
 };
 
 }  // namespace kestrin::ground

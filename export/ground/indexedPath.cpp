@@ -9,13 +9,15 @@ namespace {
 // as most ways are straight for a while.
 constexpr double kAhead = 24;
 constexpr double kAside = 8;
+// So many times as far is looked at once, where the next looks find theirs.
+constexpr double kWider = 6;
 
 }  // namespace
 
 void IndexedPath::Truncate(std::size_t count) {
   points_.resize(count);
   blocks_.Truncate(count == 0 ? 0 : (count - 1) / kBlock);
-  around_ = {};
+  near_.ground = far_.ground = {};
 }
 
 void IndexedPath::AddBlock() {
@@ -25,19 +27,34 @@ void IndexedPath::AddBlock() {
 }
 
 void IndexedPath::LookAround() {
+  const auto addFrom = [this](std::size_t first, LookedUp& found) {
+    blocks_.AnyOverlapping(first, found.ground, [&](std::size_t block) {
+      found.blocks.push_back(block);
+      return false;
+    });
+    found.of = blocks_.Size();
+  };
+  near_.ground = Ahead(1);
+  if (!far_.ground.Contains(near_.ground)) {
+    far_.ground = Ahead(kWider);
+    far_.blocks.clear();
+    addFrom(0, far_);
+  }
+  near_.blocks.clear();
+  for (const std::size_t block : far_.blocks) {
+    if (blocks_[block].Overlaps(near_.ground)) near_.blocks.push_back(block);
+  }
+  addFrom(far_.of, near_);
+}
+
+geo::Box IndexedPath::Ahead(double far) const {
   const geo::UtmPoint from = points_[points_.size() - 2];
   const geo::UtmPoint to = points_.back();
-  const double east = to.easting - from.easting;
-  const double north = to.northing - from.northing;
+  const double east = far * (to.easting - from.easting);
+  const double north = far * (to.northing - from.northing);
   const double aside = kAside * std::max(std::fabs(east), std::fabs(north));
-  around_ = geo::Box::Of(from, {to.easting + kAhead * east, to.northing + kAhead * north});
-  around_ = around_.Grown(aside);
-  near_.clear();
-  blocks_.AnyOverlapping(0, around_, [&](std::size_t block) {
-    near_.push_back(block);
-    return false;
-  });
-  lookedUp_ = blocks_.Size();
+  return geo::Box::Of(from, {to.easting + kAhead * east, to.northing + kAhead * north})
+      .Grown(aside);
 }
 
 }  // namespace kestrin::ground

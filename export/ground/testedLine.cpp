@@ -13,10 +13,23 @@ namespace {
 /// a curve that rises above it by less than a ten-millionth of its length's square.
 double DistanceFor(double squareLength) { return 1e-7 + 1e-7 * squareLength; }
 
+/// Farther than from field to field a projection does more to lines than to bend them.
+constexpr double kFarthestKnown = 1e5;
+
 double SquareDistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
   const double share = std::clamp(Dot(a, point, b) / SquareDistance(a, b), 0.0, 1.0);
   return SquareDistance(point, {a.easting + share * (b.easting - a.easting),
                                 a.northing + share * (b.northing - a.northing)});
+}
+
+bool IsNear(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b, double distance) {
+  return SquareDistanceTo(point, a, b) < distance * distance;
+}
+
+/// Whether two segments have a point in common.
+bool Touch(geo::UtmPoint a, geo::UtmPoint b, geo::UtmPoint c, geo::UtmPoint d) {
+  return geo::Box::Of(a, b).Overlaps(geo::Box::Of(c, d)) &&
+         SideOf(c, d, a) * SideOf(c, d, b) <= 0 && SideOf(a, b, c) * SideOf(a, b, d) <= 0;
 }
 
 }  // namespace
@@ -26,6 +39,8 @@ void TestedLine::Restart(std::size_t points, double longest) {
   path_.Reserve(points);
   kept_ = longest > 0 ? Clearance::kWide : Clearance::kTight;
   farthest_ = longest > 0 ? DistanceFor(longest * longest) : 0;
+  tight_.clear();
+  knowsTight_ = longest > 0 && longest < kFarthestKnown;
 }
 
 void TestedLine::Add(geo::UtmPoint point) {
@@ -66,15 +81,11 @@ bool TestedLine::IsClearOf(std::size_t segment) {
   const double distance = DistanceFor(std::max(length, SquareDistance(a, b)));
   const double square = 1.0001 * distance * distance * length;
   if ((toA > 0) == (toB > 0) && toA * toA > square && toB * toB > square) return true;
-  if (geo::Box::Of(a, b).Overlaps(geo::Box::Of(from, to)) &&
-      SideOf(from, to, a) * SideOf(from, to, b) <= 0 &&
-      SideOf(a, b, from) * SideOf(a, b, to) <= 0) {
-    return false;
+  if (Touch(a, b, from, to)) return false;
+  if (IsNear(a, from, to, distance) || IsNear(b, from, to, distance) ||
+      IsNear(from, a, b, distance) || IsNear(to, a, b, distance)) {
+    NoteTight({a, b, from, to});
   }
-  Note(a, from, to, distance);
-  Note(b, from, to, distance);
-  Note(from, a, b, distance);
-  Note(to, a, b, distance);
   return true;
 }
 
@@ -83,15 +94,21 @@ bool TestedLine::TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmP
   if (SideOf(from, corner, to) == 0) return false;
   const double distance =
       DistanceFor(std::max(SquareDistance(from, corner), SquareDistance(corner, to)));
-  Note(to, from, corner, distance);
-  Note(from, corner, to, distance);
+  if (IsNear(to, from, corner, distance) || IsNear(from, corner, to, distance)) {
+    NoteTight({from, corner, corner, to});
+  }
   return true;
 }
 
-void TestedLine::Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b, double distance) {
-  if (kept_ == Clearance::kWide && SquareDistanceTo(point, a, b) < distance * distance) {
-    kept_ = Clearance::kTight;
-  }
+void TestedLine::NoteTight(const Pair& pair) {
+  kept_ = Clearance::kTight;
+  knowsTight_ = knowsTight_ && tight_.size() < kMostTight;
+  if (knowsTight_) tight_.push_back(pair);
+}
+
+bool TestedLine::AreClear(const Pair& pair, bool isTurn) {
+  const auto& [a, b, c, d] = pair;
+  return isTurn ? SideOf(a, b, d) != 0 : !Touch(a, b, c, d);
 }
 
 }  // namespace kestrin::ground

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
-#include <span>
+#include <vector>
 
 #include "export/ground/geos.h"
 #include "export/ground/indexedPath.h"
@@ -36,17 +37,36 @@ class TestedLine {
   Clearance Kept() const { return kept_; }
   const Line& Points() const { return path_.Points(); }
 
+  /// Whether a line that is kTight is known to be simple in another frame as well, to which
+  /// `there` takes a point. Asks only the few places where it is tight, which are hardly ever
+  /// more; false says nothing.
+  template <class There>
+  bool IsSimpleIn(There there) const {
+    return knowsTight_ && std::ranges::all_of(tight_, [&](const Pair& pair) {
+             const auto& [a, b, c, d] = pair;
+             return AreClear({there(a), there(b), there(c), there(d)}, b == c);
+           });
+  }
+
  private:
+  /// The segments a-b and c-d, where the second may follow on the first.
+  struct Pair {
+    geo::UtmPoint a, b, c, d;
+  };
+  static constexpr std::size_t kMostTight = 256;
+
   void Draw(geo::UtmPoint point, bool closes);
   bool NewestIsClear(bool closes);
   bool IsClearOf(std::size_t segment);
   bool TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to);
-  /// Notes whether a point comes so near to a segment.
-  void Note(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b, double distance);
+  void NoteTight(const Pair& pair);
+  static bool AreClear(const Pair& pair, bool isTurn);
 
   IndexedPath path_;
   Clearance kept_ = Clearance::kNone;
-  double farthest_ = 0;  // that any two parts must be from each other for kWide
+  double farthest_ = 0;  // that any two parts must be from each other for kWide; 0: not asked
+  std::vector<Pair> tight_;
+  bool knowsTight_ = false;  // all there are
 };
 
 }  // namespace kestrin::ground

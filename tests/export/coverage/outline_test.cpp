@@ -40,7 +40,8 @@ std::vector<int> StartsOf(const Rows& rows) {
     }
     if (first || count > 0) {
       starts.push_back(index);
-      swath.Begin(row);
+      swath = {};
+      swath.Append(row);
     }
   }
   return starts;
@@ -94,8 +95,7 @@ TEST(CleanOutline, OnlyTheCurrentPolygonCounts) {
 
 TEST(CleanOutline, CountIsTheEndIndexOfAHitAndElseNone) {
   Swath swath;
-  swath.Begin(Row(0, 0).row);
-  for (const LiteralRow& next : {Row(10, 0), Row(10, 10)}) swath.Append(next.row);
+  for (const LiteralRow& next : {Row(0, 0), Row(10, 0), Row(10, 10)}) swath.Append(next.row);
   // The third row of a polygon that began at the job's seventh.
   std::size_t count = 99;
   CleanOutline(swath.outline, swath.leftEdge, swath.rightEdge, 7, 9, count);

@@ -236,17 +236,29 @@ TEST_F(PolygonRings, ThatTouchInDegreesAloneGiveWay) {
   }
 }
 
-TEST_F(PolygonRings, ThatAreSimpleInDegreesTooStayAsDrawnAndYieldEvery64Points) {
-  // So long and narrow that only degrees can tell.
-  Edges edges{{{0, 0}}, {{0.05, 0}}};
-  for (int i = 0; i < 31; ++i) {
-    edges.left.push_back({0, 1000.0 + i});
-    edges.right.push_back({0.05, 1000.0 + i});
+/// A kilometre from row to row and a hand's breadth wide, so that only degrees can tell
+/// whether its sides meet.
+Edges LongAndNarrow(int rows) {
+  Edges edges;
+  for (int i = 0; i < rows; ++i) {
+    edges.left.push_back({0, 1000.0 * i});
+    edges.right.push_back({0.05, 1000.0 * i});
   }
-  edges = InField(edges);
+  return InField(edges);
+}
+
+TEST_F(PolygonRings, ThatAreSimpleInDegreesTooStayAsDrawn) {
+  const Edges edges = LongAndNarrow(3);
   ASSERT_EQ(test::ClearanceOf(DrawnAround(edges), 1000), Clearance::kTight);
   EXPECT_EQ(Of(edges), DrawnAround(edges));
-  EXPECT_EQ(host_.yields, 2);
+  EXPECT_EQ(host_.yields, 0) << "few places had to be asked";
+}
+
+TEST_F(PolygonRings, ThatAreTightInManyPlacesAreProjectedWholeAndYieldEvery64Points) {
+  const Edges edges = LongAndNarrow(288);
+  ASSERT_EQ(test::ClearanceOf(DrawnAround(edges), 1000), Clearance::kTight);
+  EXPECT_EQ(Of(edges), DrawnAround(edges));
+  EXPECT_EQ(host_.yields, 10);
 }
 
 TEST_F(PolygonRings, KeepTheGroundOfALargerLoop) {

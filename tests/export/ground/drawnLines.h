@@ -23,12 +23,15 @@ inline ground::Line Rectangle(double west, double south, double east, double nor
 }
 
 /// A closed line as it is tested.
-inline ground::Clearance ClearanceOf(const ground::Line& closed, double longest = 0) {
+inline ground::TestedLine Tested(const ground::Line& closed, double longest = 0) {
   ground::TestedLine line;
   line.Restart(closed.size(), longest);
   for (std::size_t i = 0; i + 1 < closed.size(); ++i) line.Add(closed[i]);
   line.Close();
-  return line.Kept();
+  return line;
+}
+inline ground::Clearance ClearanceOf(const ground::Line& closed, double longest = 0) {
+  return Tested(closed, longest).Kept();
 }
 
 inline double SquareMetresIn(const ground::Line& closed) {

@@ -156,12 +156,78 @@ TEST(TestedLine, IsTightWhereTheLongerOfTwoSidesEndsNearAShortOne) {
   EXPECT_EQ(ClearanceFromAnywhere(above(0.0005), 100), Clearance::kTight);
 }
 
+/// A corner so wide, on a side of a hundred metres.
+Line Needle(double wide) {
+  return Closed({{0, 0}, {0, 10}, {100, 10}, {0, 10 + wide}, {0, 20}, {110, 20}, {110, 0}});
+}
+
 TEST(TestedLine, IsTightAtASharpCorner) {
-  const auto needle = [](double wide) {
-    return Closed({{0, 0}, {0, 10}, {100, 10}, {0, 10 + wide}, {0, 20}, {110, 20}, {110, 0}});
+  EXPECT_EQ(ClearanceFromAnywhere(Needle(0.1), 110), Clearance::kWide);
+  EXPECT_EQ(ClearanceFromAnywhere(Needle(0.0005), 110), Clearance::kTight);
+}
+
+/// Whether a tight line is known to be simple where one of its points is elsewhere.
+bool IsKnownToBeSimple(const Line& closed, geo::UtmPoint point, geo::UtmPoint elsewhere) {
+  const TestedLine line = test::Tested(closed, 110);
+  EXPECT_EQ(line.Kept(), Clearance::kTight);
+  return line.IsSimpleIn([&](geo::UtmPoint at) { return at == point ? elsewhere : at; });
+}
+
+TEST(TestedLine, IsKnownToBeSimpleElsewhereWhereNoTightPlaceTouches) {
+  const geo::UtmPoint corner{10.0005, 101};
+  const Line bay = Bay(0.0005);
+  EXPECT_TRUE(IsKnownToBeSimple(bay, {}, {}));
+  EXPECT_TRUE(IsKnownToBeSimple(bay, corner, {10.0001, 101}));
+  EXPECT_FALSE(IsKnownToBeSimple(bay, corner, {10, 101})) << "touches";
+  EXPECT_FALSE(IsKnownToBeSimple(bay, corner, {9, 101})) << "crosses";
+  const geo::UtmPoint end{0, 10.0005};
+  const Line needle = Needle(0.0005);
+  EXPECT_TRUE(IsKnownToBeSimple(needle, {}, {}));
+  EXPECT_TRUE(IsKnownToBeSimple(needle, end, {0, 10.0001}));
+  EXPECT_FALSE(IsKnownToBeSimple(needle, end, {0, 10})) << "folds back";
+}
+
+TEST(TestedLine, IsNotKnownToBeSimpleWhereTwoOfItsPointsBecomeOne) {
+  // The segments before and after a short one touch then, which may or may not do harm.
+  const Line stepped =
+      Closed({{0, 0}, {0, 10}, {50, 10}, {50 + 1e-8, 10 - 1e-8}, {110, 10}, {110, 0}});
+  EXPECT_TRUE(IsKnownToBeSimple(stepped, {}, {}));
+  EXPECT_FALSE(IsKnownToBeSimple(stepped, stepped[3], stepped[2]));
+}
+
+TEST(TestedLine, IsNotKnownToBeSimpleWhereNotAllTightPlacesAreKnown) {
+  // Each is a tight corner.
+  const auto needles = [](int count) {
+    Line line;
+    for (int i = 0; i < count; ++i) {
+      line.push_back({2.0 * i, 0});
+      line.push_back({2.0 * i + 0.0005, 100});
+      line.push_back({2.0 * i + 0.001, 0});
+    }
+    line.push_back({2.0 * count, -5});
+    line.push_back({0, -5});
+    return test::Tested(Closed(line), 110);
   };
-  EXPECT_EQ(ClearanceFromAnywhere(needle(0.1), 110), Clearance::kWide);
-  EXPECT_EQ(ClearanceFromAnywhere(needle(0.0005), 110), Clearance::kTight);
+  const auto same = [](geo::UtmPoint at) { return at; };
+  EXPECT_TRUE(needles(50).IsSimpleIn(same));
+  EXPECT_FALSE(needles(300).IsSimpleIn(same)) << "too many";
+  // Its segments are longer than what is known of projections.
+  EXPECT_TRUE(test::Tested(Needle(0.0005), 99999.5).IsSimpleIn(same));
+  EXPECT_FALSE(test::Tested(Needle(0.0005), 100000).IsSimpleIn(same));
+  // Nobody asked how tight.
+  EXPECT_FALSE(test::Tested(Needle(0.0005)).IsSimpleIn(same));
+}
+
+TEST(TestedLine, RestartedForgetsWhereItWasTight) {
+  const auto touching = [](geo::UtmPoint at) {
+    return at == geo::UtmPoint{10.0005, 101} ? geo::UtmPoint{10, 101} : at;
+  };
+  TestedLine line = test::Tested(Bay(0.0005), 110);
+  EXPECT_FALSE(line.IsSimpleIn(touching));
+  line.Restart(4, 0.5);
+  for (const geo::UtmPoint& point : Line{{0, 0}, {0, 0.5}, {0.5, 0.5}, {0.5, 0}}) line.Add(point);
+  line.Close();
+  EXPECT_TRUE(line.IsSimpleIn(touching));
 }
 
 /// A comb of so many teeth a metre high, each a metre from the next.
