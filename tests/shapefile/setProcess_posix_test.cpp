@@ -63,19 +63,26 @@ int WriteTooMuch(const std::filesystem::path& folder, int code) {
 TEST(SetProcess, KilledAtAnyMomentLeavesAWholeSetOrNoShapes) {
   const test::TempFolder folder;
   const std::string base = folder / "base";
+  // A busy disk takes long.
+  using std::chrono::microseconds;
+  const auto sinceBegun = [began = std::chrono::steady_clock::now()] {
+    return std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - began);
+  };
+  WriteSet(*base::NativeFileSystem(), base, 5000);
+  const microseconds took = sinceBegun();
   std::mt19937 random(7);
-  std::uniform_int_distribution<int> microseconds(0, 40'000);
+  std::uniform_int_distribution<microseconds::rep> moment(0, 20'000 + 5 * took.count());
   int whole = 0;
-  for (int i = 0; i < 60; ++i) {
+  for (int i = 0; i < 60 && (whole == 0 || sinceBegun() < std::chrono::seconds(20)); ++i) {
     const pid_t child = Fork([&]() -> int {
       const auto files = base::NativeFileSystem();
       for (int points = 1000;; points = points % 5000 + 1000) {
         WriteSet(*files, base, points);
         // Without a rest, hardly any moment finds a whole set.
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(microseconds(1000) + took / 4);
       }
     });
-    std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+    std::this_thread::sleep_for(microseconds(moment(random)));
     kill(child, SIGKILL);
     ASSERT_EQ(Wait(child), -SIGKILL);
     if (!std::filesystem::exists(base + ".shp")) continue;
