@@ -193,6 +193,17 @@ bool PolygonRing::IsFit(ground::Line ring) {
          (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(tested_, true));
 }
 
+bool PolygonRing::DegreesOnlyBend(Ring line) {
+  constexpr double kMostAcross = 100'000;
+  constexpr double kEastEnd = 1'000'000;
+  geo::Box box;
+  for (const geo::UtmPoint& point : line) box.Widen(point);
+  if (box.xMax - box.xMin > kMostAcross || box.yMax - box.yMin > kMostAcross) return false;
+  if (box.xMin < 0 || box.xMax > kEastEnd) return false;
+  const geo::GeoPoint corner = projection_.ToGeo({box.xMin, box.yMin});
+  return std::fabs(corner.latitude) < 80 && std::fabs(corner.longitude) < 170;
+}
+
 bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack) {
   const auto inDegrees = [this](geo::UtmPoint point) {
     const geo::GeoPoint degrees = projection_.ToGeo(point);
@@ -202,7 +213,10 @@ bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack
     return projection_.ToUtm({.longitude = degrees.easting, .latitude = degrees.northing});
   };
   const auto andInMetres = [&](geo::UtmPoint point) { return inMetres(inDegrees(point)); };
-  if (line.IsSimpleIn(inDegrees) && (!andBack || line.IsSimpleIn(andInMetres))) return true;
+  if (DegreesOnlyBend(line.Points()) && line.IsSimpleIn(inDegrees) &&
+      (!andBack || line.IsSimpleIn(andInMetres))) {
+    return true;
+  }
 
   ground::Line points = line.Points();
   const auto isSimpleThere = [&](auto projected) {

@@ -13,9 +13,6 @@ namespace {
 /// a curve that rises above it by less than a ten-millionth of its length's square.
 double DistanceFor(double squareLength) { return 1e-7 + 1e-7 * squareLength; }
 
-/// Farther than from field to field a projection does more to lines than to bend them.
-constexpr double kFarthestKnown = 1e5;
-
 double SquareDistanceTo(geo::UtmPoint point, geo::UtmPoint a, geo::UtmPoint b) {
   const double share = std::clamp(Dot(a, point, b) / SquareDistance(a, b), 0.0, 1.0);
   return SquareDistance(point, {a.easting + share * (b.easting - a.easting),
@@ -40,7 +37,7 @@ void TestedLine::Restart(std::size_t points, double longest) {
   kept_ = longest > 0 ? Clearance::kWide : Clearance::kTight;
   farthest_ = longest > 0 ? DistanceFor(longest * longest) : 0;
   tight_.clear();
-  knowsTight_ = longest > 0 && longest < kFarthestKnown;
+  knowsTight_ = longest > 0;
 }
 
 void TestedLine::Add(geo::UtmPoint point) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "tests/export/coverage/ringJudge.h"
@@ -236,29 +237,62 @@ TEST_F(PolygonRings, ThatTouchInDegreesAloneGiveWay) {
   }
 }
 
-/// A kilometre from row to row and a hand's breadth wide, so that only degrees can tell
-/// whether its sides meet.
-Edges LongAndNarrow(int rows) {
+/// A hand's breadth wide, so that only degrees can tell whether its sides meet.
+Edges LongAndNarrow(geo::UtmPoint from, int rows, geo::UtmPoint step = {0, 1000}) {
   Edges edges;
   for (int i = 0; i < rows; ++i) {
-    edges.left.push_back({0, 1000.0 * i});
-    edges.right.push_back({0.05, 1000.0 * i});
+    const geo::UtmPoint at{from.easting + step.easting * i, from.northing + step.northing * i};
+    edges.left.push_back(at);
+    edges.right.push_back({at.easting + 0.05, at.northing - 0.05});
   }
-  return InField(edges);
+  return edges;
 }
 
 TEST_F(PolygonRings, ThatAreSimpleInDegreesTooStayAsDrawn) {
-  const Edges edges = LongAndNarrow(3);
+  const Edges edges = LongAndNarrow(kField, 3);
   ASSERT_EQ(test::ClearanceOf(DrawnAround(edges), 1000), Clearance::kTight);
   EXPECT_EQ(Of(edges), DrawnAround(edges));
   EXPECT_EQ(host_.yields, 0) << "few places had to be asked";
 }
 
 TEST_F(PolygonRings, ThatAreTightInManyPlacesAreProjectedWholeAndYieldEvery64Points) {
-  const Edges edges = LongAndNarrow(288);
+  const Edges edges = LongAndNarrow(kField, 288);
   ASSERT_EQ(test::ClearanceOf(DrawnAround(edges), 1000), Clearance::kTight);
   EXPECT_EQ(Of(edges), DrawnAround(edges));
   EXPECT_EQ(host_.yields, 10);
+}
+
+/// Whether all points of a narrow ring are projected to know of it, in a zone.
+bool IsProjectedWhole(geo::UtmPoint from, std::int16_t zone = test::kRingZone,
+                      geo::UtmPoint step = {0, 1000}) {
+  int yields = 0;
+  PolygonRing ring(zone, [&] { ++yields; });
+  double saved = 0;
+  ring.Draw(LongAndNarrow(from, 3, step), saved);
+  return yields > 0;
+}
+
+TEST_F(PolygonRings, ThatDegreesMayDoMoreToThanToBendThemAreProjectedWhole) {
+  // Beside their zone.
+  EXPECT_TRUE(IsProjectedWhole({-1, 5e6}));
+  EXPECT_FALSE(IsProjectedWhole({0, 5e6}));
+  EXPECT_FALSE(IsProjectedWhole({1e6 - 1, 5e6}));
+  EXPECT_TRUE(IsProjectedWhole({1e6, 5e6}));
+  // 100 km across.
+  EXPECT_FALSE(IsProjectedWhole(kField, test::kRingZone, {0, 49'999}));
+  EXPECT_TRUE(IsProjectedWhole(kField, test::kRingZone, {0, 50'001}));
+  EXPECT_FALSE(IsProjectedWhole(kField, test::kRingZone, {49'999, 0}));
+  EXPECT_TRUE(IsProjectedWhole(kField, test::kRingZone, {50'001, 0}));
+  // Near a pole: the 80th parallel runs at 8,881 km.
+  EXPECT_FALSE(IsProjectedWhole({500'000, 8'881'000}));
+  EXPECT_TRUE(IsProjectedWhole({500'000, 8'882'000}));
+  EXPECT_FALSE(IsProjectedWhole({500'000, -8'881'000}));
+  EXPECT_TRUE(IsProjectedWhole({500'000, -8'882'000}));
+  // Near the antimeridian: the zones about 165 and 171 degrees.
+  EXPECT_FALSE(IsProjectedWhole(kField, 58));
+  EXPECT_FALSE(IsProjectedWhole(kField, 3));
+  EXPECT_TRUE(IsProjectedWhole(kField, 59));
+  EXPECT_TRUE(IsProjectedWhole(kField, 2));
 }
 
 TEST_F(PolygonRings, KeepTheGroundOfALargerLoop) {
