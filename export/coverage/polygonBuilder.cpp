@@ -21,7 +21,7 @@ void PolygonBuilder::Add(const SwathRow& row, bool begins) {
 void PolygonBuilder::Close() {
   if (rows_ == 0) return;
   complete_.push_back({std::move(swath_.leftEdge), std::move(swath_.rightEdge)});
-  // Its memory is free before the ring takes its own.
+  // The next begins empty; and the outline's memory is free before the ring takes its own.
   swath_ = {};
   if (rows_ < kFewestRows) return;
   for (Edges& edges : complete_) sink_(std::move(edges));

@@ -8,6 +8,7 @@
 #include "export/ground/planeGeometry.h"
 #include "export/ground/sweptGround.h"
 #include "export/ground/unfold.h"
+#include "geo/box.h"
 
 namespace kestrin::coverage {
 namespace {
@@ -193,15 +194,19 @@ bool PolygonRing::IsFit(ground::Line ring) {
          (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(tested_, true));
 }
 
-bool PolygonRing::DegreesOnlyBend(Ring line) {
+bool PolygonRing::DegreesOnlyBend(Ring line) const {
   constexpr double kMostAcross = 100'000;
   constexpr double kEastEnd = 1'000'000;
+  // Farther north a parallel bends more than TestedLine allows a line to.
+  constexpr double kNorthEnd = 75;
+  // So far west and east that within 100 km of there longitudes do not begin anew.
+  constexpr double kSeam = 170;
   geo::Box box;
   for (const geo::UtmPoint& point : line) box.Widen(point);
   if (box.xMax - box.xMin > kMostAcross || box.yMax - box.yMin > kMostAcross) return false;
   if (box.xMin < 0 || box.xMax > kEastEnd) return false;
   const geo::GeoPoint corner = projection_.ToGeo({box.xMin, box.yMin});
-  return std::fabs(corner.latitude) < 80 && std::fabs(corner.longitude) < 170;
+  return std::fabs(corner.latitude) < kNorthEnd && std::fabs(corner.longitude) < kSeam;
 }
 
 bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack) {
@@ -218,6 +223,7 @@ bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack
     return true;
   }
 
+  // A copy, as the line may be the one that is drawn anew here.
   ground::Line points = line.Points();
   const auto isSimpleThere = [&](auto projected) {
     for (std::size_t i = 0; i < points.size(); ++i) {

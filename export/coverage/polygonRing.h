@@ -71,9 +71,9 @@ class PolygonRing : public base::Crew::Task {
   /// Whether a ring is simple in every frame. Begins it where the one drawn does.
   bool IsFit(ground::Line ring);
   /// Whether degrees are known to do no more to a line than to bend it a little: it is no more
-  /// than 100 km across, in its zone or beside it, far from the poles and from where longitudes
-  /// begin anew.
-  bool DegreesOnlyBend(Ring line);
+  /// than 100 km across, at 0 to 1,000 km of easting, far from the poles and from where
+  /// longitudes begin anew.
+  bool DegreesOnlyBend(Ring line) const;
   /// Whether a line is simple as it is written, and in the metres of who projects it again.
   bool IsSimpleInDegrees(const ground::TestedLine& line, bool andBack);
 

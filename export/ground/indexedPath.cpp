@@ -9,8 +9,10 @@ namespace {
 // as most ways are straight for a while.
 constexpr double kAhead = 24;
 constexpr double kAside = 8;
-// So many times as far is looked at once, where the next looks find theirs.
+// So many times as far is looked where the next looks look, unless that is too much ground to
+// go through each time: after a long segment there is no end to it.
 constexpr double kWider = 6;
+constexpr std::size_t kMostBlocks = 512;
 
 }  // namespace
 
@@ -26,7 +28,7 @@ void IndexedPath::AddBlock() {
   blocks_.Add(block);
 }
 
-void IndexedPath::LookAround() {
+void IndexedPath::LookAround(const geo::Box& box) {
   const auto addFrom = [this](std::size_t first, LookedUp& found) {
     blocks_.AnyOverlapping(first, found.ground, [&](std::size_t block) {
       found.blocks.push_back(block);
@@ -35,8 +37,10 @@ void IndexedPath::LookAround() {
     found.of = blocks_.Size();
   };
   near_.ground = Ahead(1);
-  if (!far_.ground.Contains(near_.ground)) {
+  near_.ground.Widen(box);
+  if (!far_.ground.Contains(near_.ground) || far_.blocks.size() > kMostBlocks) {
     far_.ground = Ahead(kWider);
+    far_.ground.Widen(near_.ground);
     far_.blocks.clear();
     addFrom(0, far_);
   }
@@ -47,11 +51,11 @@ void IndexedPath::LookAround() {
   addFrom(far_.of, near_);
 }
 
-geo::Box IndexedPath::Ahead(double far) const {
+geo::Box IndexedPath::Ahead(double times) const {
   const geo::UtmPoint from = points_[points_.size() - 2];
   const geo::UtmPoint to = points_.back();
-  const double east = far * (to.easting - from.easting);
-  const double north = far * (to.northing - from.northing);
+  const double east = times * (to.easting - from.easting);
+  const double north = times * (to.northing - from.northing);
   const double aside = kAside * std::max(std::fabs(east), std::fabs(north));
   return geo::Box::Of(from, {to.easting + kAhead * east, to.northing + kAhead * north})
       .Grown(aside);

@@ -38,11 +38,12 @@ class TestedLine {
   const Line& Points() const { return path_.Points(); }
 
   /// Whether a line that is kTight is known to be simple in another frame as well, to which
-  /// `there` takes a point. Asks only the few places where it is tight, which are hardly ever
-  /// more; false says nothing.
+  /// `there` takes a point, and which does no more to lines than to bend and to round them a
+  /// little. Asks only the places where it is tight, which are few as a rule; false says nothing.
   template <class There>
   bool IsSimpleIn(There there) const {
-    return knowsTight_ && std::ranges::all_of(tight_, [&](const Pair& pair) {
+    return kept_ == Clearance::kTight && knowsTight_ &&
+           std::ranges::all_of(tight_, [&](const Pair& pair) {
              const auto& [a, b, c, d] = pair;
              return AreClear({there(a), there(b), there(c), there(d)}, b == c);
            });
@@ -59,6 +60,8 @@ class TestedLine {
   bool NewestIsClear(bool closes);
   bool IsClearOf(std::size_t segment);
   bool TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to);
+  /// Whether it matters yet where the line is tight.
+  bool AsksWhereTight() const { return kept_ == Clearance::kWide || knowsTight_; }
   void NoteTight(const Pair& pair);
   static bool AreClear(const Pair& pair, bool isTurn);
 

@@ -63,13 +63,14 @@ int WriteTooMuch(const std::filesystem::path& folder, int code) {
 TEST(SetProcess, KilledAtAnyMomentLeavesAWholeSetOrNoShapes) {
   const test::TempFolder folder;
   const std::string base = folder / "base";
-  // A busy disk takes long.
+  // How busy the disk is: a set must have time to become whole.
   using std::chrono::microseconds;
   const auto sinceBegun = [began = std::chrono::steady_clock::now()] {
     return std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - began);
   };
   WriteSet(*base::NativeFileSystem(), base, 5000);
   const microseconds took = sinceBegun();
+  RemoveSet(*base::NativeFileSystem(), base);
   std::mt19937 random(7);
   std::uniform_int_distribution<microseconds::rep> moment(0, 20'000 + 5 * took.count());
   int whole = 0;

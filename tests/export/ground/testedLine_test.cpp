@@ -185,6 +185,14 @@ TEST(TestedLine, IsKnownToBeSimpleElsewhereWhereNoTightPlaceTouches) {
   EXPECT_TRUE(IsKnownToBeSimple(needle, {}, {}));
   EXPECT_TRUE(IsKnownToBeSimple(needle, end, {0, 10.0001}));
   EXPECT_FALSE(IsKnownToBeSimple(needle, end, {0, 10})) << "folds back";
+  // In a triangle there are but turns.
+  EXPECT_FALSE(IsKnownToBeSimple(Closed({{0, 0}, {100, 0}, {0, 0.0005}}), {0, 0.0005}, {50, 0}));
+  // Only the end of one comes near to the other's middle.
+  const Line wedge = Closed({{0, 0}, {0, 10}, {100, 10}, {-50, 10.0007}, {-50, -5}});
+  for (const Line& way : {wedge, Line(wedge.rbegin(), wedge.rend())}) {
+    EXPECT_TRUE(IsKnownToBeSimple(way, {}, {}));
+    EXPECT_FALSE(IsKnownToBeSimple(way, {0, 10}, {0, 11}));
+  }
 }
 
 TEST(TestedLine, IsNotKnownToBeSimpleWhereTwoOfItsPointsBecomeOne) {
@@ -196,7 +204,7 @@ TEST(TestedLine, IsNotKnownToBeSimpleWhereTwoOfItsPointsBecomeOne) {
 }
 
 TEST(TestedLine, IsNotKnownToBeSimpleWhereNotAllTightPlacesAreKnown) {
-  // Each is a tight corner.
+  // At each there are tight places.
   const auto needles = [](int count) {
     Line line;
     for (int i = 0; i < count; ++i) {
@@ -222,9 +230,24 @@ TEST(TestedLine, RestartedForgetsWhereItWasTight) {
   TestedLine line = test::Tested(Bay(0.0005), 110);
   EXPECT_FALSE(line.IsSimpleIn(touching));
   line.Restart(4, 0.5);
-  for (const geo::UtmPoint& point : Line{{0, 0}, {0, 0.5}, {0.5, 0.5}, {0.5, 0}}) line.Add(point);
+  for (const geo::UtmPoint& point : Line{{0, 0}, {0, 0.5}, {5e-8, 0.5}, {5e-8, 0}}) line.Add(point);
   line.Close();
   EXPECT_TRUE(line.IsSimpleIn(touching));
+}
+
+TEST(TestedLine, IsTightWhereTheShortestStepsPassALongSide) {
+  // Along a side of 400 m, which asks for 16 mm, go steps of half a millimetre, at last 10 mm away.
+  Line line;
+  for (int i = -15; i <= 0; ++i) line.push_back({1.0 * i, 0});
+  for (int i = 0; i < 60; ++i) line.push_back({400 - 3.3 * i, i == 0 ? 0.0 : 10.0});
+  line.push_back({200, 10});
+  for (int i = 0; i <= 200; ++i) line.push_back({200 - 5e-4 * i, 0.01 + 1e-4 * std::abs(i - 100)});
+  line.insert(line.end(), {{199.9, 9}, {-15, 9}});
+  EXPECT_EQ(test::ClearanceOf(Closed(line), 400), Clearance::kTight);
+  for (geo::UtmPoint& point : line) {
+    if (point.northing > 0 && point.northing < 1) point.northing += 0.01;
+  }
+  EXPECT_EQ(test::ClearanceOf(Closed(line), 400), Clearance::kWide);
 }
 
 /// A comb of so many teeth a metre high, each a metre from the next.
