@@ -235,19 +235,27 @@ TEST(TestedLine, RestartedForgetsWhereItWasTight) {
   EXPECT_TRUE(line.IsSimpleIn(touching));
 }
 
-TEST(TestedLine, IsTightWhereTheShortestStepsPassALongSide) {
-  // Along a side of 400 m, which asks for 16 mm, go steps of half a millimetre, at last 10 mm away.
+/// Beside a side of 400 m, which asks for 16 mm: away from it and back with steps that become so
+/// short that far less is looked up around them, and at last along it at 20 mm, dipping so deep
+/// between.
+Line DippingToALongSide(double dip) {
+  constexpr double kStep = 0.00005;
+  constexpr double kHeight = 0.02;
   Line line;
   for (int i = -15; i <= 0; ++i) line.push_back({1.0 * i, 0});
-  for (int i = 0; i < 60; ++i) line.push_back({400 - 3.3 * i, i == 0 ? 0.0 : 10.0});
-  line.push_back({200, 10});
-  for (int i = 0; i <= 200; ++i) line.push_back({200 - 5e-4 * i, 0.01 + 1e-4 * std::abs(i - 100)});
-  line.insert(line.end(), {{199.9, 9}, {-15, 9}});
-  EXPECT_EQ(test::ClearanceOf(Closed(line), 400), Clearance::kTight);
-  for (geo::UtmPoint& point : line) {
-    if (point.northing > 0 && point.northing < 1) point.northing += 0.01;
+  for (int i = 0; i <= 200; ++i) line.push_back({400, 100.0 * i});
+  for (double height = 20000; height > kHeight; height *= 0.9975) line.push_back({200, height});
+  for (int i = 1; i <= 2000; ++i) {
+    line.push_back({200 - kStep * i, kHeight - dip * (1 - std::abs(i - 1000) / 1000.0)});
   }
-  EXPECT_EQ(test::ClearanceOf(Closed(line), 400), Clearance::kWide);
+  for (double height = kHeight; height < 19900; height *= 1.0025) line.push_back({199.9, height});
+  for (int i = 51; i > 0; --i) line.push_back({-15, 390.0 * i});
+  return Closed(line);
+}
+
+TEST(TestedLine, IsTightWhereTheShortestStepsComeNearToALongSide) {
+  EXPECT_EQ(test::ClearanceOf(DippingToALongSide(0.003), 400), Clearance::kWide);
+  EXPECT_EQ(test::ClearanceOf(DippingToALongSide(0.006), 400), Clearance::kTight);
 }
 
 /// A comb of so many teeth a metre high, each a metre from the next.
