@@ -79,7 +79,7 @@ bool TestedLine::IsClearOf(std::size_t segment) {
   const double square = 1.0001 * distance * distance * length;
   if ((toA > 0) == (toB > 0) && toA * toA > square && toB * toB > square) return true;
   if (Touch(a, b, from, to)) return false;
-  if (!AsksWhereTight()) return true;
+  if (!knowsTight_) return true;
   if (IsNear(a, from, to, distance) || IsNear(b, from, to, distance) ||
       IsNear(from, a, b, distance) || IsNear(to, a, b, distance)) {
     NoteTight({a, b, from, to});
@@ -90,7 +90,7 @@ bool TestedLine::IsClearOf(std::size_t segment) {
 bool TestedLine::TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to) {
   if (Dot(corner, from, to) <= 0) return true;
   if (SideOf(from, corner, to) == 0) return false;
-  if (!AsksWhereTight()) return true;
+  if (!knowsTight_) return true;
   const double distance =
       DistanceFor(std::max(SquareDistance(from, corner), SquareDistance(corner, to)));
   if (IsNear(to, from, corner, distance) || IsNear(from, corner, to, distance)) {
@@ -101,7 +101,7 @@ bool TestedLine::TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmP
 
 void TestedLine::NoteTight(const Pair& pair) {
   kept_ = Clearance::kTight;
-  knowsTight_ = knowsTight_ && tight_.size() < kMostTight;
+  knowsTight_ = tight_.size() < kMostTight;
   if (knowsTight_) tight_.push_back(pair);
 }
 

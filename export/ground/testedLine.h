@@ -60,8 +60,6 @@ class TestedLine {
   bool NewestIsClear(bool closes);
   bool IsClearOf(std::size_t segment);
   bool TurnIsClear(geo::UtmPoint from, geo::UtmPoint corner, geo::UtmPoint to);
-  /// Whether it matters yet where the line is tight.
-  bool AsksWhereTight() const { return kept_ == Clearance::kWide || knowsTight_; }
   void NoteTight(const Pair& pair);
   static bool AreClear(const Pair& pair, bool isTurn);
 
@@ -69,7 +67,7 @@ class TestedLine {
   Clearance kept_ = Clearance::kNone;
   double farthest_ = 0;  // that any two parts must be from each other for kWide; 0: not asked
   std::vector<Pair> tight_;
-  bool knowsTight_ = false;  // all there are
+  bool knowsTight_ = false;  // all there are; nobody asks where there are more
 };
 
 }  // namespace kestrin::ground

@@ -219,6 +219,7 @@ TEST(TestedLine, IsNotKnownToBeSimpleWhereNotAllTightPlacesAreKnown) {
   const auto same = [](geo::UtmPoint at) { return at; };
   EXPECT_TRUE(needles(50).IsSimpleIn(same));
   EXPECT_FALSE(needles(300).IsSimpleIn(same)) << "too many";
+  EXPECT_FALSE(test::Tested(Bay(0), 110).IsSimpleIn(same)) << "not simple here either";
   // Nobody asked how tight.
   EXPECT_FALSE(test::Tested(Needle(0.0005)).IsSimpleIn(same));
 }
