@@ -139,13 +139,13 @@ void PolygonRing::Draw(const Edges& edges, double& saved) {
   if (drawn_.Kept() == Clearance::kWide) return;
   if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(drawn_, false)) return;
   const geo::UtmPoint origin = OriginNear(ring);
-  std::vector<ground::Boom> booms = BoomsInPlace(edges, origin);
-  const ground::Sweep sweep(booms);
+  // Not kept, as the booms take as much memory as the ring that is unfolded.
+  const ground::Sweep sweep(BoomsInPlace(edges, origin));
   if (sweep.total <= kThinnest * sweep.length) return;
-  if (booms.size() == edges.left.size() && Unfold(sweep, saved)) {
+  if (std::ranges::all_of(ring, IsPlace) && Unfold(sweep, saved)) {
     shown_ = ring_;
   } else {
-    unmade_ = {origin, std::move(booms), sweep};
+    unmade_ = {origin, BoomsInPlace(edges, origin), sweep};
   }
 }
 
