@@ -55,9 +55,10 @@ class Crew {
   void Withdraw(Task& task) noexcept;
 
   /// Calls `work(group, member)` for each member of each group, in order and side by side, but
-  /// with no more than so many groups under way at once; returns when all is done. Members post
-  /// tasks of their own and come before them only in idle threads. After the first that throws
-  /// no other begins, and that is thrown on. One call at a time.
+  /// with no more than so many groups under way at once; returns when all is done. Members may
+  /// post tasks of their own: other threads do those before they begin a member, the caller's
+  /// begins members first, and a thread that awaits a task begins none. After the first member
+  /// that throws no other begins, and that is thrown on. One call at a time.
   void WorkOff(const std::vector<std::size_t>& groupSizes, std::size_t groupsAtOnce,
                const std::function<void(std::size_t, std::size_t)>& work);
 

@@ -45,7 +45,7 @@ struct ExportOutcome {
   /// nothing.
   std::string summary{};
   /// Of a set that was made, what its table comes to: "meters" of a path, "acres" of ground as
-  /// the records show them, added up.
+  /// the records show them, added up; of net ground "gross_acres" and "overlap_percent" as well.
   std::vector<Figure> figures{};
 };
 

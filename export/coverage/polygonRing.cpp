@@ -28,9 +28,6 @@ constexpr double kMayBeWrong = 0.002;
 constexpr double kSaved = 0.001;
 constexpr double kMostOfOne = 0.5;
 
-/// A whole field can be one ring.
-constexpr std::size_t kBetweenYields = 64;
-
 /// The length of the longest segment.
 double Longest(Ring line) {
   double square = 0;
@@ -46,20 +43,27 @@ double Longest(const Edges& edges) {
   return std::max({Longest(edges.left), Longest(edges.right), Longest(first), Longest(last)});
 }
 
-void DrawAround(const Edges& edges, ground::TestedLine& line) {
+void DrawAround(const Edges& edges, ground::TestedLine& line, base::LoopYield& yield) {
   line.Restart(edges.left.size() + edges.right.size() + 1, Longest(edges));
-  for (const geo::UtmPoint& point : edges.left) line.Add(point);
+  for (const geo::UtmPoint& point : edges.left) {
+    yield.Step();
+    line.Add(point);
+  }
   for (std::size_t i = edges.right.size(); i-- > 0;) {
+    yield.Step();
     if (i > 0 || edges.right[i] != edges.left.front()) line.Add(edges.right[i]);
   }
   line.Close();
 }
 
-void Redraw(Ring ring, ground::TestedLine& line, double longest = 0) {
+void Redraw(Ring ring, ground::TestedLine& line, double longest, base::LoopYield& yield) {
   line.Restart(ring.size(), longest);
   // In degrees some points before the last can be where the ring begins, too.
   while (ring.size() > 1 && ring.back() == ring.front()) ring = ring.first(ring.size() - 1);
-  for (const geo::UtmPoint& point : ring) line.Add(point);
+  for (const geo::UtmPoint& point : ring) {
+    yield.Step();
+    line.Add(point);
+  }
   line.Close();
 }
 
@@ -130,7 +134,7 @@ void BeginAt(ground::Line& line, geo::UtmPoint point) {
 double AcresIn(Ring ring) { return std::fabs(ground::PolygonArea(ring)) * kAcresPerSquareMetre; }
 
 void PolygonRing::Draw(const Edges& edges, double& saved) {
-  DrawAround(edges, drawn_);
+  DrawAround(edges, drawn_, yield_);
   const Ring ring = drawn_.Points();
   if (!HasThreePoints(ring)) return;
   shown_ = ring;
@@ -140,7 +144,7 @@ void PolygonRing::Draw(const Edges& edges, double& saved) {
   if (drawn_.Kept() == Clearance::kTight && IsSimpleInDegrees(drawn_, false)) return;
   const geo::UtmPoint origin = OriginNear(ring);
   // Not kept, as the booms take as much memory as the ring that is unfolded.
-  const ground::Sweep sweep(BoomsInPlace(edges, origin));
+  const ground::Sweep sweep(BoomsInPlace(edges, origin), yield_);
   if (sweep.total <= kThinnest * sweep.length) return;
   if (std::ranges::all_of(ring, IsPlace) && Unfold(sweep, saved)) {
     shown_ = ring_;
@@ -159,7 +163,7 @@ bool PolygonRing::Unfold(const ground::Sweep& sweep, double& saved) {
   const double share = std::min(saved, kMostOfOne);
   double mayBeWrong = kMayBeWrong * sweep.net + share - sweep.hiddenGround;
   if (mayBeWrong <= 0) return false;
-  if (!IsFit(ground::Unfold(drawn_.Points(), mayBeWrong))) return false;
+  if (!IsFit(ground::Unfold(drawn_.Points(), mayBeWrong, yield_))) return false;
   saved -= std::max(0.0, share - mayBeWrong);
   return true;
 }
@@ -189,7 +193,7 @@ bool PolygonRing::Unite(const Ground& ground) {
 bool PolygonRing::IsFit(ground::Line ring) {
   ring_ = std::move(ring);
   BeginAt(ring_, drawn_.Points().front());
-  Redraw(ring_, tested_, Longest(ring_));
+  Redraw(ring_, tested_, Longest(ring_), yield_);
   return tested_.Kept() == Clearance::kWide ||
          (tested_.Kept() == Clearance::kTight && IsSimpleInDegrees(tested_, true));
 }
@@ -226,11 +230,11 @@ bool PolygonRing::IsSimpleInDegrees(const ground::TestedLine& line, bool andBack
   // A copy, as the line may be the one that is drawn anew here.
   ground::Line points = line.Points();
   const auto isSimpleThere = [&](auto projected) {
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      if (i % kBetweenYields == 0) yield_();
-      points[i] = projected(points[i]);
+    for (geo::UtmPoint& point : points) {
+      yield_.Step();
+      point = projected(point);
     }
-    Redraw(points, tested_);
+    Redraw(points, tested_, 0, yield_);
     return tested_.Kept() != Clearance::kNone;
   };
   return isSimpleThere(inDegrees) && (!andBack || isSimpleThere(inMetres));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/crew.h"
+#include "base/loopYield.h"
 #include "export/coverage/polygonBuilder.h"
 #include "export/ground/sweep.h"
 #include "export/ground/testedLine.h"
@@ -38,7 +39,8 @@ double AcresIn(Ring ring);
 /// is.
 class PolygonRing : public base::Crew::Task {
  public:
-  /// `yield` is called in between, and what it throws passes. Nothing else fails.
+  /// `yield` is called in between, and what it throws passes.
+  /// Failure: Do() throws ground::GeometryError when the geometry library does not start.
   PolygonRing(std::int16_t zone, std::function<void()> yield)
       : projection_(zone), yield_(std::move(yield)) {}
 
@@ -78,7 +80,7 @@ class PolygonRing : public base::Crew::Task {
   bool IsSimpleInDegrees(const ground::TestedLine& line, bool andBack);
 
   geo::UtmProjection projection_;
-  std::function<void()> yield_;
+  base::LoopYield yield_;
   ground::TestedLine drawn_;
   ground::TestedLine tested_;
   ground::Line ring_;             // in place of the one drawn

@@ -53,8 +53,9 @@ bool IsHidden(const Patch& patch, std::size_t row, std::span<const Boom> booms, 
 
 }  // namespace
 
-Sweep::Sweep(std::span<const Boom> booms) {
+Sweep::Sweep(std::span<const Boom> booms, base::LoopYield& yield) {
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    yield.Step();
     length += std::sqrt(SquareDistance(booms[i].left, booms[i + 1].left)) +
               std::sqrt(SquareDistance(booms[i].right, booms[i + 1].right));
     const Strip strip(booms[i], booms[i + 1]);
@@ -67,6 +68,7 @@ Sweep::Sweep(std::span<const Boom> booms) {
   net = std::fabs(net);
   // Strip by strip once more: keeping the patches takes more memory than all else of a polygon.
   for (std::size_t i = 0; i + 1 < booms.size(); ++i) {
+    yield.Step();
     const Strip strip(booms[i], booms[i + 1]);
     for (const Patch& patch : strip.Patches()) {
       const double squareMetres = isBackward ? patch.squareMetres : -patch.squareMetres;

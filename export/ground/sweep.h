@@ -3,6 +3,7 @@
 #include <span>
 #include <vector>
 
+#include "base/loopYield.h"
 #include "export/ground/geos.h"
 #include "export/ground/strip.h"
 
@@ -15,8 +16,8 @@ namespace kestrin::ground {
 /// it backward. So all ground shows in it but what was swept backward as often as forward:
 /// that is hidden. Forward is the way most of the ground was swept.
 struct Sweep {
-  /// Nothing fails. Booms must be finite.
-  explicit Sweep(std::span<const Boom> booms);
+  /// Nothing fails but what `yield` throws. Booms must be finite.
+  Sweep(std::span<const Boom> booms, base::LoopYield& yield);
 
   double net = 0;           ///< ground swept forward, less what was swept backward; square metres
   double total = 0;         ///< ground swept, each time it was

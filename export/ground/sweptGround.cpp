@@ -26,14 +26,14 @@ constexpr std::size_t kTogether = 2048;
 }  // namespace
 
 Geos::Area SweptGround(Geos& geos, std::span<const Boom> booms, const Sweep& sweep,
-                       double mayBeWrong, const std::function<void()>& yield) {
+                       double mayBeWrong, base::LoopYield& yield) {
   std::vector<Geos::Area> hidden;
   if (sweep.hiddenGround > mayBeWrong) {
     for (const Patch& patch : sweep.hidden) hidden.push_back(geos.Inside(patch.Line()));
   }
   std::vector<Geos::Area> areas;
   for (std::size_t first = 0; first + 1 < booms.size(); first += kTogether) {
-    yield();
+    yield.Now();
     const auto some = booms.subspan(first, std::min(kTogether + 1, booms.size() - first));
     AddWoundAbout(areas, geos, some, sweep.isBackward);
   }

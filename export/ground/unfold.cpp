@@ -91,13 +91,14 @@ class Cutter {
 
 }  // namespace
 
-Line Unfold(const Line& closed, double& squareMetres) {
+Line Unfold(const Line& closed, double& squareMetres, base::LoopYield& yield) {
   Line line = closed;
   // Once from the middle on, and once from the beginning, where loops may close as well.
   for (int turn = 0; turn < 2 && line.size() >= 4; ++turn) {
     const std::size_t middle = line.size() / 2;
     Cutter cutter(line.size(), squareMetres);
     for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+      yield.Step();
       cutter.Add(line[(middle + i) % (line.size() - 1)]);
     }
     cutter.Add(line[middle]);

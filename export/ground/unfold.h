@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/loopYield.h"
 #include "export/ground/geos.h"
 
 namespace kestrin::ground {
@@ -11,7 +12,7 @@ namespace kestrin::ground {
 /// cross itself, as it does where parts far from each other on the line cross.
 ///
 /// A line that crosses nothing comes back as it went in, but for its beginning. Costs some
-/// tens of nanoseconds a point. Nothing fails; points must be finite.
-Line Unfold(const Line& closed, double& squareMetres);
+/// tens of nanoseconds a point. Nothing fails but what `yield` throws; points must be finite.
+Line Unfold(const Line& closed, double& squareMetres, base::LoopYield& yield);
 
 }  // namespace kestrin::ground

@@ -4,9 +4,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/loopYield.h"
 #include "export/ground/geos.h"
 #include "export/ground/planeGeometry.h"
 #include "export/ground/strip.h"
+#include "export/ground/sweep.h"
 #include "export/ground/testedLine.h"
 
 namespace kestrin::test {
@@ -48,6 +50,12 @@ inline std::vector<ground::Boom> BoomsAt(const std::vector<double>& northings) {
   std::vector<ground::Boom> booms;
   for (const double northing : northings) booms.push_back(Across(northing));
   return booms;
+}
+
+/// What booms swept, with nobody to yield to.
+inline ground::Sweep SweepOf(const std::vector<ground::Boom>& booms) {
+  base::LoopYield nobody([] {});
+  return ground::Sweep(booms, nobody);
 }
 
 /// Square metres in one of two areas alone.

@@ -12,6 +12,7 @@ namespace {
 
 using test::Across;
 using test::BoomsAt;
+using test::SweepOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -38,7 +39,7 @@ std::vector<double> HiddenIn(const std::vector<Boom>& booms) {
         }
       }
       std::vector<double> squareMetres;
-      for (const Patch& patch : Sweep(moved).hidden) squareMetres.push_back(patch.squareMetres);
+      for (const Patch& patch : SweepOf(moved).hidden) squareMetres.push_back(patch.squareMetres);
       if (quarters == 0 && from.easting == 0) first = squareMetres;
       EXPECT_EQ(squareMetres, first) << quarters << " quarters, from " << from.easting;
     }
@@ -48,7 +49,7 @@ std::vector<double> HiddenIn(const std::vector<Boom>& booms) {
 
 TEST(Sweep, ForwardIsNetAndTotalAndHidesNothing) {
   const auto booms = Driven({0, 30});
-  const Sweep sweep(booms);
+  const Sweep sweep = SweepOf(booms);
   EXPECT_DOUBLE_EQ(sweep.net, 300);
   EXPECT_DOUBLE_EQ(sweep.total, 300);
   EXPECT_DOUBLE_EQ(sweep.length, 60);
@@ -58,7 +59,7 @@ TEST(Sweep, ForwardIsNetAndTotalAndHidesNothing) {
 
 TEST(Sweep, WhatWasSweptBackwardIsTakenFromTheNet) {
   const auto booms = Driven({0, 30, 20});
-  const Sweep sweep(booms);
+  const Sweep sweep = SweepOf(booms);
   EXPECT_DOUBLE_EQ(sweep.net, 200);
   EXPECT_DOUBLE_EQ(sweep.total, 400);
   EXPECT_FALSE(sweep.isBackward);
@@ -66,7 +67,7 @@ TEST(Sweep, WhatWasSweptBackwardIsTakenFromTheNet) {
 
 TEST(Sweep, ForwardIsTheWayOfMostGround) {
   const auto booms = Driven({0, -30, -20});
-  const Sweep sweep(booms);
+  const Sweep sweep = SweepOf(booms);
   EXPECT_TRUE(sweep.isBackward);
   EXPECT_DOUBLE_EQ(sweep.net, 200);
   EXPECT_DOUBLE_EQ(sweep.total, 400);
@@ -109,7 +110,7 @@ TEST(Sweep, RowLevelWithWhereAPatchIsLookedAtCountsOnce) {
 TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {
   auto booms = Driven({0, 1000, 999});
   for (Boom& boom : booms) std::swap(boom.left, boom.right);
-  EXPECT_TRUE(Sweep(booms).isBackward);
+  EXPECT_TRUE(SweepOf(booms).isBackward);
   EXPECT_THAT(HiddenIn(booms), ElementsAre(10));
   booms = Driven({0, 500, 499, 1000});
   for (Boom& boom : booms) std::swap(boom.left, boom.right);
@@ -118,8 +119,8 @@ TEST(Sweep, MirroredWayIsBackwardAndHidesTheSame) {
 
 TEST(Sweep, OfOneBoomOrNoneIsNothing) {
   const auto booms = BoomsAt({0});
-  EXPECT_EQ(Sweep(booms).total, 0);
-  EXPECT_EQ(Sweep({}).length, 0);
+  EXPECT_EQ(SweepOf(booms).total, 0);
+  EXPECT_EQ(SweepOf({}).length, 0);
 }
 
 TEST(LineAround, LeadsUpTheLeftEndsAndDownTheRightOnes) {

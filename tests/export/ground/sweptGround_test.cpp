@@ -14,7 +14,7 @@ namespace {
 class TheSweptGround : public testing::Test {
  protected:
   Geos::Area Of(const std::vector<Boom>& booms) {
-    return SweptGround(geos_, booms, Sweep(booms), 0, [this] { host_.Yield(); });
+    return SweptGround(geos_, booms, test::SweepOf(booms), 0, yield_);
   }
 
   /// How far it is from the union of all strips, one by one.
@@ -30,6 +30,7 @@ class TheSweptGround : public testing::Test {
 
   Geos geos_;
   test::RecordingHost host_;
+  base::LoopYield yield_{[this] { host_.Yield(); }};
 };
 
 TEST_F(TheSweptGround, OfAStraightWayIsItsRectangle) {
@@ -65,7 +66,7 @@ TEST_F(TheSweptGround, OfWildWaysIsTheUnionOfTheirStrips) {
       booms.push_back(
           {{at.easting - east, at.northing + north}, {at.easting + east, at.northing - north}});
     }
-    EXPECT_LT(WrongIn(booms), 0.005 * Sweep(booms).total) << run;
+    EXPECT_LT(WrongIn(booms), 0.005 * test::SweepOf(booms).total) << run;
   }
 }
 

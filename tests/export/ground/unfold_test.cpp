@@ -16,6 +16,12 @@ using test::ClearanceOf;
 using test::Closed;
 using test::SquareMetresIn;
 
+/// With nobody to yield to.
+Line Unfold(const Line& closed, double& squareMetres) {
+  base::LoopYield nobody([] {});
+  return ground::Unfold(closed, squareMetres, nobody);
+}
+
 /// A field of 10 by 10 metres whose west side has a loop of 0.25 square metres at each of
 /// some northings: up, a metre out to the west, and back through itself.
 Line WithLoops(const std::vector<double>& northings) {
