@@ -18,7 +18,7 @@ namespace kestrin::coverage {
 /// Failure: a job that cannot be opened is told to the host, and no set is made. A table that
 /// cannot be queried is told and left out: without implements the width is 0, without a
 /// reference location or GPS rows no set is made. A file that cannot be written throws
-/// base::FileError.
+/// base::FileError, a geometry library that does not start ground::GeometryError.
 exports::ExportOutcome ExportPolyShape(const std::string& basePath, const std::string& jobPath,
                                        exports::ExportRun& run);
 
